@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/Executor.h"
+
+namespace vtx {
+
+/// The executors that services are made with.
+struct Executors {
+    /// Where the interface, every published value and every task lives.
+    Executor& main;
+    /// Runs the steps of the tick engines, one thread for all, so that a pass wakes one thread
+    /// once.
+    Executor& tick;
+};
+
+}  // namespace vtx

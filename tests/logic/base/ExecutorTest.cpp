@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <future>
+#include <memory>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "base/QueueExecutor.h"
+#include "base/SerialExecutor.h"
+
+namespace vtx {
+namespace {
+
+/// Does something when it goes.
+struct AtEnd {
+    explicit AtEnd(Job job) : work(std::move(job)) {}
+    AtEnd(AtEnd&&) = default;
+    ~AtEnd() {
+        if (work) work();
+    }
+    Job work;
+};
+
+TEST(QueueExecutor, jobs_run_in_the_order_in_which_they_were_posted_when_it_is_stepped) {
+    QueueExecutor executor;
+    std::vector<int> ran;
+    for (int i = 0; i < 3; ++i) executor.post([&ran, i] { ran.push_back(i); });
+    EXPECT_TRUE(ran.empty());
+    EXPECT_TRUE(executor.runOne());
+    EXPECT_EQ(ran, std::vector{0});
+    EXPECT_EQ(executor.drain(), 2u);
+    EXPECT_EQ(ran, (std::vector{0, 1, 2}));
+    EXPECT_FALSE(executor.runOne());
+}
+
+TEST(QueueExecutor, a_job_posted_by_a_job_runs_after_it_and_never_inside) {
+    QueueExecutor executor;
+    std::vector<int> ran;
+    executor.post([&] {
+        executor.post([&] { ran.push_back(2); });
+        ran.push_back(1);
+    });
+    EXPECT_EQ(executor.drain(), 2u);
+    EXPECT_EQ(ran, (std::vector{1, 2}));
+}
+
+TEST(QueueExecutor, what_a_job_owns_has_gone_before_the_next_one_runs) {
+    QueueExecutor executor;
+    auto owned = std::make_shared<int>(1);
+    const std::weak_ptr<int> weak = owned;
+    bool goneBefore = false;
+    executor.post([kept = std::move(owned)] { (void)kept; });
+    executor.post([&] { goneBefore = weak.expired(); });
+    executor.drain();
+    EXPECT_TRUE(goneBefore);
+}
+
+TEST(QueueExecutor, it_wakes_its_owner_only_for_the_first_job_of_an_empty_queue) {
+    struct Waking : QueueExecutor {
+        int woken = 0;
+        void wake() override { ++woken; }
+    } executor;
+    executor.post([] {});
+    executor.post([] {});
+    EXPECT_EQ(executor.woken, 1);
+    executor.drain();
+    executor.post([] {});
+    EXPECT_EQ(executor.woken, 2);
+}
+
+TEST(QueueExecutor, it_is_current_on_its_own_thread_alone) {
+    QueueExecutor executor;
+    EXPECT_TRUE(executor.isCurrent());
+    bool elsewhere = true;
+    std::thread([&] { elsewhere = executor.isCurrent(); }).join();
+    EXPECT_FALSE(elsewhere);
+}
+
+TEST(QueueExecutor, its_end_drops_queued_jobs_and_what_they_post_as_they_go) {
+    int ran = 0;
+    bool lastWentToo = false;
+    {
+        QueueExecutor executor;
+        executor.post([&, at = AtEnd([&] {
+                              executor.post(
+                                  [&, last = AtEnd([&] { lastWentToo = true; })] { ++ran; });
+                          })] { ++ran; });
+    }
+    EXPECT_EQ(ran, 0);
+    EXPECT_TRUE(lastWentToo);
+}
+
+TEST(QueueExecutor, jobs_posted_from_other_threads_all_arrive) {
+    QueueExecutor executor;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([&] {
+            for (int n = 0; n < 250; ++n) executor.post([] {});
+        });
+    }
+    for (auto& thread : threads) thread.join();
+    EXPECT_EQ(executor.drain(), 1000u);
+}
+
+TEST(SerialExecutor, jobs_run_in_order_on_one_other_thread) {
+    SerialExecutor executor;
+    std::vector<int> ran;
+    std::vector<std::thread::id> threads;
+    std::promise<void> done;
+    for (int i = 0; i < 100; ++i) {
+        executor.post([&, i] {
+            ran.push_back(i);
+            threads.push_back(std::this_thread::get_id());
+        });
+    }
+    executor.post([&] { done.set_value(); });
+    done.get_future().wait();
+    EXPECT_TRUE(std::ranges::is_sorted(ran));
+    EXPECT_EQ(ran.size(), 100u);
+    EXPECT_EQ(std::ranges::count(threads, threads.front()), 100);
+    EXPECT_NE(threads.front(), std::this_thread::get_id());
+}
+
+TEST(SerialExecutor, it_is_current_inside_its_jobs_alone) {
+    SerialExecutor executor;
+    EXPECT_FALSE(executor.isCurrent());
+    std::promise<bool> inside;
+    executor.post([&] { inside.set_value(executor.isCurrent()); });
+    EXPECT_TRUE(inside.get_future().get());
+    EXPECT_FALSE(executor.isCurrent());
+}
+
+TEST(SerialExecutor, the_start_work_runs_once_and_before_the_first_job) {
+    std::vector<int> order;
+    std::promise<void> done;
+    {
+        SerialExecutor executor([&] { order.push_back(0); });
+        executor.post([&] { order.push_back(1); });
+        executor.post([&] {
+            order.push_back(2);
+            done.set_value();
+        });
+        done.get_future().wait();
+    }
+    EXPECT_EQ(order, (std::vector{0, 1, 2}));
+}
+
+TEST(SerialExecutor, without_a_job_no_thread_is_started) {
+    bool started = false;
+    {
+        const SerialExecutor executor([&] { started = true; });
+    }
+    EXPECT_FALSE(started);
+}
+
+TEST(SerialExecutor, its_end_waits_for_the_running_job_and_lets_every_queued_one_go) {
+    std::promise<void> running;
+    bool finished = false;
+    int ended = 0;  // read once the thread has ended
+    {
+        SerialExecutor executor;
+        executor.post([&] {
+            running.set_value();
+            // Those posted here may be run or dropped, as the end comes sooner or later.
+            for (int i = 0; i < 1000; ++i) executor.post([at = AtEnd([&] { ++ended; })] {});
+            finished = true;
+        });
+        running.get_future().wait();
+    }
+    EXPECT_TRUE(finished);
+    EXPECT_EQ(ended, 1000);
+}
+
+TEST(SerialExecutor, a_dropped_job_may_post_as_it_goes) {
+    bool ended = false;
+    {
+        SerialExecutor executor;
+        executor.post([&, at = AtEnd([&] {
+                              executor.post([&, last = AtEnd([&] { ended = true; })] {});
+                          })] {});
+    }
+    EXPECT_TRUE(ended);
+}
+
+}  // namespace
+}  // namespace vtx
