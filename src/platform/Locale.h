@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace vtx {
+
+/// What the user's system says of language and region. Main executor.
+class Locale {
+public:
+    Locale() = default;
+    Locale(const Locale&) = delete;
+    Locale& operator=(const Locale&) = delete;
+    virtual ~Locale() = default;
+
+    /// The user's languages as BCP 47 tags, most preferred first; may be empty.
+    [[nodiscard]] virtual std::vector<std::string> preferredLanguages() const = 0;
+};
+
+}  // namespace vtx

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace vtx {
+
+class Clock;
+class HostInfo;
+class Locale;
+class PowerSources;
+class ProcessInfo;
+class Sysctl;
+class UnifiedLog;
+class UserDefaults;
+class Workspace;
+
+/// Every operation that the logic asks of the platform it runs on. The composition root picks one
+/// platform and hands its ports over; they outlive all that was given them.
+struct Ports {
+    Clock& clock;
+    HostInfo& hostInfo;
+    Locale& locale;
+    PowerSources& powerSources;
+    ProcessInfo& processInfo;
+    Sysctl& sysctl;
+    UnifiedLog& unifiedLog;
+    UserDefaults& userDefaults;
+    Workspace& workspace;
+};
+
+}  // namespace vtx

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdlib>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vtx {
+
+/// Looks up an environment variable; absent when it is not set.
+using Environment = std::function<std::optional<std::string>(std::string_view name)>;
+
+/// The environment of this process.
+inline Environment processEnvironment() {
+    return [](std::string_view name) -> std::optional<std::string> {
+        const char* const value = std::getenv(std::string(name).c_str());
+        if (!value) return std::nullopt;
+        return value;
+    };
+}
+
+}  // namespace vtx

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/linux/FileDescriptor.h"
+
+namespace vtx {
+
+/// A file that is read from its start again and again: the descriptor stays open and the buffer is
+/// reused, so that a read is one system call and allocates nothing once the buffer is large enough.
+/// Opened with the first read, and again after a read failed. One thread at a time.
+class KeptFile {
+public:
+    explicit KeptFile(std::string path) : path_(std::move(path)) {}
+
+    /// The first `bytes` bytes of the file, fewer where it is shorter; absent when it cannot be
+    /// read. The view lives until the next read.
+    [[nodiscard]] std::optional<std::string_view> read(std::size_t bytes);
+
+private:
+    [[nodiscard]] std::optional<std::string_view> readOpened(std::size_t bytes);
+
+    std::string path_;
+    FileDescriptor file_;
+    std::vector<char> buffer_;
+};
+
+}  // namespace vtx

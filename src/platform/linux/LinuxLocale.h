@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Locale.h"
+#include "platform/linux/Environment.h"
+
+namespace vtx {
+
+/// Language and region by the environment, with the rules of the system's message catalogues: the
+/// locale is the first of LC_ALL, LC_MESSAGES and LANG that is not empty; the languages of LANGUAGE
+/// come before it, unless the locale is "C" or "POSIX", which asks for no language at all. Main
+/// executor; owned by the platform.
+class LinuxLocale final : public Locale {
+public:
+    explicit LinuxLocale(Environment environment) : environment_(std::move(environment)) {}
+
+    [[nodiscard]] std::vector<std::string> preferredLanguages() const override;
+
+    /// "de_AT.UTF-8@euro" as "de-AT", "sr_RS@latin" as "sr-Latn-RS"; absent for "C", "POSIX" and
+    /// for what names no language.
+    [[nodiscard]] static std::optional<std::string> languageTag(std::string_view locale);
+
+private:
+    Environment environment_;
+};
+
+}  // namespace vtx

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxPlatform.h"
+
+#include <pthread.h>
+
+#include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxHostInfo.h"
+#include "platform/linux/LinuxLocale.h"
+#include "platform/linux/LinuxPowerSources.h"
+#include "platform/linux/LinuxProcessInfo.h"
+#include "platform/linux/LinuxProcessors.h"
+#include "platform/linux/LinuxRoot.h"
+#include "platform/linux/LinuxSysctl.h"
+#include "platform/linux/LinuxUnifiedLog.h"
+#include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/SystemBus.h"
+
+namespace vtx {
+
+/// In the order in which they need each other.
+struct LinuxPlatform::Members {
+    Members(RunLoop& loop, Executor& main, const Options& options)
+        : root(options.root),
+          clock(loop),
+          bus(loop, main, options.busAddress),
+          processors(root),
+          hostInfo(root, processors),
+          locale(options.environment),
+          powerSources(root),
+          processInfo(root, options.environment, bus),
+          sysctl(root, processors),
+          unifiedLog(root, options.environment),
+          userDefaults(options.configFolder),
+          workspace(bus, main) {}
+
+    LinuxRoot root;
+    LinuxClock clock;
+    SystemBus bus;
+    LinuxProcessors processors;
+    LinuxHostInfo hostInfo;
+    LinuxLocale locale;
+    LinuxPowerSources powerSources;
+    LinuxProcessInfo processInfo;
+    LinuxSysctl sysctl;
+    LinuxUnifiedLog unifiedLog;
+    LinuxUserDefaults userDefaults;
+    LinuxWorkspace workspace;
+};
+
+LinuxPlatform::LinuxPlatform(RunLoop& loop, Executor& main, const Options& options)
+    : members_(std::make_unique<Members>(loop, main, options)) {}
+
+LinuxPlatform::~LinuxPlatform() = default;
+
+Ports LinuxPlatform::ports() {
+    Members& m = *members_;
+    return {m.clock,  m.hostInfo,   m.locale,       m.powerSources, m.processInfo,
+            m.sysctl, m.unifiedLog, m.userDefaults, m.workspace};
+}
+
+Job LinuxPlatform::nameThread(std::string_view name) {
+    return [shown = std::string(name.substr(0, 15))] {
+        ::pthread_setname_np(::pthread_self(), shown.c_str());
+    };
+}
+
+}  // namespace vtx

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "base/Executor.h"
+#include "base/Job.h"
+#include "platform/Ports.h"
+#include "platform/linux/Environment.h"
+#include "platform/linux/LinuxUserDefaults.h"
+#include "platform/linux/RunLoop.h"
+
+namespace vtx {
+
+/// Every port on the running Linux machine. Made first and destroyed last by the composition root,
+/// on the main executor; the run loop and the executor outlive it.
+class LinuxPlatform {
+public:
+    struct Options {
+        /// The folder that stands for "/"; a recorded tree in tests.
+        std::string root = "/";
+        /// Where the user's settings are kept; empty keeps them in memory.
+        std::filesystem::path configFolder = LinuxUserDefaults::standardFolder();
+        /// The message bus; empty for the system's own.
+        std::string busAddress;
+        Environment environment = processEnvironment();
+    };
+
+    /// Throws `std::system_error` when the system has no descriptor left for the timers.
+    LinuxPlatform(RunLoop& loop, Executor& main, const Options& options);
+    ~LinuxPlatform();
+    LinuxPlatform(const LinuxPlatform&) = delete;
+    LinuxPlatform& operator=(const LinuxPlatform&) = delete;
+
+    [[nodiscard]] Ports ports();
+
+    /// A job that names the thread on which it runs, as the kernel shows it: the first 15 bytes.
+    /// The first job of a `SerialExecutor`.
+    [[nodiscard]] static Job nameThread(std::string_view name);
+
+private:
+    struct Members;
+    std::unique_ptr<Members> members_;
+};
+
+}  // namespace vtx

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Executor.h"
+#include "base/Subscription.h"
+#include "platform/linux/FileDescriptor.h"
+#include "platform/linux/RunLoop.h"
+
+struct sd_bus;
+struct sd_bus_message;
+
+namespace vtx {
+
+/// What a service answered or announced. Values are read in their order; each is absent when the
+/// message holds none of that type there, and all are when the call failed.
+class BusMessage {
+public:
+    /// Null stands for a call that failed.
+    explicit BusMessage(sd_bus_message* message) : message_(message) {}
+
+    [[nodiscard]] bool isFailure() const { return message_ == nullptr; }
+    [[nodiscard]] std::optional<bool> boolean();
+    [[nodiscard]] std::optional<std::string> text();
+    [[nodiscard]] std::optional<std::string> variantText();
+    /// A copy that the caller owns; -1 when there is none.
+    [[nodiscard]] FileDescriptor descriptor();
+
+private:
+    sd_bus_message* message_;
+};
+
+/// One interface of an object of a service.
+struct BusObject {
+    std::string service;
+    std::string path;
+    std::string interface;
+};
+
+/// The connection to the system's message bus, opened with the first use. Nothing here waits: what
+/// is sent is queued, and answers and signals come to handlers on the main executor, not at all
+/// where the bus or the service is absent, hangs or has gone. Services are never started by it. A
+/// lost connection is not made again. Main executor; owned by the platform.
+class SystemBus {
+public:
+    using Handler = std::function<void(BusMessage&)>;
+
+    /// An empty address stands for the system bus.
+    SystemBus(RunLoop& loop, Executor& main, std::string address = {});
+    ~SystemBus();
+    SystemBus(const SystemBus&) = delete;
+    SystemBus& operator=(const SystemBus&) = delete;
+
+    /// Calls a method whose arguments are texts. Dropping the token forgets the answer.
+    [[nodiscard]] Subscription call(const BusObject& object, const std::string& method,
+                                    const std::vector<std::string>& arguments, Handler answered);
+
+    /// Asks for a property; the answer is a variant.
+    [[nodiscard]] Subscription getProperty(const BusObject& object, const std::string& name,
+                                           Handler answered);
+
+    /// Tells of each signal of that name, as long as the token lives.
+    [[nodiscard]] Subscription onSignal(const BusObject& object, const std::string& name,
+                                        Handler handler);
+
+    /// Tells that some property of the interface has changed.
+    [[nodiscard]] Subscription onPropertiesChanged(const BusObject& object, Handler handler);
+
+    /// Tells that a service came, went or changed hands.
+    [[nodiscard]] Subscription onOwnerChanged(const std::string& service, Handler handler);
+
+    /// Whether there is a connection, established or under way.
+    [[nodiscard]] bool isOpen() const { return bus_ != nullptr; }
+
+private:
+    struct Slot;
+
+    [[nodiscard]] bool open();
+    [[nodiscard]] Subscription addMatch(const std::string& rule, Handler handler);
+    [[nodiscard]] Subscription tokenOf(std::shared_ptr<Slot> slot);
+    void process();
+    void watch();
+    void close();
+
+    RunLoop& loop_;
+    Executor& main_;
+    std::string address_;
+    bool wasOpened_ = false;
+    sd_bus* bus_ = nullptr;
+    short watchedEvents_ = 0;
+    Subscription watch_;
+    std::shared_ptr<SystemBus*> self_;  ///< what jobs under way hold weakly
+};
+
+}  // namespace vtx

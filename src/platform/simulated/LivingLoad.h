@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "base/Date.h"
+#include "platform/simulated/CoreLoad.h"
+#include "platform/simulated/MacShape.h"
+
+namespace vtx {
+
+/// The load of a machine that somebody works at: a few percent of background on the efficiency
+/// cores, bursts on the performance cores that spread over fewer or more of them. A pure function
+/// of seed, core and time, smooth in time, so that any moment can be asked for in any order.
+class LivingLoad {
+public:
+    explicit LivingLoad(std::uint64_t seed) : seed_(seed) {}
+
+    /// The load of a core at `sinceStart`, which is not negative.
+    [[nodiscard]] CoreLoad at(CoreKind kind, std::size_t core, Duration sinceStart) const;
+
+private:
+    [[nodiscard]] double busy(CoreKind kind, std::size_t core, double time) const;
+    /// Noise from 0 to 1 that is smooth over `period` seconds; channels are independent.
+    [[nodiscard]] double noise(std::uint64_t channel, double time, double period) const;
+
+    std::uint64_t seed_;
+};
+
+}  // namespace vtx

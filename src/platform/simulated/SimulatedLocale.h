@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Locale.h"
+#include "platform/simulated/Instruments.h"
+#include "platform/simulated/SimulatedMac.h"
+
+namespace vtx {
+
+/// Language and region of the simulated machine's user. Main executor.
+class SimulatedLocale final : public Locale {
+public:
+    SimulatedLocale(SimulatedMac& mac, Instruments& instruments)
+        : mac_(mac), instruments_(instruments) {}
+
+    [[nodiscard]] std::vector<std::string> preferredLanguages() const override;
+
+private:
+    SimulatedMac& mac_;
+    Instruments& instruments_;
+};
+
+}  // namespace vtx

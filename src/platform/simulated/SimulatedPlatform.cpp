@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include "platform/simulated/SimulatedPlatform.h"
+
+#include <utility>
+
+namespace vtx {
+
+SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
+                                     SimulatedUserDefaults::Values settings)
+    : clock(time),
+      mac(time, std::move(shape)),
+      hostInfo(mac.processors, instruments),
+      locale(mac, instruments),
+      powerSources(mac, instruments),
+      processInfo(mac, instruments),
+      sysctl(mac.processors, instruments),
+      userDefaults(std::move(settings)),
+      workspace(mac, instruments) {}
+
+Ports SimulatedPlatform::ports() {
+    return {clock,  hostInfo,   locale,       powerSources, processInfo,
+            sysctl, unifiedLog, userDefaults, workspace};
+}
+
+}  // namespace vtx

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Ports.h"
+#include "platform/simulated/Instruments.h"
+#include "platform/simulated/SimulatedHostInfo.h"
+#include "platform/simulated/SimulatedLocale.h"
+#include "platform/simulated/SimulatedMac.h"
+#include "platform/simulated/SimulatedPowerSources.h"
+#include "platform/simulated/SimulatedProcessInfo.h"
+#include "platform/simulated/SimulatedSysctl.h"
+#include "platform/simulated/SimulatedUnifiedLog.h"
+#include "platform/simulated/SimulatedUserDefaults.h"
+#include "platform/simulated/SimulatedWorkspace.h"
+
+namespace vtx {
+
+/// Every port over one machine in memory, which lives by the clock it is given: the real one in the
+/// program, a manual one in tests. Needs no hardware and no rights, and knows nothing of the
+/// machine it runs on. Owned by the composition root or a test; outlives all that its ports gave.
+class SimulatedPlatform {
+public:
+    explicit SimulatedPlatform(Clock& clock, MacShape shape = MacShape::standard(),
+                               SimulatedUserDefaults::Values settings = {});
+
+    /// Everything that the logic may ask.
+    [[nodiscard]] Ports ports();
+
+    /// Shorthands for what tests say often.
+    [[nodiscard]] std::size_t outstanding() const { return instruments.handles.outstanding(); }
+    [[nodiscard]] std::size_t calls(std::string_view operation) const {
+        return instruments.counter.calls(operation);
+    }
+    [[nodiscard]] std::size_t totalCalls() const { return instruments.counter.totalCalls(); }
+    void resetCalls() { instruments.counter.resetCalls(); }
+
+    Clock& clock;
+    Instruments instruments;
+    Failures& failures = instruments.failures;
+    SimulatedMac mac;
+
+    SimulatedHostInfo hostInfo;
+    SimulatedLocale locale;
+    SimulatedPowerSources powerSources;
+    SimulatedProcessInfo processInfo;
+    SimulatedSysctl sysctl;
+    SimulatedUnifiedLog unifiedLog;
+    SimulatedUserDefaults userDefaults;
+    SimulatedWorkspace workspace;
+};
+
+}  // namespace vtx

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#include "platform/simulated/SimulatedWorkspace.h"
+
+#include <utility>
+
+namespace vtx {
+
+Subscription SimulatedWorkspace::onWillSleep(std::function<void()> handler) {
+    return instruments_.handles.hold(handles::willSleep,
+                                     mac_.willSleep.subscribe(std::move(handler)));
+}
+
+Subscription SimulatedWorkspace::onDidWake(std::function<void()> handler) {
+    return instruments_.handles.hold(handles::didWake, mac_.didWake.subscribe(std::move(handler)));
+}
+
+}  // namespace vtx

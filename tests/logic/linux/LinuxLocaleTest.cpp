@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxLocale.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace vtx::test {
+namespace {
+
+using Variables = std::map<std::string, std::string, std::less<>>;
+using Tags = std::vector<std::string>;
+
+Tags languagesOf(Variables variables) {
+    const LinuxLocale locale(
+        [variables = std::move(variables)](std::string_view name) -> std::optional<std::string> {
+            const auto variable = variables.find(name);
+            if (variable == variables.end()) return std::nullopt;
+            return variable->second;
+        });
+    return locale.preferredLanguages();
+}
+
+struct Case {
+    const char* locale;
+    std::optional<std::string> tag;
+};
+
+TEST(LinuxLocale, a_locale_becomes_a_language_tag) {
+    const std::vector<Case> cases{{"de_AT.UTF-8@euro", "de-AT"},
+                                  {"en_US.UTF-8", "en-US"},
+                                  {"fr", "fr"},
+                                  {"zh_TW", "zh-TW"},
+                                  {"DE_at", "de-AT"},
+                                  {"es_419", "es-419"},
+                                  {"ast_ES", "ast-ES"},
+                                  {"sr_RS@latin", "sr-Latn-RS"},
+                                  {"sr_RS.UTF-8@latin", "sr-Latn-RS"},
+                                  {"ca_ES@valencia", "ca-ES-valencia"},
+                                  {"de_longregion", "de"}};
+    for (const auto& [locale, tag] : cases) EXPECT_EQ(LinuxLocale::languageTag(locale), tag);
+}
+
+TEST(LinuxLocale, what_names_no_language_gives_no_tag) {
+    for (const auto* locale : {"", "C", "POSIX", "C.UTF-8", "_US", ".UTF-8", "@euro", "e", "d3_AT",
+                               "../../etc", "english", "\xc3\xa4\xc3\xb6"}) {
+        EXPECT_EQ(LinuxLocale::languageTag(locale), std::nullopt) << locale;
+    }
+}
+
+TEST(LinuxLocale, the_first_variable_that_is_not_empty_says_the_locale) {
+    EXPECT_EQ(languagesOf({{"LANG", "de_DE.UTF-8"}}), Tags{"de-DE"});
+    EXPECT_EQ(languagesOf({{"LC_MESSAGES", "fr_FR"}, {"LANG", "de_DE"}}), Tags{"fr-FR"});
+    EXPECT_EQ(languagesOf({{"LC_ALL", "it_IT"}, {"LC_MESSAGES", "fr_FR"}}), Tags{"it-IT"});
+    EXPECT_EQ(languagesOf({{"LC_ALL", ""}, {"LANG", "de_DE"}}), Tags{"de-DE"});
+    EXPECT_EQ(languagesOf({}), Tags{});
+}
+
+TEST(LinuxLocale, the_language_list_comes_before_the_locale_and_each_tag_once) {
+    EXPECT_EQ(languagesOf({{"LANGUAGE", "de_AT:de::xx1:en"}, {"LANG", "de_AT.UTF-8"}}),
+              (Tags{"de-AT", "de", "en"}));
+    EXPECT_EQ(languagesOf({{"LANGUAGE", "ja"}, {"LANG", "en_GB.UTF-8"}}), (Tags{"ja", "en-GB"}));
+}
+
+TEST(LinuxLocale, the_plain_locale_asks_for_no_language_at_all) {
+    for (const auto* plain : {"C", "POSIX", "C.UTF-8"}) {
+        EXPECT_EQ(languagesOf({{"LANGUAGE", "de"}, {"LANG", plain}}), Tags{}) << plain;
+    }
+}
+
+}  // namespace
+}  // namespace vtx::test

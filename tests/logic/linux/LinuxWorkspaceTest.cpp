@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxWorkspace.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <systemd/sd-bus.h>
+
+#include <array>
+#include <memory>
+
+#include "linux/PrivateBus.h"
+#include "platform/linux/PollRunLoop.h"
+
+namespace vtx::test {
+namespace {
+
+constexpr Duration longEnough = std::chrono::seconds(60);
+constexpr auto managerInterface = "org.freedesktop.login1.Manager";
+
+/// A login manager as far as sleep goes. An inhibitor is the writing end of a pipe, which has gone
+/// when the reading end says so.
+class FakeLoginManager {
+public:
+    FakeLoginManager(RunLoop& loop, const std::string& address)
+        : loop_(loop),
+          service_(loop, address, "org.freedesktop.login1", "/org/freedesktop/login1",
+                   [this](sd_bus_message* message) { return answer(message); }) {}
+
+    void prepareForSleep(bool isStarting) {
+        service_.emit(managerInterface, "PrepareForSleep", isStarting);
+    }
+    void emitNonsense() {
+        service_.emit(managerInterface, "PrepareForSleep", std::string("maybe"));
+    }
+
+    /// Inhibitors given, and whether the last one is still held.
+    int inhibitorsGiven = 0;
+    /// Lets the machine go to sleep while the wish for an inhibitor is under way.
+    bool sleepsBeforeAnswering = false;
+    std::string lastMode;
+    [[nodiscard]] bool isHeld() const { return static_cast<bool>(released_); }
+
+private:
+    int answer(sd_bus_message* message) {
+        if (!sd_bus_message_is_method_call(message, managerInterface, "Inhibit")) return 0;
+        const char *what = nullptr, *who = nullptr, *why = nullptr, *mode = nullptr;
+        sd_bus_message_read(message, "ssss", &what, &who, &why, &mode);
+        lastMode = std::string(what) + "/" + mode;
+        std::array<int, 2> ends{};
+        if (::pipe2(ends.data(), O_CLOEXEC) != 0) return -1;
+        released_ = {};
+        inhibitor_ = FileDescriptor(ends[0]);
+        released_ = loop_.watch(inhibitor_.get(), 0, [this] { released_ = {}; });
+        const FileDescriptor given(ends[1]);
+        ++inhibitorsGiven;
+        if (sleepsBeforeAnswering) prepareForSleep(true);
+        return sd_bus_reply_method_return(message, "h", given.get());
+    }
+
+    RunLoop& loop_;
+    FileDescriptor inhibitor_;
+    Subscription released_;  ///< watches for the writing end to go
+    FakeService service_;
+};
+
+struct LinuxWorkspaceTest : testing::Test {
+    void SetUp() override {
+        if (!daemon.isRunning()) GTEST_SKIP() << "this machine has no dbus-daemon";
+        manager = std::make_unique<FakeLoginManager>(loop, daemon.address());
+    }
+    [[nodiscard]] bool reaches(const std::function<bool()>& state) {
+        return loop.runUntil(state, longEnough);
+    }
+
+    PrivateBus daemon;
+    PollRunLoop loop;
+    std::unique_ptr<FakeLoginManager> manager;
+    SystemBus bus{loop, loop.executor(), daemon.address()};
+    LinuxWorkspace workspace{bus, loop.executor()};
+};
+
+TEST_F(LinuxWorkspaceTest, who_wants_to_know_of_sleep_delays_it) {
+    const auto token = workspace.onWillSleep([] {});
+    EXPECT_TRUE(reaches([&] { return workspace.holdsInhibitor(); }));
+    EXPECT_TRUE(manager->isHeld());
+    EXPECT_EQ(manager->lastMode, "sleep/delay");
+    const auto second = workspace.onWillSleep([] {});
+    loop.runReady();
+    EXPECT_EQ(manager->inhibitorsGiven, 1);
+}
+
+TEST_F(LinuxWorkspaceTest, sleep_waits_for_the_handlers_and_for_what_they_posted) {
+    std::string order;
+    const auto note = [&](const char* what) {
+        order += what;
+        order += manager->isHeld() ? "+ " : "- ";
+    };
+    const auto token = workspace.onWillSleep([&] {
+        note("told");
+        loop.executor().post([&] { note("posted"); });
+    });
+    ASSERT_TRUE(reaches([&] { return workspace.holdsInhibitor(); }));
+    manager->prepareForSleep(true);
+    EXPECT_TRUE(reaches([&] { return !manager->isHeld(); }));
+    EXPECT_EQ(order, "told+ posted+ ");
+}
+
+TEST_F(LinuxWorkspaceTest, after_the_wake_it_is_told_and_the_next_sleep_is_delayed_again) {
+    int sleeps = 0, wakes = 0;
+    const auto sleep = workspace.onWillSleep([&] { ++sleeps; });
+    const auto wake = workspace.onDidWake([&] { ++wakes; });
+    for (int round = 1; round <= 2; ++round) {
+        ASSERT_TRUE(reaches([&] { return workspace.holdsInhibitor(); }));
+        manager->prepareForSleep(true);
+        ASSERT_TRUE(reaches([&] { return !manager->isHeld(); }));
+        manager->prepareForSleep(false);
+        ASSERT_TRUE(reaches([&] { return wakes == round; }));
+        EXPECT_EQ(sleeps, round);
+    }
+    EXPECT_TRUE(reaches([&] { return workspace.holdsInhibitor(); }));
+    EXPECT_EQ(manager->inhibitorsGiven, 3);
+}
+
+TEST_F(LinuxWorkspaceTest, an_inhibitor_that_comes_during_sleep_is_given_back) {
+    manager->sleepsBeforeAnswering = true;
+    int sleeps = 0;
+    const auto token = workspace.onWillSleep([&] { ++sleeps; });
+    ASSERT_TRUE(reaches([&] { return sleeps == 1; }));
+    EXPECT_TRUE(reaches([&] { return !manager->isHeld(); }));
+    EXPECT_FALSE(workspace.holdsInhibitor());
+    EXPECT_EQ(manager->inhibitorsGiven, 1);
+}
+
+TEST_F(LinuxWorkspaceTest, only_edges_are_told_and_nonsense_is_not) {
+    int sleeps = 0, wakes = 0;
+    const auto sleep = workspace.onWillSleep([&] { ++sleeps; });
+    const auto wake = workspace.onDidWake([&] { ++wakes; });
+    ASSERT_TRUE(reaches([&] { return workspace.holdsInhibitor(); }));
+    manager->prepareForSleep(false);
+    manager->emitNonsense();
+    manager->prepareForSleep(true);
+    manager->prepareForSleep(true);
+    manager->prepareForSleep(false);
+    EXPECT_TRUE(reaches([&] { return wakes == 1; }));
+    EXPECT_EQ(sleeps, 1);
+}
+
+TEST_F(LinuxWorkspaceTest, a_stranger_cannot_announce_sleep) {
+    int sleeps = 0;
+    const auto sleep = workspace.onWillSleep([&] { ++sleeps; });
+    const auto wake = workspace.onDidWake([] { FAIL(); });
+    ASSERT_TRUE(reaches([&] { return workspace.holdsInhibitor(); }));
+    {
+        FakeService stranger(loop, daemon.address(), "", "/org/freedesktop/login1");
+        stranger.emit(managerInterface, "PrepareForSleep", true);
+        stranger.emit(managerInterface, "PrepareForSleep", false);
+    }
+    manager->prepareForSleep(true);
+    EXPECT_TRUE(reaches([&] { return sleeps == 1; }));
+}
+
+TEST(LinuxWorkspace, without_a_bus_nothing_is_told_and_nothing_fails) {
+    const TemporaryTree folder;
+    PollRunLoop loop;
+    SystemBus bus(loop, loop.executor(), "unix:path=" + folder.path() + "/none");
+    LinuxWorkspace workspace(bus, loop.executor());
+    const auto sleep = workspace.onWillSleep([] { FAIL(); });
+    const auto wake = workspace.onDidWake([] { FAIL(); });
+    loop.runReady();
+    EXPECT_FALSE(workspace.holdsInhibitor());
+}
+
+}  // namespace
+}  // namespace vtx::test

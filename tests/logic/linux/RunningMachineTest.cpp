@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+// The ports on the machine that runs the tests: each figure within its range.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <pthread.h>
+#include <numeric>
+#include <thread>
+
+#include "linux/TemporaryTree.h"
+#include "platform/HostInfo.h"
+#include "platform/Locale.h"
+#include "platform/PowerSources.h"
+#include "platform/ProcessInfo.h"
+#include "platform/Sysctl.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/PollRunLoop.h"
+
+namespace vtx::test {
+namespace {
+
+struct RunningMachine : testing::Test {
+    [[nodiscard]] std::int32_t int32(std::string_view name) {
+        std::int32_t value = -1;
+        std::size_t size = 0;
+        const auto into = std::as_writable_bytes(std::span(&value, 1));
+        return ports.sysctl.sysctlbyname(name, into, size) == 0 ? value : -1;
+    }
+    [[nodiscard]] std::uint64_t tickSum() {
+        const auto info = ports.hostInfo.processorLoadInfo();
+        const auto words = info.words.words();
+        return std::accumulate(words.begin(), words.end(), std::uint64_t{0});
+    }
+
+    TemporaryTree folder;
+    PollRunLoop loop;
+    LinuxPlatform platform{loop,
+                           loop.executor(),
+                           {.root = "/",
+                            .configFolder = folder.path(),
+                            .busAddress = "unix:path=" + folder.path() + "/no-bus",
+                            .environment = processEnvironment()}};
+    Ports ports = platform.ports();
+};
+
+TEST_F(RunningMachine, has_as_many_processors_as_the_system_library_counts) {
+    const auto online = ::sysconf(_SC_NPROCESSORS_ONLN);
+    EXPECT_GE(int32("hw.logicalcpu"), online);
+    EXPECT_LE(int32("hw.logicalcpu"), ::sysconf(_SC_NPROCESSORS_CONF));
+    const auto info = ports.hostInfo.processorLoadInfo();
+    ASSERT_EQ(info.result, kernSuccess);
+    EXPECT_EQ(static_cast<std::int32_t>(info.processorCount), int32("hw.logicalcpu"));
+    EXPECT_EQ(info.words.words().size(), std::size_t{info.processorCount} * 4);
+}
+
+TEST_F(RunningMachine, has_levels_that_add_up_to_its_processors) {
+    std::int32_t sum = int32("hw.perflevel0.logicalcpu");
+    if (int32("hw.nperflevels") == 2) sum += int32("hw.perflevel1.logicalcpu");
+    EXPECT_EQ(sum, int32("hw.logicalcpu"));
+}
+
+TEST_F(RunningMachine, counts_ticks_while_it_runs) {
+    const std::uint64_t first = tickSum();
+    ASSERT_GT(first, 0u);
+    // Reading takes processor time itself, so that a few thousand reads last longer than a tick.
+    int reads = 0;
+    while (tickSum() <= first && reads < 1'000'000) ++reads;
+    EXPECT_LT(reads, 1'000'000);
+}
+
+TEST_F(RunningMachine, answers_for_every_other_port) {
+    EXPECT_NE(ports.processInfo.operatingSystemVersionString(), "");
+    EXPECT_FALSE(ports.processInfo.isLowPowerModeEnabled());
+    EXPECT_TRUE(ports.powerSources.copyPowerSourcesInfo()->providingPowerSourceType());
+    const auto sleep = ports.workspace.onWillSleep([] {});
+    ports.userDefaults.setData("key", toData("value"));
+    EXPECT_EQ(ports.userDefaults.data("key"), toData("value"));
+    for (const auto& tag : ports.locale.preferredLanguages()) EXPECT_GE(tag.size(), 2u);
+    loop.runReady();
+}
+
+TEST(LinuxPlatform, threads_carry_the_first_fifteen_bytes_of_their_name) {
+    std::string name(16, '\0');
+    std::thread thread([&] {
+        LinuxPlatform::nameThread("vantrix-telemetry")();
+        ::pthread_getname_np(::pthread_self(), name.data(), name.size());
+    });
+    thread.join();
+    EXPECT_STREQ(name.c_str(), "vantrix-telemet");
+}
+
+}  // namespace
+}  // namespace vtx::test

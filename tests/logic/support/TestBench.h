@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+
+#include "base/Executors.h"
+#include "base/QueueExecutor.h"
+#include "platform/simulated/ManualClock.h"
+#include "platform/simulated/SimulatedPlatform.h"
+
+namespace vtx {
+
+/// Everything that logic needs around it in a test: the two executors as queues that the test
+/// steps, the clock that stands until moved, the machine in memory, and its log in the place of the
+/// process's. Made first in a test, so that it goes last.
+class TestBench {
+public:
+    explicit TestBench(MacShape shape = MacShape::standard(),
+                       SimulatedUserDefaults::Values settings = {});
+    ~TestBench();
+    TestBench(const TestBench&) = delete;
+    TestBench& operator=(const TestBench&) = delete;
+
+    ManualClock clock;
+    SimulatedPlatform platform;
+    SimulatedMac& mac = platform.mac;
+    Failures& failures = platform.failures;
+    SimulatedUnifiedLog& log = platform.unifiedLog;
+
+    QueueExecutor main;
+    /// Stands for the thread of the tick engines.
+    QueueExecutor engine;
+
+    [[nodiscard]] Ports ports() { return platform.ports(); }
+    [[nodiscard]] Executors executors() { return {main, engine}; }
+
+    /// Runs the jobs of both queues, and those that they post, until none is left. One that never
+    /// comes to rest ends the test with an exception.
+    void settle();
+    /// Settles, then moves the clock by `span` from deadline to deadline, settling at each.
+    void advance(Duration span);
+    /// The machine sleeps for `span`: the handlers are told, the time passes, they are told again.
+    void sleepMachine(Duration span);
+
+private:
+    LogSink* previousSink_;
+};
+
+}  // namespace vtx
