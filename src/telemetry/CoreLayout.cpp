@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "telemetry/CoreLayout.h"
+
+#include <fmt/format.h>
+
+#include "telemetry/SysctlReader.h"
+
+namespace vtx {
+namespace {
+
+std::optional<int> atLeastOne(std::optional<std::int32_t> value) {
+    return value && *value >= 1 ? std::optional<int>(*value) : std::nullopt;
+}
+
+std::optional<double> hertzAsMHz(std::optional<std::int64_t> hertz) {
+    if (!hertz || *hertz < 1) return std::nullopt;
+    return static_cast<double>(*hertz) / 1'000'000.0;
+}
+
+CoreLayout layoutOfLevels(Sysctl& sysctl, int levels, int pCoreCount) {
+    const SysctlReader reader(sysctl);
+    const bool singleLevel = levels == 1;
+    CoreLayout layout;
+    layout.pCoreCount = pCoreCount;
+    layout.pCoreMaxMHz = CoreLayout::sysctlMaxMHz(sysctl, 0);
+    if (!singleLevel) {
+        layout.eCoreCount = reader.int32("hw.perflevel1.logicalcpu").value_or(0);
+        layout.eCoreMaxMHz = CoreLayout::sysctlMaxMHz(sysctl, 1);
+    }
+    return layout;
+}
+
+}  // namespace
+
+std::optional<CoreLayout> CoreLayout::detect(Sysctl& sysctl) {
+    const SysctlReader reader(sysctl);
+    if (const auto levels = atLeastOne(reader.int32("hw.nperflevels"))) {
+        if (const auto pCores = atLeastOne(reader.int32("hw.perflevel0.logicalcpu")))
+            return layoutOfLevels(sysctl, *levels, *pCores);
+    }
+    const auto all = atLeastOne(reader.int32("hw.logicalcpu"));
+    if (!all) return std::nullopt;
+    CoreLayout layout;
+    layout.pCoreCount = *all;
+    layout.pCoreMaxMHz = sysctlMaxMHz(sysctl, 0);
+    return layout;
+}
+
+std::optional<double> CoreLayout::sysctlMaxMHz(Sysctl& sysctl, int perflevel) {
+    const SysctlReader reader(sysctl);
+    const auto name = fmt::format("hw.perflevel{}.cpufrequency_max", perflevel);
+    if (const auto mhz = hertzAsMHz(reader.int64(name))) return mhz;
+    return perflevel == 0 ? hertzAsMHz(reader.int64("hw.cpufrequency_max")) : std::nullopt;
+}
+
+}  // namespace vtx

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <vector>
+
+namespace vtx {
+
+class Sysctl;
+
+enum class ClusterType { performance, efficiency };
+
+/// The shape of the processor, detected once at start.
+struct CoreLayout {
+    /// Logical processors at performance level 0; all of them where the machine has no levels.
+    int pCoreCount = 0;
+    /// Logical processors at performance level 1; 0 where there is only one level.
+    int eCoreCount = 0;
+    /// Top clock of the performance cluster in MHz; absent where the machine does not tell.
+    std::optional<double> pCoreMaxMHz;
+    /// The same of the efficiency cluster; absent also where there is none.
+    std::optional<double> eCoreMaxMHz;
+    /// Clock tables in table order; empty where the machine lists no steps.
+    std::vector<double> pCoreFrequencyStepsMHz;
+    std::vector<double> eCoreFrequencyStepsMHz;
+    /// Cluster of each processor by its number; empty where the machine does not tell.
+    std::vector<ClusterType> clusterMap;
+
+    friend bool operator==(const CoreLayout&, const CoreLayout&) = default;
+
+    /// The layout of this machine, or absent where it tells no number of processors.
+    static std::optional<CoreLayout> detect(Sysctl& sysctl);
+
+    /// Top clock of a performance level in MHz by the kernel's own values.
+    static std::optional<double> sysctlMaxMHz(Sysctl& sysctl, int perflevel);
+};
+
+}  // namespace vtx
