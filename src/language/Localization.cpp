@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "language/Localization.h"
+
+#include "base/Shared.h"
+#include "language/Catalogue.h"
+#include "platform/Locale.h"
+
+namespace vtx {
+
+Localization::Localization(const Locale& locale) : locale_(locale) { recomputeEffective(); }
+
+void Localization::setPreference(Language language) {
+    if (language == preference.get()) return;
+    preference = language;
+    recomputeEffective();
+}
+
+std::string_view Localization::string(L10n::Key key) const {
+    return textOf(key, catalogue::table(effective.get()), catalogue::english());
+}
+
+Localization& Localization::shared() { return Shared<Localization>::get(); }
+
+void Localization::recomputeEffective() {
+    const Language chosen = preference.get();
+    effective = chosen == Language::automatic ? systemLanguage() : chosen;
+}
+
+// Only the first entry counts, even where a later one is supported and it is not.
+Localization::Language Localization::systemLanguage() const {
+    const auto preferred = locale_.preferredLanguages();
+    return preferred.empty() ? Language::en : languageOfTag(preferred.front());
+}
+
+}  // namespace vtx

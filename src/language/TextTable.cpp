@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "language/TextTable.h"
+
+#include <fmt/format.h>
+
+#include <bitset>
+
+#include "base/Fault.h"
+
+namespace vtx {
+
+TextTable::TextTable(const TextLists& lists) {
+    lay(lists.base);
+    lay(lists.additions);
+}
+
+void TextTable::lay(std::span<const TextEntry> list) {
+    std::bitset<L10n::keyCount> seen;
+    for (const auto& [key, text] : list) {
+        const std::size_t index = L10n::indexOf(key);
+        if (seen[index]) {
+            programmingFault(fmt::format("a text list holds {} twice", L10n::rawValue(key)));
+        }
+        seen.set(index);
+        texts_[index] = text;
+    }
+}
+
+std::optional<std::string_view> TextTable::text(L10n::Key key) const {
+    const std::string_view text = texts_[L10n::indexOf(key)];
+    if (!text.data()) return std::nullopt;
+    return text;
+}
+
+std::string_view textOf(L10n::Key key, const TextTable* own, const TextTable& english) {
+    if (own) {
+        if (const auto text = own->text(key)) return *text;
+    }
+    if (const auto text = english.text(key)) return *text;
+    return L10n::rawValue(key);
+}
+
+}  // namespace vtx
