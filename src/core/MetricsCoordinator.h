@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "base/Published.h"
+#include "base/TaskScope.h"
+#include "core/DisplayPreferences.h"
+#include "core/PollingMode.h"
+#include "core/Services.h"
+
+namespace vtx {
+
+/// The subsystems that are sampled only where something asks for them.
+enum class Subsystem { gpu, memory, temperature, thermal, disk, fan, ane };
+
+/// The one central observable object: owns every monitor and service, holds the preferences, and
+/// runs the loop that drives all sampling. Lives on the main executor, made once by the menu-bar
+/// controller, and lasts for the life of the process. It never chooses a mode itself.
+class MetricsCoordinator : public ObservableObject {
+    // First, since what follows is made from them.
+    const Ports ports_;
+    Executor& main_;
+    std::unique_ptr<Services> services_;
+
+public:
+    /// Loads the preferences and puts them in force; the loop does not start. The ports and
+    /// executors must outlive the coordinator.
+    MetricsCoordinator(std::unique_ptr<Services> services, const Ports& ports,
+                       const Executors& executors);
+    ~MetricsCoordinator() override;
+
+    CPUMonitor& cpu;
+
+    /// What the user set. Each change is saved and put in force at once.
+    Published<DisplayPreferences> preferences;
+    /// Identifier of the tile that compact mode shows.
+    Published<std::string> criticalMetric{*this, "cpu"};
+    Published<PollingMode> pollingMode{*this, PollingMode::background};
+
+    /// Restarts the loop with the present mode and interval, which causes a pass at once. In
+    /// `suspended` it only stops it.
+    void start();
+    /// Stops the loop; a pass under way runs to its end.
+    void stop();
+    [[nodiscard]] bool isRunning() const { return refreshTask_.has_value(); }
+
+    /// The only way in which the mode changes. The present mode again is no change.
+    void setPollingMode(PollingMode mode);
+
+    /// One pass: samples all that is needed now. Passes may overlap.
+    Task<> refreshAll();
+
+    /// Whether a pass samples the subsystem now.
+    [[nodiscard]] bool needsSubsystem(Subsystem subsystem) const;
+    [[nodiscard]] bool needsCPU() const;
+
+    /// Whether the machine runs on its battery. A platform without an answer is a fatal error.
+    [[nodiscard]] static bool isOnBattery(const Ports& ports);
+
+    /// Seconds between two passes, before the next start.
+    [[nodiscard]] double effectiveInterval() const;
+
+private:
+    /// The tokens of the sleep and wake observers; going, it removes them.
+    struct WorkspaceObserverHolder {
+        Subscription sleepToken;
+        Subscription wakeToken;
+    };
+
+    [[nodiscard]] static bool isRunningTests(const Ports& ports);
+    void applyLanguage();
+    void installPreferenceSink();
+    void observeSystemPower();
+    void bridgeNestedMonitorChanges();
+    Task<> poll(std::stop_token stop, Duration interval);
+
+    Subscription preferencesPersistence_;
+    Subscriptions nestedMonitorBridges_;
+    std::optional<TaskHandle> refreshTask_;
+    WorkspaceObserverHolder workspaceObservers_;
+    TaskScope tasks_;  // last: its frames use all of the above
+};
+
+}  // namespace vtx

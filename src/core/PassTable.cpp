@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "core/PassTable.h"
+
+#include <array>
+
+namespace vtx {
+namespace {
+
+constexpr std::array table{
+    PassRow{"cpu", PassPhase::concurrent,
+            [](const MetricsCoordinator& coordinator) { return coordinator.needsCPU(); },
+            [](MetricsCoordinator& coordinator) { return coordinator.cpu.refresh(); }, nullptr},
+};
+
+}  // namespace
+
+std::span<const PassRow> passTable() { return table; }
+
+}  // namespace vtx

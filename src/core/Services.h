@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/Executors.h"
+#include "platform/Ports.h"
+#include "telemetry/CPUMonitor.h"
+
+namespace vtx {
+
+/// Every monitor and service, made in the order of the members. Made by the menu-bar controller and
+/// owned by the coordinator from then on.
+struct Services {
+    /// The ports and executors must outlive the services.
+    Services(const Ports& ports, const Executors& executors) : cpu(ports, executors.tick) {}
+
+    CPUMonitor cpu;
+};
+
+}  // namespace vtx
