@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "ui/models/PopoverSection.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vtx {
+namespace {
+
+using Key = L10n::Key;
+
+constexpr std::array sections{
+    SectionDescription{PopoverSection::overview, "overview", "square.grid.2x2",
+                       Key::section_overview},
+    SectionDescription{PopoverSection::cpu, "cpu", "cpu", Key::section_cpu},
+    SectionDescription{PopoverSection::gpu, "gpu", "cube.transparent", Key::section_gpu},
+    SectionDescription{PopoverSection::memory, "memory", "memorychip", Key::section_memory},
+    SectionDescription{PopoverSection::disk, "disk", "internaldrive", Key::section_disk},
+    SectionDescription{PopoverSection::fan, "fan", "fan", Key::section_fan},
+    SectionDescription{PopoverSection::ane, "ane", "brain", Key::section_ane},
+    SectionDescription{PopoverSection::network, "network", "network", Key::section_network},
+    SectionDescription{PopoverSection::battery, "battery", "battery.75", Key::section_battery},
+    SectionDescription{PopoverSection::processes, "processes", "list.bullet.rectangle",
+                       Key::section_processes},
+    SectionDescription{PopoverSection::system, "system", "info.circle", Key::section_system},
+    SectionDescription{PopoverSection::settings, "settings", "gearshape", Key::section_settings},
+};
+
+}  // namespace
+
+const SectionDescription& describe(PopoverSection section) {
+    return *std::ranges::find(sections, section, &SectionDescription::section);
+}
+
+std::vector<PopoverSection> visibleSections() { return {PopoverSection::overview}; }
+
+}  // namespace vtx
