@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "app/VantrixApp.h"
+
+#include <QApplication>
+
+#include "app/AppDelegate.h"
+#include "app/PictureTour.h"
+#include "base/Shared.h"
+#include "language/Localization.h"
+#include "platform/UnifiedLog.h"
+#include "ui/shell/NativeWindowSystem.h"
+#include "ui/shell/WindowSystem.h"
+#include "ui/surfaces/QtSurfaceFactory.h"
+
+namespace vtx {
+namespace {
+
+/// The process-wide objects, for as long as the application runs.
+class SharedObjects {
+public:
+    explicit SharedObjects(const Ports& ports) : previous_(AppLog::install(&ports.unifiedLog)) {
+        Shared<Localization>::setFactory(
+            [&locale = ports.locale] { return std::make_unique<Localization>(locale); });
+    }
+    ~SharedObjects() {
+        Shared<Localization>::reset();
+        AppLog::install(previous_);
+    }
+    SharedObjects(const SharedObjects&) = delete;
+    SharedObjects& operator=(const SharedObjects&) = delete;
+
+private:
+    LogSink* previous_;
+};
+
+}  // namespace
+
+struct VantrixApp::Parts {
+    Parts(const Ports& ports, const Executors& executors, LaunchOptions launch)
+        : options(std::move(launch)),
+          shared(ports),
+          windowSystem(nativeWindowSystem()),
+          surfaces(*windowSystem, ports.userDefaults, options.title),
+          delegate(ports, executors, surfaces) {
+        if (!options.picturesFolder.isEmpty())
+            tour = std::make_unique<PictureTour>(options.picturesFolder, ports.clock,
+                                                 executors.main, surfaces);
+    }
+
+    const LaunchOptions options;
+    SharedObjects shared;
+    std::unique_ptr<WindowSystem> windowSystem;
+    QtSurfaceFactory surfaces;
+    AppDelegate delegate;
+    std::unique_ptr<PictureTour> tour;
+};
+
+VantrixApp::VantrixApp(const Ports& ports, const Executors& executors, LaunchOptions options)
+    : parts_(std::make_unique<Parts>(ports, executors, std::move(options))) {}
+
+VantrixApp::~VantrixApp() = default;
+
+int VantrixApp::run() {
+    parts_->delegate.applicationDidFinishLaunching();
+    if (parts_->tour) parts_->tour->start(*parts_->delegate.menuBarController());
+    const int code = QApplication::exec();
+    parts_->delegate.applicationWillTerminate();
+    return code;
+}
+
+}  // namespace vtx

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <memory>
+
+#include "base/Executors.h"
+#include "platform/Ports.h"
+
+class QApplication;
+
+namespace vtx {
+
+/// What the program was asked to do when it was started.
+struct LaunchOptions {
+    /// Stands in every window's title.
+    QString title = "Vantrix";
+    /// Where to put a picture of every surface, after which the program ends; empty to stay.
+    QString picturesFolder;
+};
+
+/// The running application on a platform that was picked for it: makes the process-wide objects,
+/// the surfaces and the delegate, and runs the event loop. The one place that knows all parts.
+class VantrixApp {
+public:
+    /// All that is passed must outlive the object.
+    VantrixApp(const Ports& ports, const Executors& executors, LaunchOptions options);
+    ~VantrixApp();
+    VantrixApp(const VantrixApp&) = delete;
+    VantrixApp& operator=(const VantrixApp&) = delete;
+
+    /// Runs until the application ends; the process's exit code.
+    int run();
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace vtx

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// Vantrix on this machine.
+#include <QApplication>
+
+#include "app/CommandLine.h"
+#include "app/linux/ToolkitEnvironment.h"
+#include "base/SerialExecutor.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/TerminationSignals.h"
+#include "ui/shell/QtMainExecutor.h"
+#include "ui/shell/linux/QtRunLoop.h"
+
+int main(int argc, char** argv) {
+    vtx::LaunchOptions options;
+    if (const auto done = vtx::readCommandLine(argc, argv, options)) return *done;
+
+    vtx::settleToolkitEnvironment();
+    vtx::TerminationSignals::block();  // before the first thread
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("vantrix");
+    QApplication::setApplicationDisplayName("Vantrix");
+    QApplication::setApplicationVersion(VANTRIX_VERSION);
+
+    vtx::QtMainExecutor mainExecutor;
+    vtx::QtRunLoop runLoop;
+    vtx::LinuxPlatform platform(runLoop, mainExecutor, {});
+    vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
+    const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });
+    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick}, std::move(options));
+    return vantrix.run();
+}

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// The very same application on a Mac that exists in memory only.
+#include <QApplication>
+
+#include "app/CommandLine.h"
+#include "app/linux/ToolkitEnvironment.h"
+#include "base/SerialExecutor.h"
+#include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/TerminationSignals.h"
+#include "platform/simulated/SimulatedPlatform.h"
+#include "ui/shell/QtMainExecutor.h"
+#include "ui/shell/linux/QtRunLoop.h"
+
+int main(int argc, char** argv) {
+    vtx::LaunchOptions options;
+    options.title = "Vantrix (simulated Mac)";
+    if (const auto done = vtx::readCommandLine(argc, argv, options)) return *done;
+
+    vtx::settleToolkitEnvironment();
+    vtx::TerminationSignals::block();
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("vantrix-simulated");
+    QApplication::setApplicationDisplayName(options.title);
+    QApplication::setApplicationVersion(VANTRIX_VERSION);
+
+    vtx::QtMainExecutor mainExecutor;
+    vtx::QtRunLoop runLoop;
+    vtx::LinuxClock clock(runLoop);
+    vtx::SimulatedPlatform platform(clock);
+    platform.mac.processors.live(1);
+    platform.unifiedLog.setLowestLevel(vtx::LogLevel::standard);
+    platform.unifiedLog.setEcho(true);
+    vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
+    const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });
+    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick}, std::move(options));
+    return vantrix.run();
+}

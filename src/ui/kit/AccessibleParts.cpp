@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "ui/kit/AccessibleParts.h"
+
+#include <QAccessibleActionInterface>
+#include <QAccessibleWidget>
+#include <QWidget>
+#include <vector>
+
+namespace vtx {
+
+AccessiblePart AccessibleHost::part(int) const { return {}; }
+QRect AccessibleHost::partRect(int) const { return {}; }
+void AccessibleHost::pressPart(int) {}
+
+namespace {
+
+/// One part of a widget. Owned by the widget's interface, which outlives it.
+class PartInterface final : public QAccessibleInterface, public QAccessibleActionInterface {
+public:
+    PartInterface(QAccessibleInterface& owner, int index) : owner_(owner), index_(index) {}
+
+    bool isValid() const override { return host() && index_ < host()->partCount(); }
+    QObject* object() const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    QAccessibleInterface* parent() const override { return &owner_; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    void setText(QAccessible::Text, const QString&) override {}
+
+    // A value that is no number reaches listeners as the description.
+    QString text(QAccessible::Text kind) const override {
+        if (!isValid()) return {};
+        const AccessiblePart part = host()->part(index_);
+        if (kind == QAccessible::Name) return part.name;
+        const bool isValue = kind == QAccessible::Value || kind == QAccessible::Description;
+        return isValue ? part.value : QString();
+    }
+
+    QRect rect() const override {
+        if (!isValid()) return {};
+        const QRect local = host()->partRect(index_);
+        return {widget()->mapToGlobal(local.topLeft()), local.size()};
+    }
+
+    QAccessible::Role role() const override {
+        return isValid() ? host()->part(index_).role : QAccessible::NoRole;
+    }
+
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        state.invalid = !isValid();
+        if (!isValid()) return state;
+        const AccessiblePart part = host()->part(index_);
+        state.invisible = !widget()->isVisible();
+        state.focusable = part.pressable;
+        state.focused = widget()->hasFocus() && host()->focusedPart() == index_;
+        state.selectable = part.role == QAccessible::PageTab;
+        state.selected = part.selected;
+        return state;
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        const bool acts =
+            type == QAccessible::ActionInterface && isValid() && host()->part(index_).pressable;
+        return acts ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+    }
+
+    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+    void doAction(const QString& action) override {
+        if (!isValid()) return;
+        if (action == setFocusAction()) widget()->setFocus();
+        if (action == pressAction()) host()->pressPart(index_);
+    }
+
+private:
+    QWidget* widget() const { return qobject_cast<QWidget*>(owner_.object()); }
+    AccessibleHost* host() const { return dynamic_cast<AccessibleHost*>(owner_.object()); }
+
+    QAccessibleInterface& owner_;
+    int index_;
+};
+
+/// A widget with its parts as children. Owned by the toolkit, for as long as the widget.
+class HostInterface final : public QAccessibleWidget {
+public:
+    HostInterface(QWidget* widget, QAccessible::Role role) : QAccessibleWidget(widget, role) {}
+    ~HostInterface() override {
+        for (const QAccessible::Id id : parts_) QAccessible::deleteAccessibleInterface(id);
+    }
+
+    int childCount() const override {
+        return paintsParts() ? host()->partCount() : Base::childCount();
+    }
+
+    QAccessibleInterface* child(int index) const override {
+        if (!paintsParts()) return Base::child(index);
+        if (index < 0 || index >= host()->partCount()) return nullptr;
+        while (parts_.size() <= static_cast<std::size_t>(index)) {
+            auto made = std::make_unique<PartInterface>(const_cast<HostInterface&>(*this),
+                                                        static_cast<int>(parts_.size()));
+            parts_.push_back(QAccessible::registerAccessibleInterface(made.release()));
+        }
+        return QAccessible::accessibleInterface(parts_[static_cast<std::size_t>(index)]);
+    }
+
+    int indexOfChild(const QAccessibleInterface* wanted) const override {
+        if (!paintsParts()) return Base::indexOfChild(wanted);
+        for (int i = 0; i < childCount(); ++i) {
+            if (child(i) == wanted) return i;
+        }
+        return -1;
+    }
+
+    QAccessibleInterface* childAt(int x, int y) const override {
+        if (!paintsParts()) return Base::childAt(x, y);
+        for (int i = 0; i < childCount(); ++i) {
+            if (child(i)->rect().contains(x, y)) return child(i);
+        }
+        return nullptr;
+    }
+
+    QAccessibleInterface* focusChild() const override {
+        if (!paintsParts()) return Base::focusChild();
+        return widget()->hasFocus() ? child(host()->focusedPart()) : nullptr;
+    }
+
+private:
+    using Base = QAccessibleWidget;
+
+    AccessibleHost* host() const { return dynamic_cast<AccessibleHost*>(object()); }
+    bool paintsParts() const { return host() && host()->partCount() > 0; }
+
+    mutable std::vector<QAccessible::Id> parts_;
+};
+
+QAccessibleInterface* makeInterface(const QString&, QObject* object) {
+    auto* widget = qobject_cast<QWidget*>(object);
+    auto* host = dynamic_cast<AccessibleHost*>(object);
+    if (!widget || !host) return nullptr;
+    return std::make_unique<HostInterface>(widget, host->accessibleRole()).release();
+}
+
+void announce(QWidget& widget, int index, QAccessible::Event what) {
+    if (!QAccessible::isActive()) return;
+    QAccessibleInterface* owner = QAccessible::queryAccessibleInterface(&widget);
+    QAccessibleInterface* part = owner ? owner->child(index) : nullptr;
+    if (!part) return;
+    QAccessibleEvent event(part, what);
+    QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace
+
+namespace accessibility {
+
+void install() { QAccessible::installFactory(makeInterface); }
+
+void announceFocus(QWidget& widget, int index) { announce(widget, index, QAccessible::Focus); }
+
+void announceValue(QWidget& widget, int index) {
+    announce(widget, index, QAccessible::DescriptionChanged);
+}
+
+}  // namespace accessibility
+
+}  // namespace vtx

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "ui/kit/KitWidget.h"
+
+#include <QFocusEvent>
+#include <QStyle>
+
+#include "ui/kit/Theme.h"
+
+namespace vtx {
+
+KitWidget::KitWidget(QWidget* parent) : QWidget(parent) {
+    accessibility::install();
+    connect(&Theme::current(), &Theme::changed, this, [this] { update(); });
+}
+
+QColor KitWidget::color(ColorToken token) { return Theme::current().color(token); }
+
+QColor KitWidget::color(ColorToken token, float opacity) {
+    return Theme::current().color(token, opacity);
+}
+
+QRect KitWidget::mirrored(const QRect& bounds) const {
+    return QStyle::visualRect(layoutDirection(), rect(), bounds);
+}
+
+void KitWidget::focusInEvent(QFocusEvent* event) {
+    switch (event->reason()) {
+        case Qt::TabFocusReason:
+        case Qt::BacktabFocusReason:
+        case Qt::ShortcutFocusReason:
+            focusByKeyboard_ = true;
+            break;
+        // The window comes back as it was left.
+        case Qt::ActiveWindowFocusReason:
+        case Qt::PopupFocusReason:
+        case Qt::MenuBarFocusReason:
+            break;
+        default:
+            focusByKeyboard_ = false;
+    }
+    update();
+}
+
+void KitWidget::focusOutEvent(QFocusEvent*) { update(); }
+
+void KitWidget::mousePressEvent(QMouseEvent* event) {
+    setFocusByKeyboard(false);
+    QWidget::mousePressEvent(event);
+}
+
+void KitWidget::setFocusByKeyboard(bool byKeyboard) {
+    if (focusByKeyboard_ == byKeyboard) return;
+    focusByKeyboard_ = byKeyboard;
+    update();
+}
+
+}  // namespace vtx

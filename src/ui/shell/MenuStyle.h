@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProxyStyle>
+
+namespace vtx {
+
+/// Draws menus by the theme: rows 25 high, the one under the pointer filled with the accent. The
+/// toolkit keeps what menus do: keyboard, assistive software, screens' edges.
+class MenuStyle final : public QProxyStyle {
+public:
+    MenuStyle();
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                  const QWidget* widget) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option,
+                                         const QSize& size, const QWidget* widget) const override;
+    [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                                QStyleHintReturn* returned) const override;
+};
+
+}  // namespace vtx

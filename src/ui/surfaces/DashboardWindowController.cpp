@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "ui/surfaces/DashboardWindowController.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include "platform/UserDefaults.h"
+#include "ui/kit/Symbol.h"
+#include "ui/surfaces/PopoverView.h"
+
+namespace vtx {
+namespace {
+
+constexpr QSize firstSize{460, 700};
+constexpr QSize leastSize{420, 620};
+
+}  // namespace
+
+/// The window itself: tells of its closing, however it came about.
+class DashboardWindowController::Window final : public QWidget {
+public:
+    explicit Window(DashboardWindowController& owner) : owner_(owner) {
+        setMinimumSize(leastSize);
+        auto* layout = new QVBoxLayout(this);
+        layout->setContentsMargins(0, 0, 0, 0);
+    }
+
+    void setContent(QWidget* content) {
+        delete content_;
+        content_ = content;
+        if (!content) return;
+        layout()->addWidget(content);
+        content->show();
+    }
+
+    void restoreFrame(const std::optional<Data>& stored) {
+        const auto bytes = stored ? asText(*stored) : std::string_view();
+        const QByteArray frame(bytes.data(), static_cast<qsizetype>(bytes.size()));
+        if (!frame.isEmpty() && restoreGeometry(frame)) return;
+        resize(firstSize);
+        const QRect room = screen()->availableGeometry();
+        move(room.center() - rect().center());
+    }
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        owner_.windowWillClose();
+        event->accept();
+    }
+
+private:
+    DashboardWindowController& owner_;
+    QWidget* content_ = nullptr;
+};
+
+DashboardWindowController::DashboardWindowController(MetricsCoordinator& coordinator,
+                                                     UserDefaults& defaults, QString title)
+    : coordinator_(coordinator), defaults_(defaults), title_(std::move(title)) {}
+
+DashboardWindowController::~DashboardWindowController() {
+    onVisibilityChange = nullptr;
+    if (window_ && window_->isVisible()) window_->close();
+}
+
+QWidget* DashboardWindowController::window() const { return window_.get(); }
+
+void DashboardWindowController::show(PopoverSection section) {
+    if (!window_) {
+        window_ = std::make_unique<Window>(*this);
+        window_->setWindowTitle(title_);
+        window_->restoreFrame(defaults_.data(frameKey));
+    }
+    window_->setContent(
+        new PopoverView(coordinator_, PopoverView::SurfaceKind::dashboard, section));
+    if (window_->isMinimized()) window_->showNormal();
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
+    if (onVisibilityChange) onVisibilityChange(true);
+}
+
+void DashboardWindowController::windowWillClose() {
+    const QByteArray frame = window_->saveGeometry();
+    defaults_.setData(frameKey,
+                      toData({frame.constData(), static_cast<std::size_t>(frame.size())}));
+    if (onVisibilityChange) onVisibilityChange(false);
+    window_->setContent(nullptr);
+    symbols::releaseCache();
+}
+
+}  // namespace vtx

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <memory>
+
+#include "ui/controller/SurfaceFactory.h"
+
+class QWidget;
+
+namespace vtx {
+
+class UserDefaults;
+
+/// The dashboard: a normal window of sections that keeps its place and size over starts. The window
+/// is kept while closed, its content is not, so that a closed dashboard costs nothing.
+class DashboardWindowController final : public DashboardSurface {
+public:
+    /// Where the window's frame is stored.
+    static constexpr std::string_view frameKey = "dashboardWindow.frame.v1";
+
+    /// The coordinator and the store must outlive the controller.
+    DashboardWindowController(MetricsCoordinator& coordinator, UserDefaults& defaults,
+                              QString title);
+    ~DashboardWindowController() override;
+
+    void show(PopoverSection section) override;
+
+    /// Null until it was first shown.
+    [[nodiscard]] QWidget* window() const;
+
+private:
+    class Window;
+    void windowWillClose();
+
+    MetricsCoordinator& coordinator_;
+    UserDefaults& defaults_;
+    const QString title_;
+    std::unique_ptr<Window> window_;
+};
+
+}  // namespace vtx

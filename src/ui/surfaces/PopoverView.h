@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+#include "base/Subscription.h"
+#include "ui/kit/Surface.h"
+#include "ui/models/PopoverSection.h"
+
+namespace vtx {
+
+class MetricsCoordinator;
+class ScrollArea;
+class SectionBar;
+
+/// The bar of sections over the page of the selected one: what the popover and the dashboard show.
+class PopoverView final : public Surface {
+public:
+    enum class SurfaceKind { popover, dashboard };
+
+    /// `onDetachRequested` is called with the selected section; the popover alone offers that.
+    PopoverView(MetricsCoordinator& coordinator, SurfaceKind surfaceKind, PopoverSection section,
+                std::function<void(PopoverSection)> onDetachRequested = {});
+
+    [[nodiscard]] PopoverSection selectedSection() const { return selectedSection_; }
+    void select(PopoverSection section);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    /// Names the sections in the language in force.
+    void nameSections();
+    void selectById(const QString& id);
+    [[nodiscard]] QWidget* makePage(PopoverSection section);
+
+    MetricsCoordinator& coordinator_;
+    const SurfaceKind surfaceKind_;
+    const std::function<void(PopoverSection)> onDetachRequested_;
+    PopoverSection selectedSection_;
+    SectionBar* bar_;
+    ScrollArea* page_;
+    Subscription language_;
+};
+
+}  // namespace vtx

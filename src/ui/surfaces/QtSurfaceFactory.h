@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPointer>
+#include <QString>
+
+#include "ui/controller/SurfaceFactory.h"
+
+class QWidget;
+
+namespace vtx {
+
+class AboutPanel;
+class DashboardWindowController;
+class PopoverController;
+class StatusItemController;
+class UserDefaults;
+class WindowSystem;
+
+/// Makes the surfaces as windows of the desktop. Main executor; owned by the composition root.
+class QtSurfaceFactory final : public SurfaceFactory {
+public:
+    /// `title` stands in every window's title. The system and the store must outlive the factory.
+    QtSurfaceFactory(WindowSystem& system, UserDefaults& defaults, QString title);
+    ~QtSurfaceFactory() override;
+
+    std::unique_ptr<DashboardSurface> makeDashboard(MetricsCoordinator& coordinator) override;
+    std::unique_ptr<StatusItemSurface> makeStatusItem(MetricsCoordinator& coordinator) override;
+    std::unique_ptr<PopoverSurface> makePopover(
+        MetricsCoordinator& coordinator, StatusItemSurface& item,
+        std::function<void(PopoverSection)> onDetachRequested) override;
+    void becomeAccessory() override;
+    void activate() override;
+    void showAboutPanel() override;
+    void terminate() override;
+
+    /// The surfaces that were made and still are; null before. For taking pictures of them.
+    [[nodiscard]] DashboardWindowController* dashboard() const { return dashboard_; }
+    [[nodiscard]] StatusItemController* statusItem() const { return statusItem_; }
+    [[nodiscard]] PopoverController* popover() const { return popover_; }
+    [[nodiscard]] QWidget* aboutPanel() const;
+
+private:
+    WindowSystem& system_;
+    UserDefaults& defaults_;
+    const QString title_;
+    DashboardWindowController* dashboard_ = nullptr;
+    StatusItemController* statusItem_ = nullptr;
+    PopoverController* popover_ = nullptr;
+    QPointer<AboutPanel> about_;
+};
+
+}  // namespace vtx

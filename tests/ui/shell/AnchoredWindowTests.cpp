@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include "ui/shell/AnchoredWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QLineEdit>
+#include <string>
+
+#include "ShellFakes.h"
+
+namespace vtx {
+namespace {
+
+const QRect strip(300, 0, 150, 24);
+const QPoint onStrip(310, 12), elsewhere(700, 700);
+
+/// A window that writes down when it opens (o) and closes (c), beside one that takes the focus
+/// away from it.
+class AnchoredWindowTest : public testing::Test {
+protected:
+    AnchoredWindowTest() {
+        window.onShow = [this] { told += 'o'; };
+        window.onClose = [this] { told += 'c'; };
+        window.setContent(content = new QLineEdit);
+        other.show();
+    }
+
+    void open() {
+        window.showAt(strip, DockEdge::top);
+        QApplication::processEvents();
+        ASSERT_TRUE(window.isActiveWindow());
+    }
+
+    void workElsewhere() {
+        other.activateWindow();
+        QApplication::processEvents();
+    }
+
+    FakeWindowSystem system;
+    AnchoredWindow window{system};
+    QWidget other;
+    QLineEdit* content;
+    std::string told;
+};
+
+TEST_F(AnchoredWindowTest, opens_beside_its_anchor_with_its_content_inside) {
+    open();
+    EXPECT_EQ(told, "o");
+    EXPECT_EQ(system.popovers, 1);
+    EXPECT_EQ(window.geometry(), window.place().window);
+    EXPECT_EQ(content->geometry(), window.place().content);
+    EXPECT_EQ(window.geometry().top(), 26);
+}
+
+TEST_F(AnchoredWindowTest, is_made_a_companion_once_and_opens_any_number_of_times) {
+    for (int round = 0; round < 3; ++round) {
+        open();
+        window.dismiss();
+        workElsewhere();
+    }
+    EXPECT_EQ(told, "ocococ");
+    EXPECT_EQ(system.popovers, 1);
+}
+
+TEST_F(AnchoredWindowTest, opening_and_closing_twice_is_told_once) {
+    open();
+    window.showAt(strip.translated(40, 0), DockEdge::top);
+    window.dismiss();
+    window.dismiss();
+    EXPECT_EQ(told, "oc");
+}
+
+TEST_F(AnchoredWindowTest, closes_on_escape_even_from_its_content) {
+    open();
+    pressKey(*content, Qt::Key_Escape);
+    EXPECT_EQ(told, "oc");
+    EXPECT_FALSE(window.isShown());
+}
+
+TEST_F(AnchoredWindowTest, closes_when_the_desktop_closes_it) {
+    open();
+    window.close();
+    EXPECT_EQ(told, "oc");
+}
+
+TEST_F(AnchoredWindowTest, closes_when_the_user_turns_to_another_window) {
+    open();
+    system.pointerAt = elsewhere;
+    workElsewhere();
+    EXPECT_EQ(told, "oc");
+}
+
+TEST_F(AnchoredWindowTest, closes_on_a_press_anywhere_else_and_then_listens_no_more) {
+    open();
+    ASSERT_TRUE(system.pressed);
+    system.pressed(elsewhere);
+    EXPECT_EQ(told, "oc");
+    EXPECT_FALSE(system.pressed);
+}
+
+TEST_F(AnchoredWindowTest, a_press_inside_or_on_the_anchor_does_not_close_it) {
+    open();
+    system.pressed(window.geometry().center());
+    system.pressed(onStrip);
+    EXPECT_EQ(told, "o");
+}
+
+TEST_F(AnchoredWindowTest, stays_open_for_the_click_when_a_press_on_the_anchor_moved_the_focus) {
+    open();
+    system.pointerAt = onStrip;
+    workElsewhere();
+    EXPECT_TRUE(window.isShown());
+    window.anchorPressed();
+    EXPECT_TRUE(window.isShown());
+    window.dismiss();  // the click
+    window.anchorReleased();
+    EXPECT_EQ(told, "oc");
+}
+
+TEST_F(AnchoredWindowTest, a_focus_that_moves_after_the_press_on_the_anchor_does_not_close_it) {
+    open();
+    window.anchorPressed();
+    system.pointerAt = onStrip;
+    workElsewhere();
+    EXPECT_EQ(told, "o");
+    window.anchorReleased();  // a right click: the menu opens, the window stays
+    QApplication::processEvents();
+    EXPECT_TRUE(window.isActiveWindow());
+}
+
+TEST_F(AnchoredWindowTest, a_dialog_of_its_own_does_not_close_it) {
+    open();
+    QDialog dialog(&window);
+    dialog.show();
+    dialog.activateWindow();
+    QApplication::processEvents();
+    EXPECT_EQ(told, "o");
+}
+
+TEST_F(AnchoredWindowTest, going_while_open_tells_nobody) {
+    std::string heard;
+    {
+        AnchoredWindow shortLived(system);
+        shortLived.onClose = [&] { heard += 'c'; };
+        shortLived.showAt(strip, DockEdge::top);
+    }
+    EXPECT_EQ(heard, "");
+    EXPECT_FALSE(system.pressed);
+}
+
+TEST_F(AnchoredWindowTest, is_cut_out_where_windows_do_not_blend) {
+    system.blends = false;
+    open();
+    EXPECT_FALSE(window.mask().contains(QPoint(1, 1)));
+    EXPECT_TRUE(window.mask().contains(QPoint(window.place().tip, 8)));
+}
+
+}  // namespace
+}  // namespace vtx
