@@ -28,7 +28,8 @@ public:
     KernelArray(KernelMemory& memory, const std::uint32_t* words, std::size_t count)
         : memory_(&memory), words_(words), count_(count) {}
     KernelArray(KernelArray&& other) noexcept
-        : memory_(other.memory_), words_(std::exchange(other.words_, nullptr)),
+        : memory_(other.memory_),
+          words_(std::exchange(other.words_, nullptr)),
           count_(std::exchange(other.count_, 0)) {}
     KernelArray& operator=(KernelArray&& other) noexcept {
         if (this != &other) {

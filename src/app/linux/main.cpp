@@ -3,7 +3,7 @@
 #include <QApplication>
 
 #include "app/CommandLine.h"
-#include "app/linux/ToolkitEnvironment.h"
+#include "app/linux/LinuxDesktop.h"
 #include "base/SerialExecutor.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/TerminationSignals.h"
@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
     vtx::LaunchOptions options;
     if (const auto done = vtx::readCommandLine(argc, argv, options)) return *done;
 
-    vtx::settleToolkitEnvironment();
+    vtx::LinuxDesktop::settleToolkit();
     vtx::TerminationSignals::block();  // before the first thread
     QApplication application(argc, argv);
     QApplication::setApplicationName("vantrix");
@@ -23,6 +23,7 @@ int main(int argc, char** argv) {
 
     vtx::QtMainExecutor mainExecutor;
     vtx::QtRunLoop runLoop;
+    const vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxPlatform platform(runLoop, mainExecutor, {});
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });

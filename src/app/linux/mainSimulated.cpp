@@ -3,7 +3,7 @@
 #include <QApplication>
 
 #include "app/CommandLine.h"
-#include "app/linux/ToolkitEnvironment.h"
+#include "app/linux/LinuxDesktop.h"
 #include "base/SerialExecutor.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     options.title = "Vantrix (simulated Mac)";
     if (const auto done = vtx::readCommandLine(argc, argv, options)) return *done;
 
-    vtx::settleToolkitEnvironment();
+    vtx::LinuxDesktop::settleToolkit();
     vtx::TerminationSignals::block();
     QApplication application(argc, argv);
     QApplication::setApplicationName("vantrix-simulated");
@@ -26,6 +26,7 @@ int main(int argc, char** argv) {
 
     vtx::QtMainExecutor mainExecutor;
     vtx::QtRunLoop runLoop;
+    const vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxClock clock(runLoop);
     vtx::SimulatedPlatform platform(clock);
     platform.mac.processors.live(1);

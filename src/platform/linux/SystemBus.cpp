@@ -51,6 +51,21 @@ std::optional<std::string> BusMessage::variantText() {
     return value;
 }
 
+std::optional<std::uint32_t> BusMessage::variantUnsigned() {
+    if (!message_) return std::nullopt;
+    constexpr int deepest = 4;
+    int depth = 0;
+    while (depth < deepest && sd_bus_message_enter_container(message_, 'v', "v") > 0) ++depth;
+    std::optional<std::uint32_t> value;
+    if (sd_bus_message_enter_container(message_, 'v', "u") > 0) {
+        std::uint32_t number = 0;
+        if (sd_bus_message_read_basic(message_, 'u', &number) > 0) value = number;
+        sd_bus_message_exit_container(message_);
+    }
+    while (depth-- > 0) sd_bus_message_exit_container(message_);
+    return value;
+}
+
 FileDescriptor BusMessage::descriptor() {
     int fd = -1;
     if (!message_ || sd_bus_message_read_basic(message_, 'h', &fd) <= 0) return {};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -28,6 +29,8 @@ public:
     [[nodiscard]] std::optional<bool> boolean();
     [[nodiscard]] std::optional<std::string> text();
     [[nodiscard]] std::optional<std::string> variantText();
+    /// Of 32 bits; a variant that only wraps another one is looked into.
+    [[nodiscard]] std::optional<std::uint32_t> variantUnsigned();
     /// A copy that the caller owns; -1 when there is none.
     [[nodiscard]] FileDescriptor descriptor();
 
@@ -42,10 +45,11 @@ struct BusObject {
     std::string interface;
 };
 
-/// The connection to the system's message bus, opened with the first use. Nothing here waits: what
-/// is sent is queued, and answers and signals come to handlers on the main executor, not at all
-/// where the bus or the service is absent, hangs or has gone. Services are never started by it. A
-/// lost connection is not made again. Main executor; owned by the platform.
+/// The connection to the system's message bus, or to another one by its address, opened with the
+/// first use. Nothing here waits: what is sent is queued, and answers and signals come to handlers
+/// on the main executor, not at all where the bus or the service is absent, hangs or has gone.
+/// Services are never started by it. A lost connection is not made again. Main executor; owned by
+/// the platform.
 class SystemBus {
 public:
     using Handler = std::function<void(BusMessage&)>;

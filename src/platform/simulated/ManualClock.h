@@ -42,7 +42,8 @@ public:
     /// Moves to the next deadline that is not beyond `limit` and fires that one timer. False, and
     /// nothing moved, when there is none.
     bool fireNext(Instant limit);
-    /// Fires everything due up to `target` and stands there; a target that has passed moves nothing.
+    /// Fires everything due up to `target` and stands there; a target that has passed moves
+    /// nothing.
     void advanceTo(Instant target);
     void advanceBy(Duration span);
 

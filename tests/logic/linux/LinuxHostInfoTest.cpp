@@ -58,10 +58,10 @@ TEST(LinuxHostInfo, a_processor_offline_since_the_start_has_its_place_too) {
     const auto info = host.processorLoadInfo();
     EXPECT_EQ(info.processorCount, 16u);
     const auto words = wordsOf(info);
-    EXPECT_EQ(words.at(2 * 4), 1020u);
+    EXPECT_EQ(words.at(8), 1020u);
     EXPECT_EQ(Words(words.begin() + 12, words.begin() + 16), (Words{0, 0, 0, 0}));
-    EXPECT_EQ(words.at(4 * 4), 1040u);
-    EXPECT_EQ(words.at(15 * 4), 1150u);
+    EXPECT_EQ(words.at(16), 1040u);
+    EXPECT_EQ(words.at(60), 1150u);
 }
 
 TEST(LinuxHostInfo, lines_in_another_order_reach_their_own_places) {

@@ -28,7 +28,7 @@ int keepFields(const struct iovec* fields, int count) {
 struct Log {
     enum class Journal { absent, present };
 
-    explicit Log(Journal journal, std::optional<std::string> level = std::nullopt) {
+    explicit Log(Journal journal, const std::optional<std::string>& level = std::nullopt) {
         journalled.clear();
         journalRefuses = false;
         std::array<int, 2> ends{};
@@ -95,8 +95,8 @@ TEST(LinuxUnifiedLog, a_line_that_the_journal_refuses_goes_to_standard_error) {
 }
 
 TEST(LinuxUnifiedLog, the_environment_says_the_least_level) {
-    const auto leastOf = [](Log::Journal journal, std::optional<std::string> asked) {
-        const Log log(journal, std::move(asked));
+    const auto leastOf = [](Log::Journal journal, const std::optional<std::string>& asked) {
+        const Log log(journal, asked);
         for (const auto level : {LogLevel::debug, LogLevel::info, LogLevel::standard}) {
             if (log.sink->isEnabled(level)) return level;
         }

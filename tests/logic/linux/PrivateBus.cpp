@@ -3,13 +3,13 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <systemd/sd-bus.h>
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <stdexcept>
 
 #include "platform/linux/FileDescriptor.h"
