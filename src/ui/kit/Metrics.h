@@ -46,6 +46,7 @@ inline constexpr int sectionHeadHeight = 26;
 inline constexpr int sectionHeadInset = 2;
 
 inline constexpr int stripHeight = 24;
+inline constexpr int stripRadius = 8;
 inline constexpr int stripInset = 6;
 inline constexpr int stripTileGap = 6;
 inline constexpr int stripSymbol = 13;

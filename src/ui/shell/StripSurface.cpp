@@ -50,7 +50,7 @@ void StripSurface::setTouching(Qt::Edges touching) {
 }
 
 QPainterPath StripSurface::shape() const {
-    return ShellShape::rounded(rect(), touching_, metrics::radiusWindow);
+    return ShellShape::rounded(rect(), touching_, metrics::stripRadius);
 }
 
 bool StripSurface::event(QEvent* event) {
@@ -88,14 +88,14 @@ void StripSurface::paintEvent(QPaintEvent*) {
     painter.setPen(pen);
     painter.setBrush(over(theme.color(ColorToken::window),
                           theme.color(ColorToken::text1, static_cast<float>(stateOpacity()))));
-    painter.drawPath(ShellShape::rounded(framed, touching_, metrics::radiusWindow));
+    painter.drawPath(ShellShape::rounded(framed, touching_, metrics::stripRadius));
 
     if (!hasFocus() || !isActiveWindow()) return;
     constexpr double half = metrics::strokeFocus / 2;
     painter.setPen(QPen(theme.color(ColorToken::accent), metrics::strokeFocus));
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(ShellShape::rounded(QRectF(rect()).adjusted(half, half, -half, -half),
-                                         touching_, metrics::radiusWindow - half));
+                                         touching_, metrics::stripRadius - half));
 }
 
 void StripSurface::resizeEvent(QResizeEvent*) {
