@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "CostReport.h"
+#include "Options.h"
+#include "Program.h"
+#include "TemporaryFolder.h"
+#include "UnevenLoad.h"
+
+namespace vtx::bench {
+
+/// Every program that is measured, started together and ended with this.
+class Bench {
+public:
+    /// Starts the programs. Throws `std::runtime_error` where one cannot be.
+    explicit Bench(const Options& options);
+
+    /// Measures once with every surface of the resident program closed, uses each surface, and
+    /// measures again. Throws `std::runtime_error` when a program ends by itself. Once only.
+    [[nodiscard]] CostReport measure();
+
+private:
+    /// A program with settings and a runtime folder that no other shares.
+    struct Subject {
+        Subject(std::string shownName, const std::vector<std::string>& command,
+                Program::Environment environment);
+
+        TemporaryFolder home;  // first: the program writes in it until it ends
+        std::string name;
+        Program program;
+    };
+
+    /// One of our own programs; null where it is not built.
+    Subject* add(const std::string& name, const std::filesystem::path& folder);
+    void add(const std::string& command);
+    Subject* start(const std::string& name, const std::vector<std::string>& command,
+                   Program::Environment environment);
+    [[nodiscard]] std::vector<CostReading> readAll();
+    void measureWindow(std::string title);
+    /// Lets the window of time pass; how often the strip showed something else meanwhile.
+    [[nodiscard]] std::optional<std::size_t> watchStrip();
+    [[nodiscard]] bool useSurfaces();
+
+    const Options options_;
+    const UnevenLoad load_;
+    CostReport report_;
+    std::vector<std::unique_ptr<Subject>> subjects_;
+    Subject* resident_ = nullptr;
+};
+
+}  // namespace vtx::bench

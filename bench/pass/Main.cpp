@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// vantrix-bench-pass: the CPU time of one pass over what the preferences of a first start need,
+// beside bare reads of the same files, with gaps between them as the real cadence has.
+#include <fmt/format.h>
+
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "pass/PassMeter.h"
+
+namespace vtx::bench {
+namespace {
+
+constexpr const char* usage = R"(Usage: vantrix-bench-pass [--passes N] [--interval MS]
+
+Prints what one pass costs beside bare reads of the files it needs.
+
+  --passes N     how many are counted, 60 when not said
+  --interval MS  milliseconds from one pass to the next, 1000 when not said;
+                 less understates the cost, since caches stay warm
+  --help         shows this text
+)";
+
+constexpr int worksInARound = 3;
+
+int number(const std::string& text) {
+    int value = 0;
+    const auto end = text.data() + text.size();
+    if (std::from_chars(text.data(), end, value).ptr != end || value < 1) {
+        throw std::runtime_error(fmt::format("'{}' is no number above zero", text));
+    }
+    return value;
+}
+
+std::string row(const char* name, const Statistics& times, const Statistics& floor) {
+    return fmt::format("  {:<24}{:>12.1f}{:>12.1f}{:>12.2f}\n", name, times.median().count(),
+                       times.p95().count(), times.median() / floor.median());
+}
+
+int run(const std::vector<std::string>& arguments) {
+    int passes = 60;
+    int interval = 1000;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        if (arguments[i] == "--help") {
+            std::fputs(usage, stdout);
+            return EXIT_SUCCESS;
+        }
+        int* const option = arguments[i] == "--passes"     ? &passes
+                            : arguments[i] == "--interval" ? &interval
+                                                           : nullptr;
+        if (!option || i + 1 == arguments.size()) {
+            throw std::runtime_error(fmt::format("'{}' is not understood", arguments[i]));
+        }
+        *option = number(arguments[++i]);
+    }
+    const std::chrono::milliseconds gap(interval / worksInARound);
+    const PassCosts costs = PassMeter().measure(passes, gap);
+    std::fputs(
+        fmt::format("CPU time of one pass ({} passes, {} ms apart)\n", passes, interval).c_str(),
+        stdout);
+    std::fputs(
+        fmt::format("  {:<24}{:>12}{:>12}{:>12}\n", "", "median µs", "p95 µs", "× preads").c_str(),
+        stdout);
+    std::fputs(row("the pass, both threads", costs.pass, costs.preads).c_str(), stdout);
+    std::fputs(row("its system part", costs.system, costs.preads).c_str(), stdout);
+    std::fputs(row("preads of its files", costs.preads, costs.preads).c_str(), stdout);
+    return EXIT_SUCCESS;
+}
+
+}  // namespace
+}  // namespace vtx::bench
+
+int main(int argc, char** argv) {
+    try {
+        return vtx::bench::run({argv + 1, argv + argc});
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "vantrix-bench-pass: %s\n", error.what());
+        return EXIT_FAILURE;
+    }
+}
