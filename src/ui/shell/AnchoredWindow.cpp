@@ -149,6 +149,13 @@ void AnchoredWindow::ended() {
     disconnect(focus_);
     presses_.cancel();
     patience_.stop();
+    // The window itself goes too: what it was drawn in is most of what it costs.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (!shown_) destroy();
+        },
+        Qt::QueuedConnection);
     if (onClose) onClose();
 }
 

@@ -53,8 +53,9 @@ void NormalWindowStatusItem::setHighlighted(bool highlighted) {
     surface_->setHighlighted(highlighted);
 }
 
+void NormalWindowStatusItem::setTitle(const QString& title) { window_.setWindowTitle(title); }
+
 void NormalWindowStatusItem::setAccessibleText(const QString& name, const QString& description) {
-    window_.setWindowTitle(name);
     surface_->setAccessibleName(name);
     surface_->setAccessibleDescription(description);
 }

@@ -20,6 +20,7 @@ public:
     [[nodiscard]] double thickness() const override;
     void setContent(QWidget* content) override;
     void setHighlighted(bool highlighted) override;
+    void setTitle(const QString& title) override;
     void setAccessibleText(const QString& name, const QString& description) override;
     void show() override;
     [[nodiscard]] QRect screenGeometry() const override { return window_.geometry(); }

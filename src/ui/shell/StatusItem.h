@@ -43,6 +43,9 @@ public:
     virtual void setContent(QWidget* content) = 0;
     /// Whether what belongs to the item is open.
     virtual void setHighlighted(bool highlighted) = 0;
+    /// Names the window where lists of windows show it. Constant: a title is a property that the
+    /// window system tells everybody of.
+    virtual void setTitle(const QString& title) = 0;
     /// What assistive software reads: the item's name, and its figures.
     virtual void setAccessibleText(const QString& name, const QString& description) = 0;
 

@@ -82,8 +82,9 @@ void StripStatusItem::setContent(QWidget* content) { surface_->setContent(conten
 
 void StripStatusItem::setHighlighted(bool highlighted) { surface_->setHighlighted(highlighted); }
 
+void StripStatusItem::setTitle(const QString& title) { window_.setWindowTitle(title); }
+
 void StripStatusItem::setAccessibleText(const QString& name, const QString& description) {
-    window_.setWindowTitle(name);
     surface_->setAccessibleName(name);
     surface_->setAccessibleDescription(description);
 }

@@ -49,6 +49,13 @@ protected:
     void closeEvent(QCloseEvent* event) override {
         owner_.windowWillClose();
         event->accept();
+        // What the window was drawn in is most of what it costs.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (!isVisible()) destroy();
+            },
+            Qt::QueuedConnection);
     }
 
 private:

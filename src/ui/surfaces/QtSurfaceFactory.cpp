@@ -25,7 +25,7 @@ std::unique_ptr<DashboardSurface> QtSurfaceFactory::makeDashboard(MetricsCoordin
 std::unique_ptr<StatusItemSurface> QtSurfaceFactory::makeStatusItem(
     MetricsCoordinator& coordinator) {
     auto made = std::make_unique<StatusItemController>(
-        system_, vtx::makeStatusItem(system_, defaults_), coordinator);
+        system_, vtx::makeStatusItem(system_, defaults_), title_, coordinator);
     statusItem_ = made.get();
     return made;
 }

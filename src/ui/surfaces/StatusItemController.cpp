@@ -32,13 +32,14 @@ StatusMenuItem menuItemOf(MenuItem item) {
 }  // namespace
 
 StatusItemController::StatusItemController(WindowSystem& system, std::unique_ptr<StatusItem> item,
-                                           MetricsCoordinator& coordinator)
+                                           const QString& title, MetricsCoordinator& coordinator)
     : system_(system), item_(std::move(item)), strip_(new StripView(coordinator)) {
     QObject::connect(strip_, &StripView::widthHintChanged, strip_, [this] {
         if (onIntrinsicWidthChange) onIntrinsicWidthChange();
     });
     const auto speak = [this] { item_->setAccessibleText(qt(strip_->spokenSummary()), {}); };
     QObject::connect(strip_, &StripView::summaryChanged, strip_, speak);
+    item_->setTitle(title);
     item_->setContent(strip_);
     item_->onClick = [this](StatusItemClick click, QPoint) {
         if (onClick) onClick(eventOf(click));

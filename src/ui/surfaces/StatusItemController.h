@@ -16,7 +16,7 @@ class StatusItemController final : public StatusItemSurface {
 public:
     /// The system and the coordinator must outlive the item.
     StatusItemController(WindowSystem& system, std::unique_ptr<StatusItem> item,
-                         MetricsCoordinator& coordinator);
+                         const QString& title, MetricsCoordinator& coordinator);
     ~StatusItemController() override;
 
     [[nodiscard]] bool hasButton() const override { return true; }

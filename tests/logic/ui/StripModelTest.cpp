@@ -84,7 +84,7 @@ TEST(StripModel, with_every_tile_hidden_it_is_empty) {
 
 TEST(StripModel, temperature_falls_back_on_the_thermal_level) {
     StripReadings readings;
-    readings.thermalLevel = "Serious";
+    readings.thermalLevel = std::string("Serious");
     EXPECT_EQ(tileOf(describeStrip(readings, {}), "thermal").label, "Serious");
     readings.cpuMaxC = 62.6;
     EXPECT_EQ(tileOf(describeStrip(readings, {}), "thermal").label, "63°C");
