@@ -127,12 +127,10 @@ bool AnchoredWindow::isOurs(const QWindow* window) const {
 void AnchoredWindow::paintEvent(QPaintEvent*) {
     const Theme& theme = Theme::current();
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     const QPen pen =
         ShellShape::outline(theme.color(ColorToken::borderStrong), devicePixelRatioF());
-    painter.setPen(pen);
-    painter.setBrush(theme.color(ColorToken::window));
-    painter.drawPath(place_.outline(pen.widthF() / 2));
+    ShellShape::paint(painter, *this, place_.outline(pen.widthF() / 2), pen,
+                      theme.color(ColorToken::window));
 }
 
 void AnchoredWindow::keyPressEvent(QKeyEvent* event) {

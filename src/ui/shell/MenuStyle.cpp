@@ -93,11 +93,10 @@ void MenuStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
                                          painter->device()->devicePixelRatioF());
     const double half = pen.widthF() / 2;
     painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(pen);
-    painter->setBrush(theme.color(ColorToken::raised));
-    painter->drawRoundedRect(QRectF(option->rect).adjusted(half, half, -half, -half),
-                             metrics::radiusMenu - half, metrics::radiusMenu - half);
+    const QRectF framed = QRectF(option->rect).adjusted(half, half, -half, -half);
+    ShellShape::paint(*painter, *widget,
+                      ShellShape::rounded(framed, {}, metrics::radiusMenu - half), pen,
+                      theme.color(ColorToken::raised));
     painter->restore();
 }
 

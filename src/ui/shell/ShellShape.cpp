@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/shell/ShellShape.h"
 
+#include <QPainter>
+#include <QVariant>
 #include <QWidget>
 #include <algorithm>
 
@@ -8,6 +10,11 @@
 #include "ui/shell/WindowSystem.h"
 
 namespace vtx::ShellShape {
+namespace {
+
+constexpr auto cutProperty = "vantrixCut";
+
+}  // namespace
 
 QPainterPath rounded(const QRectF& rect, Qt::Edges touching, double radius) {
     const double r = std::min({radius, rect.width() / 2, rect.height() / 2});
@@ -36,12 +43,25 @@ QPen outline(const QColor& color, double scale) {
     return {color, std::max(metrics::strokeOutline, 1 / scale)};
 }
 
-void cut(QWidget& window, const QPainterPath& path, const WindowSystem& system) {
-    if (system.blendsWindows()) {
+void cut(QWidget& window, const QPainterPath& path, WindowSystem& system) {
+    const bool isCut = !system.blendsWindows();
+    window.setProperty(cutProperty, isCut);
+    if (isCut)
+        system.cutOut(window, path);
+    else
         window.clearMask();
-    } else {
-        window.setMask(QRegion(path.toFillPolygon().toPolygon()));
+}
+
+void paint(QPainter& painter, const QWidget& widget, const QPainterPath& body, const QPen& pen,
+           const QColor& fill) {
+    if (widget.window()->property(cutProperty).toBool()) {
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.fillRect(body.boundingRect().adjusted(-1, -1, 1, 1), fill);
     }
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(pen);
+    painter.setBrush(fill);
+    painter.drawPath(body);
 }
 
 }  // namespace vtx::ShellShape

@@ -29,7 +29,7 @@ QString literal(QString title) { return title.replace('&', "&&"); }
 
 }  // namespace
 
-StatusMenu::StatusMenu(const WindowSystem& system, const std::vector<StatusMenuItem>& items)
+StatusMenu::StatusMenu(WindowSystem& system, const std::vector<StatusMenuItem>& items)
     : system_(system) {
     setStyle(menuStyle());
     setWindowFlag(Qt::FramelessWindowHint);
@@ -52,7 +52,7 @@ StatusMenu::StatusMenu(const WindowSystem& system, const std::vector<StatusMenuI
     }
 }
 
-void StatusMenu::popUp(const WindowSystem& system, const std::vector<StatusMenuItem>& items,
+void StatusMenu::popUp(WindowSystem& system, const std::vector<StatusMenuItem>& items,
                        const QRect& anchor) {
     auto* menu = new StatusMenu(system, items);
     menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -28,11 +28,11 @@ struct StatusMenuItem {
 /// and deletes itself when it has closed. Main executor.
 class StatusMenu final : public QMenu {
 public:
-    StatusMenu(const WindowSystem& system, const std::vector<StatusMenuItem>& items);
+    StatusMenu(WindowSystem& system, const std::vector<StatusMenuItem>& items);
 
     /// Opens below `anchor`, or above it where there is no room; both on the desktop. An action
     /// runs after the menu has gone.
-    static void popUp(const WindowSystem& system, const std::vector<StatusMenuItem>& items,
+    static void popUp(WindowSystem& system, const std::vector<StatusMenuItem>& items,
                       const QRect& anchor);
 
 protected:
@@ -40,7 +40,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    const WindowSystem& system_;
+    WindowSystem& system_;
 };
 
 }  // namespace vtx

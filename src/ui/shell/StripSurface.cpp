@@ -55,6 +55,9 @@ QPainterPath StripSurface::shape() const {
 
 bool StripSurface::event(QEvent* event) {
     switch (event->type()) {
+        // No hover is told while a menu is open.
+        case QEvent::Enter:
+        case QEvent::Leave:
         case QEvent::HoverEnter:
         case QEvent::HoverLeave:
         case QEvent::WindowActivate:
@@ -75,7 +78,6 @@ double StripSurface::stateOpacity() const {
 void StripSurface::paintEvent(QPaintEvent*) {
     const Theme& theme = Theme::current();
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
 
     // The outline runs on the sides that face the desktop; on the others it lies out of view.
     const QPen pen =
@@ -85,10 +87,10 @@ void StripSurface::paintEvent(QPaintEvent*) {
     };
     const QRectF framed = QRectF(rect()).adjusted(inset(Qt::LeftEdge), inset(Qt::TopEdge),
                                                   -inset(Qt::RightEdge), -inset(Qt::BottomEdge));
-    painter.setPen(pen);
-    painter.setBrush(over(theme.color(ColorToken::window),
-                          theme.color(ColorToken::text1, static_cast<float>(stateOpacity()))));
-    painter.drawPath(ShellShape::rounded(framed, touching_, metrics::stripRadius));
+    const QColor ground = over(theme.color(ColorToken::window),
+                               theme.color(ColorToken::text1, static_cast<float>(stateOpacity())));
+    ShellShape::paint(painter, *this, ShellShape::rounded(framed, touching_, metrics::stripRadius),
+                      pen, ground);
 
     if (!hasFocus() || !isActiveWindow()) return;
     constexpr double half = metrics::strokeFocus / 2;

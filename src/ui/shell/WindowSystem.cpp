@@ -2,8 +2,17 @@
 #include "ui/shell/WindowSystem.h"
 
 #include <QCursor>
+#include <QPainterPath>
+#include <QRegion>
+#include <QWidget>
+
+#include "ui/kit/Paint.h"
 
 namespace vtx {
+
+void WindowSystem::cutOut(QWidget& window, const QPainterPath& path) {
+    window.setMask(paint::maskOf(path, window.size()));
+}
 
 QPoint WindowSystem::pointer() const { return QCursor::pos(); }
 

@@ -9,6 +9,7 @@
 #include "base/Subscription.h"
 #include "ui/shell/StripPlacement.h"
 
+class QPainterPath;
 class QWidget;
 
 namespace vtx {
@@ -35,6 +36,9 @@ public:
     virtual void stripShown(QWidget& /*window*/) {}
     /// Makes a short-lived companion of a window that has its handle but was never shown.
     virtual void makePopover(QWidget& /*window*/) {}
+
+    /// Shows only what lies within the path, given in the window's coordinates.
+    virtual void cutOut(QWidget& window, const QPainterPath& path);
 
     /// Keeps maximised windows away from a part of the desktop; absent: no longer.
     virtual void reserve(QWidget& /*window*/, const std::optional<Strut>& /*strut*/) {}

@@ -29,6 +29,7 @@ PopoverView::PopoverView(MetricsCoordinator& coordinator, SurfaceKind surfaceKin
       selectedSection_(section),
       bar_(new SectionBar(this)),
       page_(new ScrollArea(this)) {
+    setAttribute(Qt::WA_OpaquePaintEvent, surfaceKind == SurfaceKind::dashboard);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -46,6 +47,11 @@ void PopoverView::select(PopoverSection section) {
     selectedSection_ = section;
     bar_->setCurrent(qt(describe(section).rawValue));
     page_->setContents(makePage(section));
+}
+
+void PopoverView::paintEvent(QPaintEvent* event) {
+    // The popover's window draws its own ground, with an outline and corners to be seen.
+    if (surfaceKind_ == SurfaceKind::dashboard) Surface::paintEvent(event);
 }
 
 void PopoverView::showEvent(QShowEvent* event) {

@@ -26,6 +26,7 @@ public:
     void select(PopoverSection section);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 

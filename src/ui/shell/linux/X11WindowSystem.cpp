@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ui/shell/linux/X11WindowSystem.h"
 
+#include <xcb/shape.h>
+
+#include <QPainterPath>
+#include <QTransform>
 #include <QWidget>
+#include <QtMath>
 #include <algorithm>
 #include <limits>
 
+#include "ui/kit/Paint.h"
 #include "ui/shell/NativeWindowSystem.h"
 #include "ui/shell/linux/X11PressWatcher.h"
 
@@ -72,6 +78,23 @@ void X11WindowSystem::makePopover(QWidget& window) {
     x11_->setAtoms(
         id, "_NET_WM_STATE",
         {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"});
+}
+
+void X11WindowSystem::cutOut(QWidget& window, const QPainterPath& path) {
+    const xcb_window_t id = handle(window);
+    if (id == XCB_WINDOW_NONE) return WindowSystem::cutOut(window, path);
+    const qreal scale = window.devicePixelRatioF();
+    const QSize size(qCeil(window.width() * scale), qCeil(window.height() * scale));
+    std::vector<xcb_rectangle_t> rectangles;
+    for (const QRect& part : paint::maskOf(QTransform::fromScale(scale, scale).map(path), size)) {
+        rectangles.push_back(
+            {static_cast<std::int16_t>(part.x()), static_cast<std::int16_t>(part.y()),
+             static_cast<std::uint16_t>(part.width()), static_cast<std::uint16_t>(part.height())});
+    }
+    xcb_shape_rectangles(x11_->get(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
+                         XCB_CLIP_ORDERING_YX_BANDED, id, 0, 0,
+                         static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+    x11_->flush();
 }
 
 void X11WindowSystem::reserve(QWidget& window, const std::optional<Strut>& strut) {
