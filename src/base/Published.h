@@ -44,6 +44,8 @@ public:
         return changed_.subscribeTelling(std::move(handler), value_);
     }
 
+    [[nodiscard]] bool hasSubscribers() const { return changed_.hasSubscribers(); }
+
     /// The same as a stream, to be put through operators. It must not outlive the object.
     [[nodiscard]] Stream<T> stream() const {
         return

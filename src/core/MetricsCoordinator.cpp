@@ -18,8 +18,6 @@ namespace vtx {
 namespace {
 
 constexpr Logger logger{"MetricsCoordinator"};
-constexpr double shortestInterval = 0.5;
-constexpr double longestInterval = 2.0;
 constexpr double batterySaverFactor = 2.0;
 constexpr Duration bridgeInterval = std::chrono::milliseconds(50);
 
@@ -42,9 +40,11 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
 MetricsCoordinator::~MetricsCoordinator() { stop(); }
 
 double MetricsCoordinator::effectiveInterval() const {
+    using P = DisplayPreferences;
     // These two ignore a NaN, which so becomes the shortest interval.
-    const double base = std::fmin(std::fmax(preferences->refreshIntervalSeconds, shortestInterval),
-                                  longestInterval);
+    const double base =
+        std::fmin(std::fmax(preferences->refreshIntervalSeconds, P::minRefreshIntervalSeconds),
+                  P::maxRefreshIntervalSeconds);
     return *pollingMode == PollingMode::batterySaver ? base * batterySaverFactor : base;
 }
 
@@ -68,7 +68,8 @@ void MetricsCoordinator::setPollingMode(PollingMode mode) {
     if (mode == *pollingMode) return;
     logger.info("Polling mode → {}", name(mode));
     pollingMode = mode;
-    if (mode == PollingMode::suspended)
+    // An observer may have chosen another one meanwhile.
+    if (*pollingMode == PollingMode::suspended)
         stop();
     else
         start();

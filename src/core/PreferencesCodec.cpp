@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 #include "core/PreferencesFields.h"
 
@@ -20,18 +21,36 @@ using HistoryRange = DisplayPreferences::HistoryRange;
 constexpr int maxDepth = 512;
 constexpr double twoToThe63rd = 9223372036854775808.0;
 
+/// How many digits stand before the point from the first one on that is not zero: 3 of 100, 0 of
+/// 0.1, -1 of 0.01. Zero itself has the least there is.
+std::int64_t magnitudeOf(std::string_view number) {
+    constexpr std::int64_t limit = std::int64_t{1} << 60;
+    const auto mantissa = number.substr(0, number.find_first_of("eE"));
+    const auto first = mantissa.find_first_of("123456789");
+    if (first == std::string_view::npos) return -limit;
+    const auto point = std::min(mantissa.find('.'), mantissa.size());
+    const auto place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first) +
+                       (first > point ? 1 : 0);
+    if (mantissa.size() == number.size()) return place;
+    auto digits = number.substr(mantissa.size() + 1);
+    if (digits.starts_with('+')) digits.remove_prefix(1);
+    std::int64_t exponent = digits.starts_with('-') ? -limit : limit;  // stays where it is larger
+    std::from_chars(digits.data(), digits.data() + digits.size(), exponent);
+    return place + std::clamp(exponent, -limit, limit);
+}
+
 /// Whether no 64-bit float holds the number, because it is too large.
 bool isOversized(std::string_view number) {
-    const auto exponent = number.find_first_of("eE");
-    if (exponent == std::string_view::npos) {
-        if (number.size() <= 300 || number.find('.') != std::string_view::npos) return false;
-    } else if (exponent + 1 < number.size() && number[exponent + 1] == '-') {
+    constexpr std::size_t alwaysFits = 300;
+    if (number.size() <= alwaysFits && number.find_first_of("eE") == std::string_view::npos) {
         return false;
     }
     double value = 0;
     const auto* end = number.data() + number.size();
     const auto result = std::from_chars(number.data(), end, value);
-    return result.ec == std::errc::result_out_of_range && result.ptr == end;
+    // Out of range is what is too small, too, and that reads as zero.
+    return result.ec == std::errc::result_out_of_range && result.ptr == end &&
+           magnitudeOf(number) > 0;
 }
 
 /// JSON sets its numbers no bounds, the parser does, and would refuse the whole text. An oversized

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string_view>
+#include <tuple>
 
 #include "core/DisplayPreferences.h"
 
@@ -21,93 +22,107 @@ struct PreferenceField {
     FieldClass fieldClass;
 };
 
-/// Calls `visit` with every field of the preferences once, in the order of declaration: the one
-/// list by which records are read, written and tested.
+namespace preferenceFields {
+
+using P = DisplayPreferences;
+
+template <class T>
+constexpr PreferenceField<T> tolerant(std::string_view name, T P::* member) {
+    return {name, member, FieldClass::tolerant};
+}
+
+template <class T>
+constexpr PreferenceField<T> presenceOnly(std::string_view name, T P::* member) {
+    return {name, member, FieldClass::presenceOnly};
+}
+
+constexpr PreferenceField<bool> trueWhenUnread(std::string_view name, bool P::* member) {
+    return {name, member, FieldClass::trueWhenUnread};
+}
+
+/// Every field of the preferences once, in the order of declaration: the one list by which records
+/// are read, written and tested.
+inline constexpr std::tuple all{
+    tolerant("showCPU", &P::showCPU),
+    tolerant("showGPU", &P::showGPU),
+    tolerant("showThermal", &P::showThermal),
+    tolerant("showMemory", &P::showMemory),
+    tolerant("showDiskIO", &P::showDiskIO),
+    tolerant("showPower", &P::showPower),
+    tolerant("showFan", &P::showFan),
+    tolerant("showANE", &P::showANE),
+    presenceOnly("menuBarLiveCPU", &P::menuBarLiveCPU),
+    presenceOnly("menuBarLiveGPU", &P::menuBarLiveGPU),
+    presenceOnly("menuBarLiveMemory", &P::menuBarLiveMemory),
+    presenceOnly("menuBarLiveTemp", &P::menuBarLiveTemp),
+    presenceOnly("menuBarLiveDisk", &P::menuBarLiveDisk),
+    presenceOnly("menuBarLivePower", &P::menuBarLivePower),
+    presenceOnly("menuBarLiveFan", &P::menuBarLiveFan),
+    presenceOnly("menuBarLiveANE", &P::menuBarLiveANE),
+    presenceOnly("iconCPU", &P::iconCPU),
+    presenceOnly("iconGPU", &P::iconGPU),
+    presenceOnly("iconThermal", &P::iconThermal),
+    presenceOnly("iconMemory", &P::iconMemory),
+    presenceOnly("iconDisk", &P::iconDisk),
+    presenceOnly("iconPower", &P::iconPower),
+    presenceOnly("iconFan", &P::iconFan),
+    presenceOnly("iconANE", &P::iconANE),
+    presenceOnly("menuBarOrder", &P::menuBarOrder),
+    presenceOnly("menuBarCompact", &P::menuBarCompact),
+    presenceOnly("compactPriority", &P::compactPriority),
+    tolerant("refreshIntervalSeconds", &P::refreshIntervalSeconds),
+    tolerant("autoRelieveOnPressure", &P::autoRelieveOnPressure),
+    tolerant("launchAtLogin", &P::launchAtLogin),
+    tolerant("graphsCPU", &P::graphsCPU),
+    tolerant("graphsPCore", &P::graphsPCore),
+    tolerant("graphsECore", &P::graphsECore),
+    tolerant("graphsGPU", &P::graphsGPU),
+    tolerant("graphsMemory", &P::graphsMemory),
+    tolerant("graphsDisk", &P::graphsDisk),
+    tolerant("graphsPower", &P::graphsPower),
+    tolerant("graphsANE", &P::graphsANE),
+    tolerant("chartStyle", &P::chartStyle),
+    tolerant("historyRange", &P::historyRange),
+    tolerant("colorCPU", &P::colorCPU),
+    tolerant("colorPCore", &P::colorPCore),
+    tolerant("colorECore", &P::colorECore),
+    tolerant("colorGPU", &P::colorGPU),
+    tolerant("colorMemory", &P::colorMemory),
+    tolerant("colorDisk", &P::colorDisk),
+    tolerant("colorPower", &P::colorPower),
+    tolerant("colorANE", &P::colorANE),
+    tolerant("alertCPUEnabled", &P::alertCPUEnabled),
+    tolerant("alertCPUThreshold", &P::alertCPUThreshold),
+    tolerant("alertGPUEnabled", &P::alertGPUEnabled),
+    tolerant("alertGPUThreshold", &P::alertGPUThreshold),
+    tolerant("alertMemoryEnabled", &P::alertMemoryEnabled),
+    tolerant("alertMemoryThreshold", &P::alertMemoryThreshold),
+    tolerant("alertPressureEnabled", &P::alertPressureEnabled),
+    tolerant("alertTempEnabled", &P::alertTempEnabled),
+    tolerant("alertTempCelsius", &P::alertTempCelsius),
+    tolerant("alertDiskEnabled", &P::alertDiskEnabled),
+    tolerant("alertDiskThreshold", &P::alertDiskThreshold),
+    tolerant("alertPowerEnabled", &P::alertPowerEnabled),
+    tolerant("alertPowerWatts", &P::alertPowerWatts),
+    tolerant("alertFanEnabled", &P::alertFanEnabled),
+    tolerant("alertFanRPM", &P::alertFanRPM),
+    tolerant("alertANEEnabled", &P::alertANEEnabled),
+    tolerant("alertANEThreshold", &P::alertANEThreshold),
+    tolerant("miniWidgetEnabled", &P::miniWidgetEnabled),
+    tolerant("miniWidgetX", &P::miniWidgetX),
+    tolerant("miniWidgetY", &P::miniWidgetY),
+    tolerant("languageCode", &P::languageCode),
+    trueWhenUnread("hasCompletedFirstRunLanguage", &P::hasCompletedFirstRunLanguage),
+    tolerant("hogDetectorEnabled", &P::hogDetectorEnabled),
+    tolerant("hogCPUThreshold", &P::hogCPUThreshold),
+    tolerant("hogMinDurationSeconds", &P::hogMinDurationSeconds)};
+
+}  // namespace preferenceFields
+
+/// Calls `visit` with every field of that list, in its order.
 template <class Visitor>
 constexpr void forEachPreferenceField(Visitor&& visit) {
-    using P = DisplayPreferences;
-    constexpr auto tolerant = []<class T>(std::string_view name, T P::* member) {
-        return PreferenceField<T>{name, member, FieldClass::tolerant};
-    };
-    constexpr auto presenceOnly = []<class T>(std::string_view name, T P::* member) {
-        return PreferenceField<T>{name, member, FieldClass::presenceOnly};
-    };
-    constexpr auto trueWhenUnread = [](std::string_view name, bool P::* member) {
-        return PreferenceField<bool>{name, member, FieldClass::trueWhenUnread};
-    };
-    visit(tolerant("showCPU", &P::showCPU));
-    visit(tolerant("showGPU", &P::showGPU));
-    visit(tolerant("showThermal", &P::showThermal));
-    visit(tolerant("showMemory", &P::showMemory));
-    visit(tolerant("showDiskIO", &P::showDiskIO));
-    visit(tolerant("showPower", &P::showPower));
-    visit(tolerant("showFan", &P::showFan));
-    visit(tolerant("showANE", &P::showANE));
-    visit(presenceOnly("menuBarLiveCPU", &P::menuBarLiveCPU));
-    visit(presenceOnly("menuBarLiveGPU", &P::menuBarLiveGPU));
-    visit(presenceOnly("menuBarLiveMemory", &P::menuBarLiveMemory));
-    visit(presenceOnly("menuBarLiveTemp", &P::menuBarLiveTemp));
-    visit(presenceOnly("menuBarLiveDisk", &P::menuBarLiveDisk));
-    visit(presenceOnly("menuBarLivePower", &P::menuBarLivePower));
-    visit(presenceOnly("menuBarLiveFan", &P::menuBarLiveFan));
-    visit(presenceOnly("menuBarLiveANE", &P::menuBarLiveANE));
-    visit(presenceOnly("iconCPU", &P::iconCPU));
-    visit(presenceOnly("iconGPU", &P::iconGPU));
-    visit(presenceOnly("iconThermal", &P::iconThermal));
-    visit(presenceOnly("iconMemory", &P::iconMemory));
-    visit(presenceOnly("iconDisk", &P::iconDisk));
-    visit(presenceOnly("iconPower", &P::iconPower));
-    visit(presenceOnly("iconFan", &P::iconFan));
-    visit(presenceOnly("iconANE", &P::iconANE));
-    visit(presenceOnly("menuBarOrder", &P::menuBarOrder));
-    visit(presenceOnly("menuBarCompact", &P::menuBarCompact));
-    visit(presenceOnly("compactPriority", &P::compactPriority));
-    visit(tolerant("refreshIntervalSeconds", &P::refreshIntervalSeconds));
-    visit(tolerant("autoRelieveOnPressure", &P::autoRelieveOnPressure));
-    visit(tolerant("launchAtLogin", &P::launchAtLogin));
-    visit(tolerant("graphsCPU", &P::graphsCPU));
-    visit(tolerant("graphsPCore", &P::graphsPCore));
-    visit(tolerant("graphsECore", &P::graphsECore));
-    visit(tolerant("graphsGPU", &P::graphsGPU));
-    visit(tolerant("graphsMemory", &P::graphsMemory));
-    visit(tolerant("graphsDisk", &P::graphsDisk));
-    visit(tolerant("graphsPower", &P::graphsPower));
-    visit(tolerant("graphsANE", &P::graphsANE));
-    visit(tolerant("chartStyle", &P::chartStyle));
-    visit(tolerant("historyRange", &P::historyRange));
-    visit(tolerant("colorCPU", &P::colorCPU));
-    visit(tolerant("colorPCore", &P::colorPCore));
-    visit(tolerant("colorECore", &P::colorECore));
-    visit(tolerant("colorGPU", &P::colorGPU));
-    visit(tolerant("colorMemory", &P::colorMemory));
-    visit(tolerant("colorDisk", &P::colorDisk));
-    visit(tolerant("colorPower", &P::colorPower));
-    visit(tolerant("colorANE", &P::colorANE));
-    visit(tolerant("alertCPUEnabled", &P::alertCPUEnabled));
-    visit(tolerant("alertCPUThreshold", &P::alertCPUThreshold));
-    visit(tolerant("alertGPUEnabled", &P::alertGPUEnabled));
-    visit(tolerant("alertGPUThreshold", &P::alertGPUThreshold));
-    visit(tolerant("alertMemoryEnabled", &P::alertMemoryEnabled));
-    visit(tolerant("alertMemoryThreshold", &P::alertMemoryThreshold));
-    visit(tolerant("alertPressureEnabled", &P::alertPressureEnabled));
-    visit(tolerant("alertTempEnabled", &P::alertTempEnabled));
-    visit(tolerant("alertTempCelsius", &P::alertTempCelsius));
-    visit(tolerant("alertDiskEnabled", &P::alertDiskEnabled));
-    visit(tolerant("alertDiskThreshold", &P::alertDiskThreshold));
-    visit(tolerant("alertPowerEnabled", &P::alertPowerEnabled));
-    visit(tolerant("alertPowerWatts", &P::alertPowerWatts));
-    visit(tolerant("alertFanEnabled", &P::alertFanEnabled));
-    visit(tolerant("alertFanRPM", &P::alertFanRPM));
-    visit(tolerant("alertANEEnabled", &P::alertANEEnabled));
-    visit(tolerant("alertANEThreshold", &P::alertANEThreshold));
-    visit(tolerant("miniWidgetEnabled", &P::miniWidgetEnabled));
-    visit(tolerant("miniWidgetX", &P::miniWidgetX));
-    visit(tolerant("miniWidgetY", &P::miniWidgetY));
-    visit(tolerant("languageCode", &P::languageCode));
-    visit(trueWhenUnread("hasCompletedFirstRunLanguage", &P::hasCompletedFirstRunLanguage));
-    visit(tolerant("hogDetectorEnabled", &P::hogDetectorEnabled));
-    visit(tolerant("hogCPUThreshold", &P::hogCPUThreshold));
-    visit(tolerant("hogMinDurationSeconds", &P::hogMinDurationSeconds));
+    std::apply([&visit](const auto&... field) { (visit(field), ...); }, preferenceFields::all);
 }
 
 }  // namespace vtx

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace vtx {
 namespace {
@@ -29,7 +30,7 @@ double mean(const std::vector<double>& values) {
 bool isEfficiency(std::size_t processor, const CoreLayout& layout, std::size_t count) {
     if (layout.clusterMap.size() == count)
         return layout.clusterMap[processor] == ClusterType::efficiency;
-    return processor < static_cast<std::size_t>(layout.eCoreCount);
+    return std::cmp_less(processor, layout.eCoreCount);
 }
 
 }  // namespace

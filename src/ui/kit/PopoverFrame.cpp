@@ -3,7 +3,6 @@
 
 #include <QPainter>
 #include <QTransform>
-#include <algorithm>
 
 #include "ui/kit/Metrics.h"
 #include "ui/kit/Paint.h"
@@ -15,8 +14,6 @@ namespace {
 
 constexpr int arrowHeight = metrics::popoverArrowHeight;
 constexpr qreal arrowHalf = metrics::popoverArrowWidth / 2.0;
-// The tip comes no closer to a side than this, so that the arrow stays off the round corner.
-constexpr int tipMargin = metrics::radiusWindow + metrics::popoverArrowWidth / 2;
 
 /// From the left foot of the arrow at (-12, 0) over the tip at (0, -10) to the right foot.
 void addArrow(QPainterPath& path, QPointF foot) {
@@ -41,21 +38,6 @@ QPainterPath shapeWithArrowOnTop(QSizeF size, qreal radius, qreal tipX) {
     path.arcTo(0, h - r, r, r, 270, -90);
     path.closeSubpath();
     return path;
-}
-
-int tipFor(int left, int width, int anchorMiddle) {
-    return std::clamp(anchorMiddle - left, tipMargin, std::max(tipMargin, width - tipMargin));
-}
-
-int leftFor(const QRect& available, int width, int anchorMiddle) {
-    const int first = available.left();
-    const int last = std::max(first, available.left() + available.width() - width);
-    constexpr int margin = metrics::popoverScreenMargin;
-    const int kept = std::clamp(anchorMiddle - width / 2, std::min(first + margin, last),
-                                std::max(first, last - margin));
-    // Nearer to the edge only where the tip would otherwise miss the middle.
-    const int miss = anchorMiddle - (kept + tipFor(kept, width, anchorMiddle));
-    return std::clamp(kept + miss, first, last);
 }
 
 }  // namespace
@@ -83,22 +65,6 @@ void PopoverFrame::paint(QPainter& painter) const {
     painter.setBrush(theme.color(ColorToken::window));
     painter.drawPath(outline(width / 2));
     painter.restore();
-}
-
-PopoverPlace placePopover(const QRect& anchor, QSize body, const QRect& available) {
-    const int above = anchor.top() - available.top();
-    const int below = available.bottom() - anchor.bottom();
-    PopoverFrame frame;
-    frame.edge = below >= above ? ArrowEdge::top : ArrowEdge::bottom;
-    const int room = std::max(above, below) - arrowHeight - metrics::popoverScreenMargin;
-    frame.body = {body.width(), std::clamp(room, std::min(1, body.height()), body.height())};
-    const int middle = anchor.left() + anchor.width() / 2;
-    const int left = leftFor(available, body.width(), middle);
-    frame.tipX = tipFor(left, body.width(), middle);
-    const QSize size = frame.windowSize();
-    const int top = frame.edge == ArrowEdge::top ? anchor.top() + anchor.height()
-                                                 : anchor.top() - size.height();
-    return {QRect(QPoint(left, top), size), frame};
 }
 
 }  // namespace vtx

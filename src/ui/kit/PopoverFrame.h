@@ -31,17 +31,4 @@ struct PopoverFrame {
     void paint(QPainter& painter) const;
 };
 
-/// Where a popover goes on the screen.
-struct PopoverPlace {
-    QRect window;
-    PopoverFrame frame;
-
-    bool operator==(const PopoverPlace&) const = default;
-};
-
-/// Places a popover whose tip touches the middle of `anchor`: below it while there is more room
-/// there, otherwise above. The body keeps its distance from the edges of `available` as long as
-/// the tip can still point, and loses height where the screen is too low.
-[[nodiscard]] PopoverPlace placePopover(const QRect& anchor, QSize body, const QRect& available);
-
 }  // namespace vtx

@@ -51,6 +51,18 @@ TEST(PollingModes, start_up_is_idle_by_the_power_source) {
     }
 }
 
+TEST(PollingModes, start_up_on_battery_starts_the_loop_twice_and_the_second_one_stays) {
+    AppBench bench;
+    bench.mac.setPower(SimulatedPower::battery);
+    FakeSurfaces surfaces;
+    const MenuBarController controller(bench.ports(), bench.executors(), surfaces);
+    bench.advance(seconds(2));
+    EXPECT_EQ(bench.log.count(LogLevel::info, "MetricsCoordinator",
+                              "MetricsCoordinator started (mode=batterySaver, interval=2.000000s)"),
+              2U);
+    EXPECT_EQ(bench.platform.calls("host_processor_info"), 2U);
+}
+
 TEST(PollingModes, an_open_popover_is_active) {
     Modes m({.onBattery = true});
     m.controller.togglePopover();
@@ -96,7 +108,7 @@ TEST(PollingModes, a_switched_low_power_mode_chooses_again_unless_the_popover_is
 }
 
 TEST(PollingModes, a_switched_low_power_mode_changes_nothing_while_the_popover_is_shown) {
-    Modes m({.popover = true});
+    Modes m({.onBattery = true, .popover = true});  // any choice would leave `background`
     m.bench.mac.sleep();
     m.bench.mac.wake();
     m.bench.settle();

@@ -324,6 +324,23 @@ TEST(PreferencesCodec, a_number_beyond_every_float_costs_its_own_member_only) {
     EXPECT_EQ(decode("{\"alertTempCelsius\":" + std::string(400, '9') + "}"), emptyRecord());
 }
 
+TEST(PreferencesCodec, a_number_is_too_large_by_its_value_however_it_is_written) {
+    const auto temperature = [](const std::string& number) {
+        const auto decoded = decode(R"({"languageCode":"de","alertTempCelsius":)" + number + "}");
+        EXPECT_TRUE(decoded && decoded->languageCode == "de") << number;
+        return decoded ? decoded->alertTempCelsius : NAN;
+    };
+    const std::string manyDigits(400, '9');
+    const std::string manyZeros(400, '0');
+    EXPECT_EQ(temperature(manyDigits + ".5"), 90.0);
+    EXPECT_EQ(temperature("-" + manyDigits + "e-5"), 90.0);
+    EXPECT_EQ(temperature("1e99999999999999999999"), 90.0);
+    EXPECT_EQ(temperature("1" + manyZeros + "e-400"), 1.0);
+    EXPECT_EQ(temperature("0." + manyZeros + "1e+5"), 0.0);
+    EXPECT_EQ(temperature("0." + manyZeros + "1"), 0.0);
+    EXPECT_EQ(temperature("0e99999999999999999999"), 0.0);
+}
+
 TEST(PreferencesCodec, members_that_no_field_has_are_passed_over) {
     EXPECT_EQ(decode(R"({"showGPU":true,"ShowCPU":false,"future":{"a":[1,{"b":null}]}})"), [] {
         DisplayPreferences expected = emptyRecord();

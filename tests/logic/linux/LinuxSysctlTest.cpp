@@ -56,6 +56,14 @@ TEST(LinuxSysctl, a_hybrid_laptop_has_two_levels_that_add_up_to_its_processors) 
     EXPECT_EQ(machine.int32("hw.optional.arm64"), std::nullopt);
 }
 
+TEST(LinuxSysctl, only_one_vendors_processors_have_a_cpu_type) {
+    for (const auto* vendor : {"AuthenticAMD", "CentaurHauls", "genuineintel"}) {
+        const TemporaryTree tree;
+        tree.write("/proc/cpuinfo", std::string("processor\t: 0\nvendor_id\t: ") + vendor + "\n");
+        EXPECT_EQ(Machine(tree.path()).int32("hw.cputype"), std::nullopt) << vendor;
+    }
+}
+
 TEST(LinuxSysctl, a_board_is_named_by_its_device_tree) {
     Machine machine(fixture("arm-big-little-board-6.6"));
     EXPECT_EQ(machine.int32("hw.perflevel0.logicalcpu"), 2);

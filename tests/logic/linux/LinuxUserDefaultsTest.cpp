@@ -10,14 +10,18 @@
 #include <thread>
 #include <vector>
 
-#include "TemporaryFolder.h"
 #include "base/Log.h"
+#include "linux/TemporaryTree.h"
 
 namespace vtx {
 namespace {
 
 namespace fs = std::filesystem;
 using Names = std::set<std::string>;
+using test::contentsOf;
+using test::namesIn;
+using test::TemporaryTree;
+using test::writeFile;
 
 /// Takes the process's log lines for as long as it lives.
 class RecordedLog final : public LogSink {
@@ -86,7 +90,7 @@ Environment environmentOf(std::map<std::string, std::string, std::less<>> variab
 
 class LinuxUserDefaultsTest : public testing::Test {
 protected:
-    TemporaryFolder folder;
+    TemporaryTree folder;
     fs::path file = folder / "defaults.json";
     RecordedLog log;
 };
@@ -165,7 +169,7 @@ TEST_F(LinuxUserDefaultsTest, a_key_of_an_unknown_form_can_be_set_and_removed) {
 TEST_F(LinuxUserDefaultsTest, a_damaged_file_is_set_aside_as_it_was_and_a_new_one_begun) {
     for (const std::string& damage : {std::string("{\"a\":\"1"), std::string(), std::string("[]"),
                                       std::string("{\"a\":\"\xff\"}"), std::string(512, '\0')}) {
-        const TemporaryFolder own;
+        const TemporaryTree own;
         const RecordedLog ownLog;
         writeFile(own / "defaults.json", damage);
         LinuxUserDefaults store(own.path());

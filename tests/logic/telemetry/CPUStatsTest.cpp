@@ -97,6 +97,13 @@ TEST(CPUStats, a_map_of_another_length_is_not_believed) {
     EXPECT_EQ(stats->pPerCore.size(), 1U);
 }
 
+TEST(CPUStats, a_count_below_zero_makes_no_core_an_efficiency_core) {
+    const auto stats = CPUStats::make(ramp(3), zeros(3), layoutOf(4, -1));
+    ASSERT_TRUE(stats);
+    EXPECT_THAT(stats->ePerCore, IsEmpty());
+    EXPECT_EQ(stats->pPerCore.size(), 3U);
+}
+
 TEST(CPUStats, means_weigh_every_core_the_same) {
     const auto stats = CPUStats::make(ramp(3), zeros(3), layoutOf(2, 1));
     ASSERT_TRUE(stats);

@@ -11,52 +11,6 @@
 namespace vtx {
 namespace {
 
-constexpr QRect screen(0, 0, 1280, 800);
-constexpr QSize body(360, 540);
-
-TEST(PopoverPlace, the_tip_points_at_the_middle_of_its_anchor) {
-    const PopoverPlace place = placePopover(QRect(600, 0, 100, 24), body, screen);
-    EXPECT_EQ(place.frame.edge, ArrowEdge::top);
-    EXPECT_EQ(place.window.top(), 24);
-    EXPECT_EQ(place.window.left() + place.frame.tipX, 650);
-    EXPECT_EQ(place.window.size(), QSize(360, 550));
-}
-
-TEST(PopoverPlace, stays_eight_inside_the_screen_while_the_tip_still_points) {
-    const PopoverPlace place = placePopover(QRect(1180, 0, 100, 24), body, screen);
-    EXPECT_EQ(place.window.right() + 1, 1280 - 8);
-    EXPECT_EQ(place.window.left() + place.frame.tipX, 1230);
-}
-
-TEST(PopoverPlace, comes_nearer_to_the_edge_before_the_tip_would_miss) {
-    const PopoverPlace place = placePopover(QRect(1246, 0, 20, 24), body, screen);
-    EXPECT_EQ(place.window.left() + place.frame.tipX, 1256);
-    EXPECT_EQ(place.window.right() + 1, 1280);
-    const PopoverPlace corner = placePopover(QRect(0, 0, 24, 24), body, screen);
-    EXPECT_EQ(corner.window.left(), 0);
-    EXPECT_EQ(corner.frame.tipX, 24);
-}
-
-TEST(PopoverPlace, opens_upward_from_the_lower_half) {
-    const PopoverPlace place = placePopover(QRect(600, 776, 100, 24), body, screen);
-    EXPECT_EQ(place.frame.edge, ArrowEdge::bottom);
-    EXPECT_EQ(place.window.bottom() + 1, 776);
-    EXPECT_EQ(place.frame.bodyRect(), QRect(0, 0, 360, 540));
-}
-
-TEST(PopoverPlace, gives_up_height_on_a_low_screen) {
-    const PopoverPlace place = placePopover(QRect(600, 0, 100, 24), body, QRect(0, 0, 1280, 400));
-    EXPECT_EQ(place.window.bottom() + 1, 400 - 8);
-    EXPECT_EQ(place.frame.body.width(), 360);
-}
-
-TEST(PopoverPlace, works_on_a_screen_that_is_not_the_first) {
-    const QRect second(-1920, 200, 1920, 1080);
-    const PopoverPlace place = placePopover(QRect(-100, 200, 100, 24), body, second);
-    EXPECT_TRUE(second.contains(place.window));
-    EXPECT_EQ(place.window.left() + place.frame.tipX, -50);
-}
-
 TEST(PopoverFrame, the_outline_has_the_arrow_and_the_round_corners) {
     const PopoverFrame frame{QSize(200, 100), ArrowEdge::top, 60};
     const QPainterPath shape = frame.outline();

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+// What a pass samples.
+#include "core/PassTable.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "support/CoordinatorBench.h"
+
+namespace vtx {
+namespace {
+
+TEST(PassNeeds, an_idle_pass_in_battery_saver_asks_the_platform_for_what_background_does) {
+    const auto callsIn = [](PollingMode mode) {
+        CoordinatorBench b;
+        b.coordinator.setPollingMode(mode);
+        b.settle();
+        b.platform.resetCalls();
+        b.advance(seconds(2));
+        EXPECT_GT(b.platform.totalCalls(), 0U);
+        return b.platform.instruments.counter.all();
+    };
+    CoordinatorBench reference;
+    reference.coordinator.start();
+    reference.settle();
+    reference.platform.resetCalls();
+    reference.advance(seconds(1));
+    EXPECT_EQ(callsIn(PollingMode::batterySaver), reference.platform.instruments.counter.all());
+}
+
+TEST(PassNeeds, the_processor_is_sampled_only_while_something_asks_for_it) {
+    CoordinatorBench b;
+    b.needNoCPU();
+    b.coordinator.start();
+    b.advance(seconds(3));
+    EXPECT_EQ(b.samples(), 0U);
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.settle();
+    EXPECT_EQ(b.samples(), 1U);
+}
+
+TEST(PassNeeds, each_preference_alone_keeps_the_processor_sampled) {
+    for (const auto flag :
+         {&DisplayPreferences::showCPU, &DisplayPreferences::menuBarLiveCPU,
+          &DisplayPreferences::alertCPUEnabled, &DisplayPreferences::menuBarCompact}) {
+        CoordinatorBench b;
+        b.needNoCPU();
+        EXPECT_FALSE(b.coordinator.needsCPU());
+        b.change([flag](auto& p) { p.*flag = true; });
+        EXPECT_TRUE(b.coordinator.needsCPU());
+    }
+}
+
+struct NeedCase {
+    Subsystem subsystem;
+    std::vector<bool DisplayPreferences::*> keepers;
+};
+
+std::vector<NeedCase> needCases() {
+    using P = DisplayPreferences;
+    return {{Subsystem::gpu, {&P::showGPU, &P::menuBarLiveGPU, &P::alertGPUEnabled}},
+            {Subsystem::memory,
+             {&P::showMemory, &P::menuBarLiveMemory, &P::alertMemoryEnabled,
+              &P::alertPressureEnabled, &P::autoRelieveOnPressure}},
+            {Subsystem::temperature, {&P::showThermal, &P::menuBarLiveTemp, &P::alertTempEnabled}},
+            {Subsystem::disk, {&P::showDiskIO, &P::menuBarLiveDisk, &P::alertDiskEnabled}},
+            {Subsystem::fan, {&P::showFan, &P::menuBarLiveFan, &P::alertFanEnabled}},
+            {Subsystem::ane, {&P::showANE, &P::menuBarLiveANE, &P::alertANEEnabled}}};
+}
+
+// No flag of any metric is set.
+DisplayPreferences nothingWanted() {
+    DisplayPreferences p;
+    p.showCPU = p.showThermal = p.showMemory = p.showANE = false;
+    p.menuBarLiveCPU = p.menuBarLiveGPU = p.menuBarLiveMemory = p.menuBarLiveTemp = false;
+    p.menuBarLiveDisk = p.menuBarLivePower = p.menuBarLiveFan = p.menuBarLiveANE = false;
+    return p;
+}
+
+TEST(PassNeeds, each_keeper_alone_keeps_its_subsystem_and_no_other) {
+    CoordinatorBench b;
+    for (const auto& wanted : needCases()) {
+        for (const auto keeper : wanted.keepers) {
+            auto p = nothingWanted();
+            p.*keeper = true;
+            b.coordinator.preferences = p;
+            for (const auto& asked : needCases())
+                EXPECT_EQ(b.coordinator.needsSubsystem(asked.subsystem),
+                          asked.subsystem == wanted.subsystem);
+        }
+    }
+}
+
+TEST(PassNeeds, power_preferences_keep_nothing_alive) {
+    CoordinatorBench b;
+    auto p = nothingWanted();
+    p.showPower = p.menuBarLivePower = p.alertPowerEnabled = true;
+    b.coordinator.preferences = p;
+    for (const auto& asked : needCases())
+        EXPECT_FALSE(b.coordinator.needsSubsystem(asked.subsystem));
+    EXPECT_FALSE(b.coordinator.needsCPU());
+}
+
+TEST(PassNeeds, compact_mode_an_open_surface_and_the_thermal_level_need_everything) {
+    CoordinatorBench b;
+    auto p = nothingWanted();
+    b.coordinator.preferences = p;
+    EXPECT_TRUE(b.coordinator.needsSubsystem(Subsystem::thermal));
+    p.menuBarCompact = true;
+    b.coordinator.preferences = p;
+    for (const auto& asked : needCases())
+        EXPECT_TRUE(b.coordinator.needsSubsystem(asked.subsystem));
+    b.coordinator.preferences = nothingWanted();
+    b.coordinator.setPollingMode(PollingMode::active);
+    for (const auto& asked : needCases())
+        EXPECT_TRUE(b.coordinator.needsSubsystem(asked.subsystem));
+}
+
+// Where each sampler stands in a pass. The table may lack a sampler, but may not reorder any.
+TEST(PassTable, samplers_stand_in_their_laid_down_order_and_phase) {
+    using enum PassPhase;
+    const std::vector<std::pair<std::string, PassPhase>> laidDown{
+        {"cpu", concurrent}, {"gpu", concurrent},     {"memory", concurrent},
+        {"thermal", main},   {"temperature", main},   {"diskIO", main},
+        {"fan", main},       {"network", activeOnly}, {"battery", activeOnly}};
+    auto place = laidDown.begin();
+    for (const PassRow& row : passTable()) {
+        place = std::find(place, laidDown.end(),
+                          std::pair<std::string, PassPhase>(row.name, row.phase));
+        ASSERT_NE(place, laidDown.end()) << row.name;
+        EXPECT_EQ(row.refresh != nullptr, row.phase == concurrent) << row.name;
+        EXPECT_EQ(row.refreshNow != nullptr, row.phase != concurrent) << row.name;
+    }
+    EXPECT_FALSE(passTable().empty());
+}
+
+}  // namespace
+}  // namespace vtx
