@@ -15,6 +15,8 @@ class SectionBar;
 
 /// The bar of sections over the page of the selected one: what the popover and the dashboard show.
 class PopoverView final : public Surface {
+    Q_OBJECT
+
 public:
     enum class SurfaceKind { popover, dashboard };
 

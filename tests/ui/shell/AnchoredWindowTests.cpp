@@ -53,14 +53,14 @@ TEST_F(AnchoredWindowTest, opens_beside_its_anchor_with_its_content_inside) {
     EXPECT_EQ(window.geometry().top(), 26);
 }
 
-TEST_F(AnchoredWindowTest, is_made_a_companion_once_and_opens_any_number_of_times) {
+TEST_F(AnchoredWindowTest, is_made_a_companion_each_time_that_its_window_is_made_anew) {
     for (int round = 0; round < 3; ++round) {
         open();
         window.dismiss();
         workElsewhere();
     }
     EXPECT_EQ(told, "ocococ");
-    EXPECT_EQ(system.popovers, 1);
+    EXPECT_EQ(system.popovers, 3);
 }
 
 TEST_F(AnchoredWindowTest, opening_and_closing_twice_is_told_once) {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "ShellFakes.h"
+#include "ui/support/Shown.h"
 
 namespace vtx {
 namespace {
@@ -139,6 +140,18 @@ TEST_F(StripSurfaceTest, being_highlighted_shows) {
     surface.setHighlighted(false);
     EXPECT_NE(plain, open);
     EXPECT_EQ(plain, ground(surface));
+}
+
+// A menu takes the pointer away without a word about hovering.
+TEST_F(StripSurfaceTest, the_pointer_that_is_taken_away_leaves_no_patches) {
+    test::show(surface);
+    test::settle();
+    test::PaintRecorder recorder(surface);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&surface, &leave);
+    test::settle();
+    ASSERT_EQ(recorder.painted.size(), 1U);
+    EXPECT_EQ(recorder.painted[0].boundingRect(), surface.rect());
 }
 
 }  // namespace

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+// The menu of the strip and what its entries do.
+#include <gmock/gmock.h>
+
+#include "support/DesktopTest.h"
+
+namespace vtx::e2e {
+namespace {
+
+class MenuE2E : public DesktopTest {
+protected:
+    /// The menu as assistive software meets it: by the focus that goes to its first entry.
+    [[nodiscard]] std::optional<Accessible> openedMenu() {
+        if (!eventually([this] { return isMenuOpen(); })) return std::nullopt;
+        (void)desktop.accessibility().newEvents("StateChanged:focused");
+        std::optional<Accessible> entry;
+        const auto focused = [&] {
+            for (const auto& event : desktop.accessibility().newEvents("StateChanged:focused"))
+                if (event.source.role() == "menu item") entry = event.source;
+            return entry.has_value();
+        };
+        // Again if need be: the menu shows a moment before it has the keyboard.
+        constexpr Span untilAgain{700};
+        (void)eventually([&] {
+            user().press(key::down);
+            return eventually(focused, untilAgain);
+        });
+        return entry ? entry->parent() : std::nullopt;
+    }
+
+    [[nodiscard]] static std::vector<std::string> entriesOf(const Accessible& menu) {
+        std::vector<std::string> names;
+        for (const Accessible& entry : menu.children())
+            if (entry.role() == "menu item") names.push_back(entry.name());
+        return names;
+    }
+
+    void choose(const std::string& name) {
+        user().click(stripPlace(), UserInput::Button::right);
+        const auto menu = openedMenu();
+        ASSERT_TRUE(menu) << "no menu";
+        const auto entry = menu->findNamed(name);
+        ASSERT_TRUE(entry) << menu->drawing();
+        user().click(entry->place());
+    }
+
+    [[nodiscard]] xcb_window_t dashboard() { return display().clientOfType("NORMAL"); }
+
+    const testing::Matcher<std::vector<std::string>> allEntries = testing::ElementsAre(
+        "About Vantrix", "Settings…", "Open Dashboard", "Refresh Now", "Quit Vantrix");
+};
+
+TEST_F(MenuE2E, a_right_click_opens_it_with_all_entries) {
+    startVantrix();
+    user().click(stripPlace(), UserInput::Button::right);
+    const auto menu = openedMenu();
+    ASSERT_TRUE(menu);
+    EXPECT_THAT(entriesOf(*menu), allEntries);
+    EXPECT_FALSE(isPopoverOpen());
+}
+
+TEST_F(MenuE2E, escape_closes_it_and_the_next_right_click_opens_it_again) {
+    startVantrix();
+    user().click(stripPlace(), UserInput::Button::right);
+    ASSERT_TRUE(openedMenu());
+    user().press(key::escape);
+    ASSERT_TRUE(eventually([this] { return !isMenuOpen(); }));
+    user().click(stripPlace(), UserInput::Button::right);
+    const auto menu = openedMenu();
+    ASSERT_TRUE(menu);
+    EXPECT_THAT(entriesOf(*menu), allEntries);
+}
+
+TEST_F(MenuE2E, a_control_click_opens_it_and_never_the_popover) {
+    startVantrix();
+    user().clickWith(key::control, stripPlace());
+    const auto menu = openedMenu();
+    ASSERT_TRUE(menu);
+    EXPECT_THAT(entriesOf(*menu), allEntries);
+    EXPECT_FALSE(isPopoverOpen());
+}
+
+TEST_F(MenuE2E, opens_from_the_strip_with_the_popover_open) {
+    startVantrix();
+    user().click(stripPlace());
+    ASSERT_TRUE(eventually([this] { return isPopoverOpen(); }));
+    user().click(stripPlace(), UserInput::Button::right);
+    EXPECT_TRUE(openedMenu());
+}
+
+TEST_F(MenuE2E, open_dashboard_opens_the_window) {
+    startVantrix();
+    choose("Open Dashboard");
+    ASSERT_TRUE(eventually([this] { return dashboard() != 0; }));
+    EXPECT_EQ(display().title(dashboard()), "Vantrix");
+    EXPECT_GE(display().place(dashboard()).width, 420);
+    EXPECT_GE(display().place(dashboard()).height, 620);
+    ASSERT_TRUE(eventually([this] { return elementOf(dashboard()).has_value(); }));
+    const auto window = elementOf(dashboard());
+    EXPECT_TRUE(window->findNamed("Overview"));
+    EXPECT_TRUE(window->findNamed("CPU"));
+    EXPECT_FALSE(window->findNamed("Als Fenster öffnen")) << "that is for the popover alone";
+}
+
+TEST_F(MenuE2E, the_simulated_program_says_so_in_its_title) {
+    start(VANTRIX_SIMULATED_PROGRAM, "vantrix-simulated");
+    choose("Open Dashboard");
+    ASSERT_TRUE(eventually([this] { return dashboard() != 0; }));
+    EXPECT_THAT(display().title(dashboard()), testing::HasSubstr("simulated"));
+}
+
+TEST_F(MenuE2E, settings_opens_the_popover) {
+    startVantrix();
+    choose("Settings…");
+    EXPECT_TRUE(eventually([this] { return isPopoverOpen(); }));
+}
+
+TEST_F(MenuE2E, about_opens_a_panel_that_names_the_version) {
+    startVantrix();
+    choose("About Vantrix");
+    ASSERT_TRUE(eventually([this] { return windowNamed("About Vantrix").has_value(); }));
+    EXPECT_THAT(windowNamed("About Vantrix")->description(), testing::StartsWith("Version "));
+}
+
+TEST_F(MenuE2E, refresh_now_leaves_the_program_running) {
+    startVantrix();
+    choose("Refresh Now");
+    ASSERT_TRUE(eventually([this] { return !isMenuOpen(); }));
+    EXPECT_TRUE(eventually([this] { return spokenCpu().has_value(); }));
+    EXPECT_FALSE(vantrix->hasEnded());
+}
+
+TEST_F(MenuE2E, quit_ends_the_process_in_order) {
+    startVantrix();
+    choose("Quit Vantrix");
+    EXPECT_EQ(vantrix->exitStatus(), 0);
+}
+
+TEST_F(MenuE2E, the_key_of_quit_works_in_the_menu) {
+    startVantrix();
+    user().click(stripPlace(), UserInput::Button::right);
+    ASSERT_TRUE(openedMenu());
+    user().pressWith(key::control, key::q);
+    EXPECT_EQ(vantrix->exitStatus(), 0);
+}
+
+}  // namespace
+}  // namespace vtx::e2e

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+#include "support/XDisplay.h"
+
+namespace vtx::e2e {
+
+/// Keys by their symbols.
+namespace key {
+inline constexpr std::uint32_t escape = 0xFF1B;
+inline constexpr std::uint32_t enter = 0xFF0D;
+inline constexpr std::uint32_t down = 0xFF54;
+inline constexpr std::uint32_t menu = 0xFF67;
+inline constexpr std::uint32_t control = 0xFFE3;
+inline constexpr std::uint32_t q = 0x71;
+}  // namespace key
+
+/// The hand of the user on mouse and keyboard: what it does reaches programs as from real devices.
+class UserInput {
+public:
+    enum class Button : std::uint8_t { left = 1, right = 3 };
+
+    explicit UserInput(const XDisplay& display) : display_(display) {}
+
+    void moveTo(int x, int y) const;
+    void click(const Place& place, Button button = Button::left) const;
+    void clickWith(std::uint32_t modifier, const Place& place) const;
+    void press(std::uint32_t key) const;
+    void pressWith(std::uint32_t modifier, std::uint32_t key) const;
+
+private:
+    void send(std::uint8_t type, std::uint8_t detail, int x = 0, int y = 0) const;
+    void hold(std::uint32_t key) const;
+    void letGo(std::uint32_t key) const;
+    [[nodiscard]] std::uint8_t codeOf(std::uint32_t key) const;
+
+    const XDisplay& display_;
+};
+
+}  // namespace vtx::e2e
