@@ -33,6 +33,7 @@ AnchoredWindow::AnchoredWindow(WindowSystem& system)
     : system_(system), contentSize_(metrics::popoverWidth, metrics::popoverHeight) {
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                    Qt::NoDropShadowWindowHint);
+    accessibility::install();
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_QuitOnClose, false);
     patience_.setSingleShot(true);

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "base/Subscription.h"
+#include "ui/kit/AccessibleParts.h"
 #include "ui/shell/AnchorPlacement.h"
 
 class QWindow;
@@ -18,7 +19,7 @@ class WindowSystem;
 /// user turns elsewhere, by a press anywhere else or by Escape. It is a window that the desktop
 /// manages, so that it takes the keyboard like any other. Main executor; owned by the controller
 /// of the bar, and kept while closed.
-class AnchoredWindow final : public QWidget {
+class AnchoredWindow final : public QWidget, public AccessibleHost {
 public:
     explicit AnchoredWindow(WindowSystem& system);
     ~AnchoredWindow() override;
@@ -42,6 +43,8 @@ public:
     void anchorReleased();
 
     [[nodiscard]] const AnchoredPlace& place() const { return place_; }
+
+    [[nodiscard]] QAccessible::Role accessibleRole() const override { return QAccessible::Dialog; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -12,6 +12,7 @@ public:
     explicit AboutPanel(const QString& title);
 
     [[nodiscard]] QSize sizeHint() const override { return {280, 208}; }
+    [[nodiscard]] QAccessible::Role accessibleRole() const override { return QAccessible::Dialog; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -8,6 +8,7 @@
 #include <QWindow>
 
 #include "platform/UserDefaults.h"
+#include "ui/kit/AccessibleParts.h"
 #include "ui/kit/Symbol.h"
 #include "ui/surfaces/PopoverView.h"
 
@@ -20,13 +21,16 @@ constexpr QSize leastSize{420, 620};
 }  // namespace
 
 /// The window itself: tells of its closing, however it came about.
-class DashboardWindowController::Window final : public QWidget {
+class DashboardWindowController::Window final : public QWidget, public AccessibleHost {
 public:
     explicit Window(DashboardWindowController& owner) : owner_(owner) {
+        accessibility::install();
         setMinimumSize(leastSize);
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
     }
+
+    [[nodiscard]] QAccessible::Role accessibleRole() const override { return QAccessible::Window; }
 
     void setContent(QWidget* content) {
         delete content_;
