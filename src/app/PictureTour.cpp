@@ -29,7 +29,7 @@ PictureTour::PictureTour(QString folder, Clock& clock, Executor& main, QtSurface
     : folder_(std::move(folder)), clock_(clock), surfaces_(surfaces), tasks_(main) {}
 
 void PictureTour::start(MenuBarController& controller) {
-    tasks_.spawn([this, &controller](std::stop_token) { return walk(controller); });
+    tasks_.spawn([this, &controller](const std::stop_token&) { return walk(controller); });
 }
 
 Task<> PictureTour::wait(double span) {

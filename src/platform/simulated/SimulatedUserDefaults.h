@@ -18,7 +18,8 @@ public:
     using Values = std::map<std::string, Data, std::less<>>;
 
     /// `initial`: what an earlier run of the program left.
-    explicit SimulatedUserDefaults(Values initial = {}) : stored(initial), values_(initial) {}
+    explicit SimulatedUserDefaults(const Values& initial = {})
+        : stored(initial), values_(initial) {}
 
     /// What the next run of the program would find. May be read and changed freely; a change made
     /// here is not in force for `data`.

@@ -9,12 +9,10 @@
 class QPainter;
 class QRectF;
 
-namespace vtx {
-
 /// The interface's symbols: line drawings on a grid of 24 units, drawn in any colour at device
 /// resolution. A name without a symbol draws nothing. Main thread; pictures of symbols lately
 /// drawn are kept, up to a bound.
-namespace symbols {
+namespace vtx::symbols {
 
 /// Draws the symbol `size` logical pixels wide in the middle of `rect`, on whole device pixels.
 void draw(QPainter& painter, const QRectF& rect, const QString& name, int size, QColor color);
@@ -30,6 +28,4 @@ void draw(QPainter& painter, const QRectF& rect, const QString& name, int size, 
 /// Lets go of the kept pictures, for when every large surface has closed.
 void releaseCache();
 
-}  // namespace symbols
-
-}  // namespace vtx
+}  // namespace vtx::symbols

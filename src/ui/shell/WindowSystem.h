@@ -51,6 +51,7 @@ public:
     [[nodiscard]] virtual QPoint pointer() const;
     /// Calls `pressed` after each press of a mouse button anywhere, in other programs' windows too,
     /// with the pointer's place. Nothing is taken away from them.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): who overrides it keeps the handler
     [[nodiscard]] virtual Subscription watchPresses(std::function<void(QPoint)> /*pressed*/) {
         return {};
     }
