@@ -5,6 +5,8 @@
 
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxHostInfo.h"
+#include "platform/linux/LinuxIORegistry.h"
+#include "platform/linux/LinuxIOReportLibrary.h"
 #include "platform/linux/LinuxLocale.h"
 #include "platform/linux/LinuxPowerSources.h"
 #include "platform/linux/LinuxProcessInfo.h"
@@ -38,6 +40,8 @@ struct LinuxPlatform::Members {
     SystemBus bus;
     LinuxProcessors processors;
     LinuxHostInfo hostInfo;
+    LinuxIORegistry ioRegistry;
+    LinuxIOReportLibrary ioReport;
     LinuxLocale locale;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
@@ -54,8 +58,8 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
-    return {m.clock,  m.hostInfo,   m.locale,       m.powerSources, m.processInfo,
-            m.sysctl, m.unifiedLog, m.userDefaults, m.workspace};
+    return {m.clock,       m.hostInfo, m.ioRegistry, m.ioReport,     m.locale,   m.powerSources,
+            m.processInfo, m.sysctl,   m.unifiedLog, m.userDefaults, m.workspace};
 }
 
 Job LinuxPlatform::nameThread(std::string_view name) {

@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "base/Signal.h"
+#include "platform/simulated/SimulatedChannels.h"
 #include "platform/simulated/SimulatedProcessors.h"
+#include "platform/simulated/SimulatedRegistry.h"
 
 namespace vtx {
 
@@ -16,7 +18,7 @@ enum class SimulatedPower { mains, battery, uninterruptible, unknown };
 
 /// The model behind all ports of the simulated platform: one machine in memory, whose parts agree
 /// with each other. Whoever plays the machine's user, a test or the program, calls the setters; the
-/// ports read. Main executor, except for `processors`, which any thread may use.
+/// ports read. Main executor, except for the parts that any thread may use.
 class SimulatedMac {
 public:
     SimulatedMac(const Clock& clock, MacShape shape);
@@ -24,6 +26,9 @@ public:
     SimulatedMac& operator=(const SimulatedMac&) = delete;
 
     SimulatedProcessors processors;
+    /// Its devices and what its chip counts.
+    SimulatedRegistry registry;
+    SimulatedChannels channels;
 
     /// The system's name and version.
     std::string operatingSystemVersion = "Version 15.2 (Build 24C101)";
