@@ -12,7 +12,7 @@ constexpr Logger logger{"CPUMonitor"};
 }  // namespace
 
 CPUMonitor::CPUMonitor(const Ports& ports, Executor& engineExecutor)
-    : layout_(CoreLayout::detect(ports.sysctl)) {
+    : layout_(CoreLayout::detect(ports.sysctl, ports.ioRegistry)) {
     if (!layout_) {
         logger.error("CPUMonitor disabled — could not detect core layout (non-Apple-Silicon?)");
         return;
