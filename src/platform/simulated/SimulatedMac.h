@@ -9,6 +9,7 @@
 
 #include "base/Signal.h"
 #include "platform/simulated/SimulatedChannels.h"
+#include "platform/simulated/SimulatedGraphics.h"
 #include "platform/simulated/SimulatedProcessors.h"
 #include "platform/simulated/SimulatedRegistry.h"
 
@@ -26,6 +27,7 @@ public:
     SimulatedMac& operator=(const SimulatedMac&) = delete;
 
     SimulatedProcessors processors;
+    SimulatedGraphics graphics;
     /// Its devices and what its chip counts.
     SimulatedRegistry registry;
     SimulatedChannels channels;
@@ -37,6 +39,14 @@ public:
     /// The process's environment, empty at first, so that nothing of the real one shows.
     std::map<std::string, std::string, std::less<>> environment;
     std::vector<std::string> loadedBundlePaths;
+
+    /// From now on all parts live as if somebody worked at the machine.
+    void live(std::uint64_t seed);
+
+    /// Adds an accelerator that tells the load of `graphics`, after those that are there.
+    SimulatedRegistry::Node addAccelerator();
+    /// Accelerators in their order. One can be removed from the registry or made to tell nothing.
+    [[nodiscard]] std::vector<SimulatedRegistry::Node> accelerators() const;
 
     void setPower(SimulatedPower power) { power_ = power; }
     [[nodiscard]] SimulatedPower power() const { return power_; }
