@@ -3,6 +3,7 @@
 
 #include <pthread.h>
 
+#include "platform/linux/CpuFreq.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxHostInfo.h"
 #include "platform/linux/LinuxIORegistry.h"
@@ -26,7 +27,9 @@ struct LinuxPlatform::Members {
           clock(loop),
           bus(loop, main, options.busAddress),
           processors(root),
+          cpuFreq(root, processors),
           hostInfo(root, processors),
+          ioRegistry(processors, cpuFreq),
           locale(options.environment),
           powerSources(root),
           processInfo(root, options.environment, bus),
@@ -39,6 +42,7 @@ struct LinuxPlatform::Members {
     LinuxClock clock;
     SystemBus bus;
     LinuxProcessors processors;
+    CpuFreq cpuFreq;
     LinuxHostInfo hostInfo;
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;
