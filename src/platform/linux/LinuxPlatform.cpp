@@ -30,6 +30,7 @@ struct LinuxPlatform::Members {
           cpuFreq(root, processors),
           hostInfo(root, processors),
           ioRegistry(processors, cpuFreq),
+          ioReport(root, processors, cpuFreq),
           locale(options.environment),
           powerSources(root),
           processInfo(root, options.environment, bus),
