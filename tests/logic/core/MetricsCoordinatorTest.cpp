@@ -305,6 +305,30 @@ TEST(PassTable, samplers_stand_in_their_laid_down_order_and_phase) {
     EXPECT_FALSE(passTable().empty());
 }
 
+TEST(MetricsCoordinator, an_idle_pass_samples_the_graphics_where_a_preference_asks_for_it) {
+    for (bool DisplayPreferences::* const wish :
+         {&DisplayPreferences::showGPU, &DisplayPreferences::menuBarLiveGPU,
+          &DisplayPreferences::alertGPUEnabled, &DisplayPreferences::menuBarCompact}) {
+        CoordinatorBench b;
+        b.coordinator.preferences = nothingWanted();
+        b.coordinator.start();
+        b.settle();
+        EXPECT_EQ(*b.coordinator.gpu.latest, std::nullopt);
+        b.change([wish](auto& p) { p.*wish = true; });
+        b.advance(seconds(1));
+        EXPECT_TRUE(b.coordinator.gpu.latest->has_value());
+    }
+}
+
+TEST(MetricsCoordinator, a_graphics_reading_tells_the_coordinators_observers) {
+    CoordinatorBench b;
+    int told = 0;
+    const auto token = b.coordinator.objectWillChange.subscribe([&told] { ++told; });
+    b.coordinator.gpu.latest = GPUStats{};
+    b.advance(seconds(1));
+    EXPECT_EQ(told, 1);
+}
+
 TEST(MetricsCoordinator, two_passes_may_overlap) {
     CoordinatorBench b;
     b.coordinator.start();
