@@ -12,7 +12,7 @@ namespace vtx {
 namespace {
 
 std::optional<int> atLeastOne(std::optional<std::int32_t> value) {
-    return value && *value >= 1 ? std::optional<int>(*value) : std::nullopt;
+    return value && *value >= 1 ? value : std::nullopt;
 }
 
 std::optional<double> hertzAsMHz(std::optional<std::int64_t> hertz) {

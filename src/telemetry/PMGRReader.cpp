@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 #include "base/Bytes.h"
 #include "base/Log.h"
@@ -71,16 +72,18 @@ std::optional<PMGRReader::ClusterKeys> PMGRReader::clusterKeys(const PropertyMap
     if (!bytes) return std::nullopt;
     struct Cluster {
         unsigned tier;
+        std::size_t place;  // equal tiers keep their order
         std::string key;
     };
     std::vector<Cluster> clusters;
     forEachRecord(*bytes, [&](std::span<const std::byte, recordSize> record) {
         const auto table = std::to_integer<unsigned>(record[0]);
-        clusters.push_back(
-            {std::to_integer<unsigned>(record[1]), fmt::format("voltage-states{}-sram", table)});
+        clusters.push_back({std::to_integer<unsigned>(record[1]), clusters.size(),
+                            fmt::format("voltage-states{}-sram", table)});
     });
     if (clusters.size() < 2) return std::nullopt;
-    std::ranges::stable_sort(clusters, {}, &Cluster::tier);
+    std::ranges::sort(clusters, {},
+                      [](const Cluster& each) { return std::pair(each.tier, each.place); });
     return ClusterKeys{clusters[clusters.size() - 2].key, clusters.back().key};
 }
 

@@ -7,10 +7,8 @@
 #include "platform/simulated/SimulatedProcessors.h"
 #include "platform/simulated/SimulatedRegistry.h"
 
-namespace vtx {
-
 /// What the firmware and the chip of a machine of some shape tell of it.
-namespace devices {
+namespace vtx::devices {
 
 /// Adds the processors to the device tree, and the power manager with its clock tables to the
 /// services. A machine without performance levels has neither.
@@ -23,6 +21,4 @@ std::vector<SimulatedChannel> coreStates(SimulatedProcessors& processors);
 /// The energy counters. They stand: nothing draws power in memory.
 std::vector<SimulatedChannel> energyCounters();
 
-}  // namespace devices
-
-}  // namespace vtx
+}  // namespace vtx::devices
