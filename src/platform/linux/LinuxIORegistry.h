@@ -22,6 +22,7 @@ namespace vtx {
 /// |---|---|
 /// | IODeviceTree:/cpus and its children | `LinuxProcessors`, on a machine of two levels |
 /// | AppleARMIODevice "pmgr" | `CpuFreq` |
+/// | services of other classes | the `RegistrySource` of the class |
 ///
 /// Any other path or class has no entries.
 class LinuxIORegistry final : public IORegistry {

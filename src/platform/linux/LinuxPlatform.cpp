@@ -4,6 +4,8 @@
 #include <pthread.h>
 
 #include "platform/linux/CpuFreq.h"
+#include "platform/linux/DeviceChanges.h"
+#include "platform/linux/GraphicsSource.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxHostInfo.h"
 #include "platform/linux/LinuxIORegistry.h"
@@ -29,7 +31,7 @@ struct LinuxPlatform::Members {
           processors(root),
           cpuFreq(root, processors),
           hostInfo(root, processors),
-          ioRegistry(processors, cpuFreq),
+          ioRegistry(processors, cpuFreq, registrySources()),
           ioReport(root, processors, cpuFreq),
           locale(options.environment),
           powerSources(root),
@@ -39,11 +41,18 @@ struct LinuxPlatform::Members {
           userDefaults(options.configFolder),
           workspace(bus, main) {}
 
+    LinuxIORegistry::Sources registrySources() {
+        LinuxIORegistry::Sources sources;
+        sources.push_back(std::make_unique<GraphicsSource>(root, clock, deviceChanges));
+        return sources;
+    }
+
     LinuxRoot root;
     LinuxClock clock;
     SystemBus bus;
     LinuxProcessors processors;
     CpuFreq cpuFreq;
+    KernelDeviceChanges deviceChanges;
     LinuxHostInfo hostInfo;
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;

@@ -120,6 +120,16 @@ TEST(LinuxIORegistry, a_machine_of_one_level_has_the_clocks_of_its_fast_cluster_
     EXPECT_EQ(tables->performanceStepsMHz, (std::vector<double>{48, 100, 1200.5, 99999}));
 }
 
+TEST(LinuxIORegistry, a_recorded_machine_of_one_level_has_its_highest_clock_last) {
+    Machine laptop(fixture("amd-two-gpus-laptop-6.15"));
+    const auto layout = CoreLayout::detect(laptop.sysctl, laptop.registry);
+    ASSERT_TRUE(layout);
+    EXPECT_EQ(layout->pCoreMaxMHz, 5137.0);
+    EXPECT_EQ(layout->pCoreFrequencyStepsMHz.front(), 400.0);
+    EXPECT_TRUE(layout->eCoreFrequencyStepsMHz.empty());
+    EXPECT_TRUE(layout->clusterMap.empty());
+}
+
 TEST(LinuxIORegistry, a_machine_without_cpufreq_has_no_power_manager) {
     Machine server(fixture("virtual-server-6.18"));
     const auto walk = server.registry.getMatchingServices({"AppleARMIODevice"});

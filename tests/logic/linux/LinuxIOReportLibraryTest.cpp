@@ -110,8 +110,8 @@ TEST(LinuxIOReportLibrary, is_not_there_on_a_machine_without_cpufreq) {
 }
 
 TEST(LinuxIOReportLibrary, is_there_on_machines_that_tell_a_clock) {
-    for (const auto* name :
-         {"intel-hybrid-laptop-6.12", "arm-big-little-board-6.6", "arm-three-tier-6.10"}) {
+    for (const auto* name : {"intel-hybrid-laptop-6.12", "arm-big-little-board-6.6",
+                             "arm-three-tier-6.10", "amd-two-gpus-laptop-6.15"}) {
         Machine machine(fixture(name));
         EXPECT_TRUE(machine.isThere()) << name;
         EXPECT_FALSE(machine.library.open("/usr/lib/libother.so", 10));
