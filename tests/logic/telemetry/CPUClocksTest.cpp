@@ -224,6 +224,31 @@ TEST(CPUMonitor, a_device_tree_with_holes_still_splits_the_loads_by_cluster) {
     EXPECT_THAT(m.stats().ePerCore, Each(0.0));
 }
 
+TEST(CPUMonitor, loads_and_clocks_are_asked_for_side_by_side) {
+    Monitored m;
+    m.tasks.spawn([&m](std::stop_token) { return m.monitor->refresh(); });
+    m.bench.main.drain();
+    EXPECT_TRUE(m.bench.engine.runOne());
+    EXPECT_TRUE(m.bench.engine.runOne());
+    EXPECT_FALSE(m.bench.engine.runOne());
+    EXPECT_EQ(m.bench.platform.calls(operations::hostProcessorInfo), 1U);
+    EXPECT_EQ(m.bench.platform.calls(operations::ioReportCreateSamples), 1U);
+    m.bench.settle();
+}
+
+TEST(CPUMonitor, a_refresh_that_is_dropped_on_its_way_harms_and_holds_nothing) {
+    Monitored m;
+    m.refresh();
+    {
+        TaskScope dropped(m.bench.main);
+        dropped.spawn([&m](std::stop_token) { return m.monitor->refresh(); });
+        m.bench.main.drain();
+    }
+    m.monitor.reset();
+    m.bench.settle();
+    EXPECT_EQ(m.bench.platform.outstanding(), 0U);
+}
+
 TEST(CPUMonitor, nothing_is_held_once_it_is_gone) {
     Monitored m;
     for (int i = 0; i < 3; ++i) m.refreshOverASecond();

@@ -132,6 +132,22 @@ TEST(GPUMonitor, the_first_accelerator_that_tells_its_load_is_taken) {
     EXPECT_EQ(m.bench.platform.outstanding(), 1U);
 }
 
+TEST(GPUMonitor, an_accelerator_that_goes_during_the_search_is_passed_over) {
+    Monitored m;
+    const auto first = m.bench.mac.accelerators().front();
+    const auto leaving = m.bench.mac.addAccelerator();
+    m.bench.mac.addAccelerator();
+    m.registry.setSource(first, "PerformanceStatistics", [&m, leaving] {
+        if (m.registry.exists(leaving)) m.registry.remove(leaving);
+        return Property("nothing yet");
+    });
+    m.bench.mac.graphics.setLoad({.device = 0.5});
+    m.refresh();
+    ASSERT_TRUE(m.latest());
+    EXPECT_EQ(m.latest()->deviceUtilization, 0.5);
+    EXPECT_EQ(m.bench.platform.outstanding(), 1U);
+}
+
 TEST(GPUMonitor, a_stale_entry_gives_way_to_another_one_in_the_same_step) {
     Monitored m;
     m.refresh();
