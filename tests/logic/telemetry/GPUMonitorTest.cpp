@@ -13,8 +13,6 @@
 namespace vtx {
 namespace {
 
-using testing::Optional;
-
 constexpr auto unavailable = "GPU PerformanceStatistics unavailable; disabling GPU tile";
 constexpr auto stale = "Cached IOAccelerator entry went stale — re-matching";
 

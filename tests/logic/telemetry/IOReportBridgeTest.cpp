@@ -14,7 +14,6 @@ namespace vtx {
 namespace {
 
 using testing::DoubleEq;
-using testing::ElementsAre;
 using testing::Optional;
 
 using States = std::vector<std::pair<std::string, std::int64_t>>;
