@@ -2,6 +2,7 @@
 #include "platform/linux/CpuFreq.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 
 #include "platform/linux/CpuFreqText.h"
@@ -11,9 +12,12 @@ namespace vtx {
 namespace {
 
 using Steps = std::vector<std::uint64_t>;
+/// One policy's folder for each highest clock: those that reach the same are of one kind.
+using FolderByTop = std::map<std::uint64_t, const std::string*>;
 
 constexpr std::string_view policiesFolder = "/sys/devices/system/cpu/cpufreq";
 constexpr std::size_t listedLimit = 256;
+constexpr std::size_t levelLimit = 384;
 constexpr std::uint64_t usualSpacingKHz = 50'000;
 constexpr std::uint64_t syntheticLimit = 128;
 
@@ -72,15 +76,19 @@ void leadUpTo(std::uint64_t highest, Steps& steps) {
     steps.push_back(highest);
 }
 
+void sortOnce(Steps& steps) {
+    std::ranges::sort(steps);
+    const auto repeated = std::ranges::unique(steps);
+    steps.erase(repeated.begin(), repeated.end());
+}
+
 Steps stepsOf(const LinuxRoot& root, const std::string& folder) {
     const auto highest = readClock(root, folder + "/cpuinfo_max_freq");
     Steps steps = listedIn(root, folder + "/scaling_available_frequencies");
     if (!steps.empty()) {
         const Steps boost = listedIn(root, folder + "/scaling_boost_frequencies");
         steps.insert(steps.end(), boost.begin(), boost.end());
-        std::ranges::sort(steps);
-        const auto repeated = std::ranges::unique(steps);
-        steps.erase(repeated.begin(), repeated.end());
+        sortOnce(steps);
     } else {
         const auto lowest = readClock(root, folder + "/cpuinfo_min_freq");
         if (!lowest || !highest || *lowest > *highest) return {};
@@ -90,22 +98,29 @@ Steps stepsOf(const LinuxRoot& root, const std::string& folder) {
     return steps;
 }
 
+/// The steps of all kinds of policies together, or of the fastest alone where that is too much.
+Steps stepsOfLevel(const LinuxRoot& root, const FolderByTop& kinds) {
+    Steps all;
+    for (const auto& [top, folder] : kinds) {
+        const Steps steps = stepsOf(root, *folder);
+        all.insert(all.end(), steps.begin(), steps.end());
+        sortOnce(all);
+        if (all.size() > levelLimit) return stepsOf(root, *kinds.rbegin()->second);
+    }
+    return all;
+}
+
 }  // namespace
 
 CpuFreq::CpuFreq(const LinuxRoot& root, const LinuxProcessors& processors)
     : policies_(findPolicies(root, processors)) {
-    std::array<std::uint64_t, 2> highest{};
-    std::array<const CpuFreqPolicy*, 2> fastest{};
+    std::array<FolderByTop, 2> kinds;
     for (const auto& policy : policies_) {
-        const std::size_t level = processors.levelAt(policy.places.front());
-        const auto kHz = readClock(root, policy.folder + "/cpuinfo_max_freq").value_or(0);
-        if (fastest.at(level) && kHz <= highest.at(level)) continue;
-        highest.at(level) = kHz;
-        fastest.at(level) = &policy;
+        const auto top = readClock(root, policy.folder + "/cpuinfo_max_freq").value_or(0);
+        kinds.at(processors.levelAt(policy.places.front())).try_emplace(top, &policy.folder);
     }
-    for (std::size_t level = 0; level < fastest.size(); ++level) {
-        if (fastest.at(level)) stepsKHz_.at(level) = stepsOf(root, fastest.at(level)->folder);
-    }
+    for (std::size_t level = 0; level < kinds.size(); ++level)
+        stepsKHz_.at(level) = stepsOfLevel(root, kinds.at(level));
 }
 
 }  // namespace vtx

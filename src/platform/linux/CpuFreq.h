@@ -22,11 +22,11 @@ struct CpuFreqPolicy {
 /// The machine's cpufreq policies and the clock steps of its performance levels, as they were found
 /// at start: a policy whose processors are all offline then has no part. Constant, any thread.
 ///
-/// A level's steps are those of the policy that reaches the highest clock in it:
-/// `scaling_available_frequencies` and `scaling_boost_frequencies` together. Many drivers list
-/// none, and others reach beyond their list. From the highest listed clock, or else from
-/// `cpuinfo_min_freq`, steps of 50 MHz lead up to `cpuinfo_max_freq`: no steps of the hardware, but
-/// places on which a clock can be booked.
+/// A level's steps are those of its policies together, read of one policy for each highest clock:
+/// `scaling_available_frequencies` and `scaling_boost_frequencies`. Many drivers list none, and
+/// others reach beyond their list. From the highest listed clock, or else from `cpuinfo_min_freq`,
+/// steps of 50 MHz lead up to `cpuinfo_max_freq`: no steps of the hardware, but places on which a
+/// clock can be booked.
 class CpuFreq {
 public:
     CpuFreq(const LinuxRoot& root, const LinuxProcessors& processors);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/CpuFreq.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -53,10 +54,26 @@ TEST(CpuFreq, a_cluster_has_the_clocks_that_its_driver_lists) {
     EXPECT_EQ(board.cpuFreq.policies()[1].places, (Places{4, 5}));
 }
 
-TEST(CpuFreq, a_level_of_two_clusters_has_the_clocks_of_the_faster_one) {
+TEST(CpuFreq, a_level_of_two_clusters_has_the_clocks_of_both) {
     const Found board(fixture("arm-three-tier-6.10"));
-    EXPECT_EQ(board.steps(0), (Steps{600000, 1132800, 1785600, 2361600, 2707200, 2850000}));
+    EXPECT_EQ(board.steps(0), (Steps{499200, 600000, 844800, 1132800, 1190400, 1670400, 1785600,
+                                     2073600, 2361600, 2400000, 2707200, 2850000}));
     EXPECT_EQ(board.steps(1).back(), 1'800'000u);
+}
+
+TEST(CpuFreq, a_level_of_very_many_clocks_keeps_those_of_its_fastest_processor) {
+    const TemporaryTree tree;
+    tree.write("/sys/devices/system/cpu/present", "0-7\n");
+    for (std::size_t cpu = 0; cpu < 8; ++cpu) {
+        const auto folder = fmt::format("/sys/devices/system/cpu/cpufreq/policy{}/", cpu);
+        tree.write(folder + "related_cpus", fmt::format("{}\n", cpu));
+        tree.write(folder + "cpuinfo_min_freq", fmt::format("{}\n", 400'000 + cpu));
+        tree.write(folder + "cpuinfo_max_freq", fmt::format("{}\n", 4'400'000 + cpu));
+    }
+    const auto steps = Found(tree.path()).steps();
+    EXPECT_EQ(steps.size(), 81u);
+    EXPECT_EQ(steps.front(), 400'007u);
+    EXPECT_EQ(steps.back(), 4'400'007u);
 }
 
 TEST(CpuFreq, a_driver_that_lists_no_clocks_gets_steps_from_its_lowest_to_its_highest) {

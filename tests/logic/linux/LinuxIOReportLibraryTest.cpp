@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <filesystem>
 #include <initializer_list>
 #include <optional>
 #include <string>
@@ -154,6 +155,20 @@ TEST(LinuxIOReportLibrary, a_channel_has_idle_and_then_its_steps) {
         EXPECT_FALSE(library->stateName(channel, index));
         EXPECT_EQ(library->stateResidency(channel, index), 0);
     }
+}
+
+TEST(LinuxIOReportLibrary, a_core_of_a_middle_cluster_has_a_clock_of_its_own_cluster) {
+    const TemporaryTree tree;
+    std::filesystem::copy(
+        fixture("arm-three-tier-6.10"), tree.path(),
+        std::filesystem::copy_options::recursive | std::filesystem::copy_options::copy_symlinks);
+    Machine machine(tree.path());
+    machine.start();
+    auto stat = machine.root.read("/proc/stat").value();
+    const std::string line = "cpu4 1040 ";
+    ASSERT_NE(stat.find(line), std::string::npos);
+    tree.write("/proc/stat", stat.replace(stat.find(line), line.size(), "cpu4 1090 "));
+    EXPECT_EQ(machine.p(), 1190.4);
 }
 
 TEST_F(CoreClocks, are_weighted_with_the_times_at_each_clock) {
