@@ -15,6 +15,7 @@
 #include "platform/linux/KeptFile.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PollRunLoop.h"
+#include "telemetry/SharedTelemetry.h"
 
 namespace vtx::bench {
 
@@ -54,6 +55,7 @@ private:
     SerialExecutor tick_;
     LinuxPlatform platform_;
     KeptFile stat_;
+    SharedTelemetry shared_{platform_.ports()};
     std::unique_ptr<MetricsCoordinator> coordinator_;
     ThreadClock mainClock_;
     std::optional<ThreadClock> workerClock_;

@@ -8,6 +8,7 @@
 #include "base/Shared.h"
 #include "language/Localization.h"
 #include "platform/UnifiedLog.h"
+#include "telemetry/SharedTelemetry.h"
 #include "ui/shell/NativeWindowSystem.h"
 #include "ui/shell/WindowSystem.h"
 #include "ui/surfaces/QtSurfaceFactory.h"
@@ -18,7 +19,8 @@ namespace {
 /// The process-wide objects, for as long as the application runs.
 class SharedObjects {
 public:
-    explicit SharedObjects(const Ports& ports) : previous_(AppLog::install(&ports.unifiedLog)) {
+    explicit SharedObjects(const Ports& ports)
+        : previous_(AppLog::install(&ports.unifiedLog)), telemetry_(ports) {
         Shared<Localization>::setFactory(
             [&locale = ports.locale] { return std::make_unique<Localization>(locale); });
     }
@@ -31,6 +33,7 @@ public:
 
 private:
     LogSink* previous_;
+    SharedTelemetry telemetry_;
 };
 
 }  // namespace

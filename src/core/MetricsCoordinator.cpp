@@ -29,6 +29,8 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       main_(executors.main),
       services_(std::move(services)),
       cpu(services_->cpu),
+      gpu(services_->gpu),
+      ane(services_->ane),
       preferences(*this, DisplayPreferences::load(ports.userDefaults)),
       tasks_(executors.main) {
     applyLanguage();
@@ -170,7 +172,8 @@ void MetricsCoordinator::observeSystemPower() {
 void MetricsCoordinator::bridgeNestedMonitorChanges() {
     // While nobody looks at the coordinator there is nobody to tell, and no timer need run.
     Stream<Changed> merged = [this](std::function<void(const Changed&)> next) {
-        return merge<Changed>({changes(cpu.objectWillChange)})(
+        return merge<Changed>({changes(cpu.objectWillChange), changes(gpu.objectWillChange),
+                               changes(ane.objectWillChange)})(
             [this, next = std::move(next)](const Changed& change) {
                 if (objectWillChange.hasSubscribers()) next(change);
             });

@@ -33,6 +33,8 @@ public:
     ~MetricsCoordinator() override;
 
     CPUMonitor& cpu;
+    GPUMonitor& gpu;
+    ANEMonitor& ane;
 
     /// What the user set. Each change is saved and put in force at once.
     Published<DisplayPreferences> preferences;

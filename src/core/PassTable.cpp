@@ -10,6 +10,11 @@ constexpr std::array table{
     PassRow{"cpu", PassPhase::concurrent,
             [](const MetricsCoordinator& coordinator) { return coordinator.needsCPU(); },
             [](MetricsCoordinator& coordinator) { return coordinator.cpu.refresh(); }, nullptr},
+    PassRow{"gpu", PassPhase::concurrent,
+            [](const MetricsCoordinator& coordinator) {
+                return coordinator.needsSubsystem(Subsystem::gpu);
+            },
+            [](MetricsCoordinator& coordinator) { return coordinator.gpu.refresh(); }, nullptr},
 };
 
 }  // namespace

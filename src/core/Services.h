@@ -3,7 +3,9 @@
 
 #include "base/Executors.h"
 #include "platform/Ports.h"
+#include "telemetry/ANEMonitor.h"
 #include "telemetry/CPUMonitor.h"
+#include "telemetry/GPUMonitor.h"
 
 namespace vtx {
 
@@ -11,9 +13,12 @@ namespace vtx {
 /// owned by the coordinator from then on.
 struct Services {
     /// The ports and executors must outlive the services.
-    Services(const Ports& ports, const Executors& executors) : cpu(ports, executors.tick) {}
+    Services(const Ports& ports, const Executors& executors)
+        : cpu(ports, executors), gpu(ports, executors.tick), ane(ports) {}
 
     CPUMonitor cpu;
+    GPUMonitor gpu;
+    ANEMonitor ane;
 };
 
 }  // namespace vtx

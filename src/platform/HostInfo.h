@@ -3,14 +3,10 @@
 
 #include <cstdint>
 
+#include "platform/KernReturn.h"
 #include "platform/KernelArray.h"
 
 namespace vtx {
-
-/// A kernel result code; 0 is success.
-using KernReturn = std::int32_t;
-inline constexpr KernReturn kernSuccess = 0;
-inline constexpr KernReturn kernFailure = 5;
 
 /// The answer of `host_processor_info` for the flavour `PROCESSOR_CPU_LOAD_INFO`.
 struct ProcessorLoadInfo {

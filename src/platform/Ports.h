@@ -5,6 +5,8 @@ namespace vtx {
 
 class Clock;
 class HostInfo;
+class IORegistry;
+class IOReportLibrary;
 class Locale;
 class PowerSources;
 class ProcessInfo;
@@ -18,6 +20,8 @@ class Workspace;
 struct Ports {
     Clock& clock;
     HostInfo& hostInfo;
+    IORegistry& ioRegistry;
+    IOReportLibrary& ioReport;
     Locale& locale;
     PowerSources& powerSources;
     ProcessInfo& processInfo;

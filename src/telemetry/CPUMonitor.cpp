@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "telemetry/CPUMonitor.h"
 
+#include <utility>
+
+#include "base/Executors.h"
 #include "base/Log.h"
 #include "platform/Ports.h"
 
@@ -11,22 +14,45 @@ constexpr Logger logger{"CPUMonitor"};
 
 }  // namespace
 
-CPUMonitor::CPUMonitor(const Ports& ports, Executor& engineExecutor)
-    : layout_(CoreLayout::detect(ports.sysctl)) {
+CPUMonitor::CPUMonitor(const Ports& ports, const Executors& executors)
+    : main_(executors.main), layout_(CoreLayout::detect(ports.sysctl, ports.ioRegistry)) {
     if (!layout_) {
         logger.error("CPUMonitor disabled — could not detect core layout (non-Apple-Silicon?)");
         return;
     }
-    engine_.emplace(engineExecutor,
+    engine_.emplace(executors.tick,
                     std::make_shared<CPUMonitorEngine>(ports.hostInfo, ports.clock, *layout_));
+    if (auto clockEngine = CPUClockMonitorEngine::make(*layout_))
+        clockEngine_.emplace(executors.tick, std::move(clockEngine));
     logger.info("CPUMonitor ready — {} P-cores, {} E-cores", layout_->pCoreCount,
                 layout_->eCoreCount);
 }
 
 Task<> CPUMonitor::refresh() {
     if (!engine_) co_return;
-    auto reading = co_await engine_->run(&CPUMonitorEngine::nextSample);
-    if (reading) latest = std::move(reading);
+    auto loads = nextLoads();
+    auto clocks = nextClocks();
+    loads.start(main_);
+    clocks.start(main_);
+    auto reading = co_await loads;
+    // Awaited in any case, so that both engines stand at the same step when a pass ends.
+    const auto clock = co_await clocks;
+    if (!reading) co_return;
+    if (clock) {
+        reading->pCoreCurrentFrequencyMHz = clock->pCoreMHz;
+        reading->eCoreCurrentFrequencyMHz = clock->eCoreMHz;
+        reading->timestamp = clock->timestamp;
+    }
+    latest = std::move(reading);
+}
+
+Task<std::optional<CPUStats>> CPUMonitor::nextLoads() {
+    co_return co_await engine_->run(&CPUMonitorEngine::nextSample);
+}
+
+Task<std::optional<ClusterClockSample>> CPUMonitor::nextClocks() {
+    if (!clockEngine_) co_return std::nullopt;
+    co_return co_await clockEngine_->run(&CPUClockMonitorEngine::nextSample);
 }
 
 }  // namespace vtx

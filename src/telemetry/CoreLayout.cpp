@@ -3,13 +3,16 @@
 
 #include <fmt/format.h>
 
+#include <utility>
+
+#include "telemetry/PMGRReader.h"
 #include "telemetry/SysctlReader.h"
 
 namespace vtx {
 namespace {
 
 std::optional<int> atLeastOne(std::optional<std::int32_t> value) {
-    return value && *value >= 1 ? std::optional<int>(*value) : std::nullopt;
+    return value && *value >= 1 ? value : std::nullopt;
 }
 
 std::optional<double> hertzAsMHz(std::optional<std::int64_t> hertz) {
@@ -17,26 +20,34 @@ std::optional<double> hertzAsMHz(std::optional<std::int64_t> hertz) {
     return static_cast<double>(*hertz) / 1'000'000.0;
 }
 
-CoreLayout layoutOfLevels(Sysctl& sysctl, int levels, int pCoreCount) {
-    const SysctlReader reader(sysctl);
-    const bool singleLevel = levels == 1;
+// The firmware's tables ascend, so the last step is the top clock.
+std::optional<double> topClock(const std::vector<double>& stepsMHz, Sysctl& sysctl, int perflevel) {
+    return stepsMHz.empty() ? CoreLayout::sysctlMaxMHz(sysctl, perflevel) : stepsMHz.back();
+}
+
+CoreLayout layoutOfLevels(Sysctl& sysctl, IORegistry& registry, int levels, int pCoreCount) {
+    const bool isSingleLevel = levels == 1;
     CoreLayout layout;
     layout.pCoreCount = pCoreCount;
-    layout.pCoreMaxMHz = CoreLayout::sysctlMaxMHz(sysctl, 0);
-    if (!singleLevel) {
-        layout.eCoreCount = reader.int32("hw.perflevel1.logicalcpu").value_or(0);
-        layout.eCoreMaxMHz = CoreLayout::sysctlMaxMHz(sysctl, 1);
+    if (!isSingleLevel)
+        layout.eCoreCount = SysctlReader(sysctl).int32("hw.perflevel1.logicalcpu").value_or(0);
+    if (auto tables = PMGRReader::detectFrequencyTables(registry)) {
+        layout.pCoreFrequencyStepsMHz = std::move(tables->performanceStepsMHz);
+        layout.eCoreFrequencyStepsMHz = std::move(tables->efficiencyStepsMHz);
     }
+    layout.pCoreMaxMHz = topClock(layout.pCoreFrequencyStepsMHz, sysctl, 0);
+    if (!isSingleLevel) layout.eCoreMaxMHz = topClock(layout.eCoreFrequencyStepsMHz, sysctl, 1);
+    layout.clusterMap = CoreLayout::detectCpuClusterMap(registry);
     return layout;
 }
 
 }  // namespace
 
-std::optional<CoreLayout> CoreLayout::detect(Sysctl& sysctl) {
+std::optional<CoreLayout> CoreLayout::detect(Sysctl& sysctl, IORegistry& registry) {
     const SysctlReader reader(sysctl);
     if (const auto levels = atLeastOne(reader.int32("hw.nperflevels"))) {
         if (const auto pCores = atLeastOne(reader.int32("hw.perflevel0.logicalcpu")))
-            return layoutOfLevels(sysctl, *levels, *pCores);
+            return layoutOfLevels(sysctl, registry, *levels, *pCores);
     }
     const auto all = atLeastOne(reader.int32("hw.logicalcpu"));
     if (!all) return std::nullopt;

@@ -6,6 +6,7 @@
 
 namespace vtx {
 
+class IORegistry;
 class Sysctl;
 
 enum class ClusterType { performance, efficiency };
@@ -29,10 +30,14 @@ struct CoreLayout {
     friend bool operator==(const CoreLayout&, const CoreLayout&) = default;
 
     /// The layout of this machine, or absent where it tells no number of processors.
-    static std::optional<CoreLayout> detect(Sysctl& sysctl);
+    static std::optional<CoreLayout> detect(Sysctl& sysctl, IORegistry& registry);
 
     /// Top clock of a performance level in MHz by the kernel's own values.
     static std::optional<double> sysctlMaxMHz(Sysctl& sysctl, int perflevel);
+
+    /// The cluster of each processor by the device tree; a number that the tree leaves out counts
+    /// as performance. Empty where the tree tells nothing.
+    static std::vector<ClusterType> detectCpuClusterMap(IORegistry& registry);
 };
 
 }  // namespace vtx

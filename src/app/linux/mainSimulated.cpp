@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
     const vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxClock clock(runLoop);
     vtx::SimulatedPlatform platform(clock);
-    platform.mac.processors.live(1);
+    platform.mac.live(1);
     platform.unifiedLog.setLowestLevel(vtx::LogLevel::standard);
     platform.unifiedLog.setEcho(true);
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));

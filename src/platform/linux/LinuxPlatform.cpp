@@ -3,8 +3,13 @@
 
 #include <pthread.h>
 
+#include "platform/linux/CpuFreq.h"
+#include "platform/linux/DeviceChanges.h"
+#include "platform/linux/GraphicsSource.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxHostInfo.h"
+#include "platform/linux/LinuxIORegistry.h"
+#include "platform/linux/LinuxIOReportLibrary.h"
 #include "platform/linux/LinuxLocale.h"
 #include "platform/linux/LinuxPowerSources.h"
 #include "platform/linux/LinuxProcessInfo.h"
@@ -24,7 +29,10 @@ struct LinuxPlatform::Members {
           clock(loop),
           bus(loop, main, options.busAddress),
           processors(root),
+          cpuFreq(root, processors),
           hostInfo(root, processors),
+          ioRegistry(processors, cpuFreq, registrySources()),
+          ioReport(root, processors, cpuFreq),
           locale(options.environment),
           powerSources(root),
           processInfo(root, options.environment, bus),
@@ -33,11 +41,21 @@ struct LinuxPlatform::Members {
           userDefaults(options.configFolder),
           workspace(bus, main) {}
 
+    LinuxIORegistry::Sources registrySources() {
+        LinuxIORegistry::Sources sources;
+        sources.push_back(std::make_unique<GraphicsSource>(root, clock, deviceChanges));
+        return sources;
+    }
+
     LinuxRoot root;
     LinuxClock clock;
     SystemBus bus;
     LinuxProcessors processors;
+    CpuFreq cpuFreq;
+    KernelDeviceChanges deviceChanges;
     LinuxHostInfo hostInfo;
+    LinuxIORegistry ioRegistry;
+    LinuxIOReportLibrary ioReport;
     LinuxLocale locale;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
@@ -54,8 +72,8 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
-    return {m.clock,  m.hostInfo,   m.locale,       m.powerSources, m.processInfo,
-            m.sysctl, m.unifiedLog, m.userDefaults, m.workspace};
+    return {m.clock,       m.hostInfo, m.ioRegistry, m.ioReport,     m.locale,   m.powerSources,
+            m.processInfo, m.sysctl,   m.unifiedLog, m.userDefaults, m.workspace};
 }
 
 Job LinuxPlatform::nameThread(std::string_view name) {

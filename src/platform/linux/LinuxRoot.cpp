@@ -67,6 +67,13 @@ std::optional<std::vector<std::uint32_t>> LinuxRoot::readCpuList(std::string_vie
     return text ? parseCpuList(*text) : std::nullopt;
 }
 
+std::optional<std::string> LinuxRoot::linkName(std::string_view absolute) const {
+    std::error_code error;
+    const auto target = std::filesystem::read_symlink(path(absolute), error);
+    if (error || !target.has_filename()) return std::nullopt;
+    return target.filename().string();
+}
+
 std::vector<std::string> LinuxRoot::list(std::string_view absolute) const {
     std::vector<std::string> names;
     std::error_code error;

@@ -32,6 +32,9 @@ public:
     [[nodiscard]] std::optional<std::vector<std::uint32_t>> readCpuList(
         std::string_view absolute) const;
 
+    /// The last name of what a link leads to; absent for what is no link.
+    [[nodiscard]] std::optional<std::string> linkName(std::string_view absolute) const;
+
     /// Names in a folder, sorted; empty when it cannot be read.
     [[nodiscard]] std::vector<std::string> list(std::string_view absolute) const;
 

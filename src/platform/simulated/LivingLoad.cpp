@@ -18,6 +18,7 @@ double unit(std::uint64_t key) {
 
 constexpr std::uint64_t burstChannel = 1;
 constexpr std::uint64_t widthChannel = 2;
+constexpr std::uint64_t graphicsChannel = 3;
 constexpr std::uint64_t firstCoreChannel = 16;
 
 }  // namespace
@@ -27,6 +28,13 @@ CoreLoad LivingLoad::at(CoreKind kind, std::size_t core, Duration sinceStart) co
     // Background work is mostly the kernel's and the low-priority services'.
     if (kind == CoreKind::efficiency) return {load * 0.45, load * 0.35, load * 0.20};
     return {load * 0.80, load * 0.18, load * 0.02};
+}
+
+double LivingLoad::graphics(Duration sinceStart) const {
+    const double time = toSeconds(sinceStart);
+    const double burst = std::pow(noise(burstChannel, time, 12.0), 3.0);
+    const double scene = noise(graphicsChannel, time, 5.0);
+    return std::clamp(0.02 + 0.12 * scene + 0.6 * burst * (0.5 + 0.5 * scene), 0.0, 1.0);
 }
 
 double LivingLoad::busy(CoreKind kind, std::size_t core, double time) const {

@@ -19,6 +19,8 @@ public:
 
     /// The load of a core at `sinceStart`, which is not negative.
     [[nodiscard]] CoreLoad at(CoreKind kind, std::size_t core, Duration sinceStart) const;
+    /// The load of the graphics processor, which joins in the larger bursts.
+    [[nodiscard]] double graphics(Duration sinceStart) const;
 
 private:
     [[nodiscard]] double busy(CoreKind kind, std::size_t core, double time) const;

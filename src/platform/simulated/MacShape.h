@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/shapes/DeviceTree.h"
+
 namespace vtx {
 
 enum class CoreKind { efficiency, performance };
@@ -22,11 +24,27 @@ struct MacShape {
     std::optional<std::int64_t> performanceMaxHz;
     std::optional<std::int64_t> efficiencyMaxHz;
 
+    /// Clock tables of the power manager in MHz, slowest first; empty where it keeps none.
+    std::vector<double> performanceStepsMHz;
+    std::vector<double> efficiencyStepsMHz;
+    /// Table of a third, slower cluster, which none of the cores belongs to.
+    std::vector<double> thirdClusterStepsMHz;
+    StepUnit stepUnit = StepUnit::hertz;
+    /// Numbers of the processors that the device tree leaves out.
+    std::vector<std::size_t> missingFromTree;
+    /// What the chip calls its efficiency cores where it counts their states.
+    std::string efficiencyChannel = "ECPU";
+    bool hasAccelerator = true;
+
     /// Two clusters, the efficiency cores having the low numbers.
     static MacShape standard(std::size_t performanceCores = 8, std::size_t efficiencyCores = 4);
+    /// The same beside a third cluster of a lower tier, in the units and with the names of such
+    /// chips.
+    static MacShape threeClusters(std::size_t performanceCores = 8,
+                                  std::size_t efficiencyCores = 4);
     /// One performance level that all cores belong to.
     static MacShape singleLevel(std::size_t coreCount = 8);
-    /// A kernel that knows no performance levels.
+    /// A kernel that knows no performance levels, and firmware that tells nothing.
     static MacShape withoutLevels(std::size_t coreCount = 8);
 
     [[nodiscard]] std::size_t count(CoreKind kind) const;

@@ -38,4 +38,42 @@ inline constexpr std::string_view loadedBundlePaths = "processInfo:loadedBundleP
 inline constexpr std::string_view operatingSystemVersion = "processInfo:operatingSystemVersion";
 inline constexpr std::string_view preferredLanguages = "locale:preferredLanguages";
 
+/// The registry. A failing call gives null or, where there is one, the result; a failing walk ends.
+inline constexpr std::string_view registryEntryFromPath = "IORegistryEntryFromPath";
+inline constexpr std::string_view serviceMatching = "IOServiceMatching";
+inline constexpr std::string_view getMatchingServices = "IOServiceGetMatchingServices";
+inline constexpr std::string_view getMatchingService = "IOServiceGetMatchingService";
+inline constexpr std::string_view iteratorNext = "IOIteratorNext";
+inline constexpr std::string_view getChildIterator = "IORegistryEntryGetChildIterator";
+inline constexpr std::string_view getParentEntry = "IORegistryEntryGetParentEntry";
+inline constexpr std::string_view getName = "IORegistryEntryGetName";
+inline constexpr std::string_view getRegistryEntryID = "IORegistryEntryGetRegistryEntryID";
+/// The copy and the view alike.
+inline constexpr std::string_view createCFProperties = "IORegistryEntryCreateCFProperties";
+inline constexpr std::string_view createCFProperty = "IORegistryEntryCreateCFProperty";
+/// Success without anything; not counted apart.
+inline constexpr std::string_view getMatchingServicesNull = "IOServiceGetMatchingServices:null";
+inline constexpr std::string_view createCFPropertiesNull = "IORegistryEntryCreateCFProperties:null";
+/// Counted; cannot fail.
+inline constexpr std::string_view objectRetain = "IOObjectRetain";
+inline constexpr std::string_view objectRelease = "IOObjectRelease";
+
+/// A library is "dlopen:" and its path, a symbol "dlsym:" and its name.
+inline constexpr std::string_view dlopenPrefix = "dlopen:";
+inline constexpr std::string_view dlsymPrefix = "dlsym:";
+/// The private library's functions; failing, they give nothing.
+inline constexpr std::string_view ioReportCopyChannels = "IOReportCopyChannelsInGroup";
+inline constexpr std::string_view cfDictionaryCreateMutableCopy = "CFDictionaryCreateMutableCopy";
+inline constexpr std::string_view ioReportCreateSubscription = "IOReportCreateSubscription";
+inline constexpr std::string_view ioReportCreateSamples = "IOReportCreateSamples";
+inline constexpr std::string_view ioReportCreateSamplesDelta = "IOReportCreateSamplesDelta";
+/// Half an answer; not counted apart.
+inline constexpr std::string_view ioReportCreateSubscriptionNoObject =
+    "IOReportCreateSubscription:noObject";
+inline constexpr std::string_view ioReportCreateSubscriptionNoChannels =
+    "IOReportCreateSubscription:noChannels";
+/// A difference whose channels are no list; not counted apart.
+inline constexpr std::string_view ioReportCreateSamplesDeltaNoList =
+    "IOReportCreateSamplesDelta:noList";
+
 }  // namespace vtx::operations

@@ -37,6 +37,10 @@ private:
 namespace handles {
 inline constexpr std::string_view kernelArray = "KernelArray";
 inline constexpr std::string_view powerSourcesInfo = "PowerSourcesInfo";
+inline constexpr std::string_view registryEntry = "RegistryEntry";
+inline constexpr std::string_view registryIterator = "RegistryIterator";
+inline constexpr std::string_view ioReportDictionary = "IOReportDictionary";
+inline constexpr std::string_view ioReportSubscription = "IOReportSubscription";
 inline constexpr std::string_view activity = "Activity";
 inline constexpr std::string_view willSleep = "Subscription:willSleep";
 inline constexpr std::string_view didWake = "Subscription:didWake";

@@ -8,7 +8,10 @@
 #include <vector>
 
 #include "base/Signal.h"
+#include "platform/simulated/SimulatedChannels.h"
+#include "platform/simulated/SimulatedGraphics.h"
 #include "platform/simulated/SimulatedProcessors.h"
+#include "platform/simulated/SimulatedRegistry.h"
 
 namespace vtx {
 
@@ -16,7 +19,7 @@ enum class SimulatedPower { mains, battery, uninterruptible, unknown };
 
 /// The model behind all ports of the simulated platform: one machine in memory, whose parts agree
 /// with each other. Whoever plays the machine's user, a test or the program, calls the setters; the
-/// ports read. Main executor, except for `processors`, which any thread may use.
+/// ports read. Main executor, except for the parts that any thread may use.
 class SimulatedMac {
 public:
     SimulatedMac(const Clock& clock, MacShape shape);
@@ -24,6 +27,10 @@ public:
     SimulatedMac& operator=(const SimulatedMac&) = delete;
 
     SimulatedProcessors processors;
+    SimulatedGraphics graphics;
+    /// Its devices and what its chip counts.
+    SimulatedRegistry registry;
+    SimulatedChannels channels;
 
     /// The system's name and version.
     std::string operatingSystemVersion = "Version 15.2 (Build 24C101)";
@@ -32,6 +39,14 @@ public:
     /// The process's environment, empty at first, so that nothing of the real one shows.
     std::map<std::string, std::string, std::less<>> environment;
     std::vector<std::string> loadedBundlePaths;
+
+    /// From now on all parts live as if somebody worked at the machine.
+    void live(std::uint64_t seed);
+
+    /// Adds an accelerator that tells the load of `graphics`, after those that are there.
+    SimulatedRegistry::Node addAccelerator();
+    /// Accelerators in their order. One can be removed from the registry or made to tell nothing.
+    [[nodiscard]] std::vector<SimulatedRegistry::Node> accelerators() const;
 
     void setPower(SimulatedPower power) { power_ = power; }
     [[nodiscard]] SimulatedPower power() const { return power_; }

@@ -10,6 +10,8 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
     : clock(time),
       mac(time, std::move(shape)),
       hostInfo(mac.processors, instruments),
+      ioRegistry(mac.registry, instruments),
+      ioReport(mac.channels, instruments),
       locale(mac, instruments),
       powerSources(mac, instruments),
       processInfo(mac, instruments),
@@ -18,8 +20,8 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
       workspace(mac, instruments) {}
 
 Ports SimulatedPlatform::ports() {
-    return {clock,  hostInfo,   locale,       powerSources, processInfo,
-            sysctl, unifiedLog, userDefaults, workspace};
+    return {clock,       hostInfo, ioRegistry, ioReport,     locale,   powerSources,
+            processInfo, sysctl,   unifiedLog, userDefaults, workspace};
 }
 
 }  // namespace vtx

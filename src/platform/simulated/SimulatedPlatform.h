@@ -4,6 +4,8 @@
 #include "platform/Ports.h"
 #include "platform/simulated/Instruments.h"
 #include "platform/simulated/SimulatedHostInfo.h"
+#include "platform/simulated/SimulatedIORegistry.h"
+#include "platform/simulated/SimulatedIOReportLibrary.h"
 #include "platform/simulated/SimulatedLocale.h"
 #include "platform/simulated/SimulatedMac.h"
 #include "platform/simulated/SimulatedPowerSources.h"
@@ -40,6 +42,8 @@ public:
     SimulatedMac mac;
 
     SimulatedHostInfo hostInfo;
+    SimulatedIORegistry ioRegistry;
+    SimulatedIOReportLibrary ioReport;
     SimulatedLocale locale;
     SimulatedPowerSources powerSources;
     SimulatedProcessInfo processInfo;

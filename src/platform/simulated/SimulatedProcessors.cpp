@@ -52,6 +52,20 @@ void SimulatedProcessors::Core::run(Duration span, CoreLoad during) {
     counters[1].add(nanoseconds, system);
     counters[2].add(nanoseconds, million - user - system - nice);
     counters[3].add(nanoseconds, nice);
+    if (!clocks.steps.empty()) clock(span.count(), during.user + during.system + during.nice);
+}
+
+void SimulatedProcessors::Core::clock(std::int64_t nanoseconds, double busy) {
+    const auto running = std::llround(static_cast<double>(nanoseconds) * std::fmin(busy, 1.0));
+    clocks.idle += nanoseconds - running;
+    // A little load already raises the clock, as governors do.
+    const double position =
+        std::sqrt(std::fmin(busy, 1.0)) * static_cast<double>(clocks.steps.size() - 1);
+    const auto step = static_cast<std::size_t>(position);
+    const auto above =
+        std::llround(static_cast<double>(running) * (position - std::floor(position)));
+    clocks.steps[step] += running - above;
+    if (above > 0) clocks.steps[step + 1] += above;
 }
 
 SimulatedProcessors::SimulatedProcessors(const Clock& clock, MacShape shape)
@@ -60,7 +74,12 @@ SimulatedProcessors::SimulatedProcessors(const Clock& clock, MacShape shape)
       cores_(shape_.cores.size()),
       visible_(cores_.size()),
       countedUntil_(clock.continuous()),
-      livingSince_(countedUntil_) {}
+      livingSince_(countedUntil_) {
+    for (std::size_t core = 0; core < cores_.size(); ++core)
+        cores_[core].clocks.steps.resize(shape_.cores[core] == CoreKind::efficiency
+                                             ? shape_.efficiencyStepsMHz.size()
+                                             : shape_.performanceStepsMHz.size());
+}
 
 void SimulatedProcessors::setLoad(std::size_t core, CoreLoad load) {
     const std::lock_guard lock(mutex_);
@@ -126,6 +145,15 @@ std::vector<SimulatedProcessors::Ticks> SimulatedProcessors::ticks() {
     for (std::size_t core = 0; core < visible_; ++core)
         for (std::size_t i = 0; i < all[core].size(); ++i)
             all[core][i] = cores_[core].counters[i].ticks;
+    return all;
+}
+
+std::vector<SimulatedProcessors::ClockResidency> SimulatedProcessors::clockResidencies() {
+    const std::lock_guard lock(mutex_);
+    catchUp();
+    std::vector<ClockResidency> all;
+    all.reserve(cores_.size());
+    for (const Core& core : cores_) all.push_back(core.clocks);
     return all;
 }
 

@@ -23,6 +23,13 @@ public:
     /// Cumulative ticks of one core in the kernel's order: user, system, idle, nice.
     using Ticks = std::array<std::uint32_t, 4>;
 
+    /// How long one core was idle and in each step of its clock table, in nanoseconds. Nothing
+    /// counts while it is offline or the machine sleeps.
+    struct ClockResidency {
+        std::int64_t idle = 0;
+        std::vector<std::int64_t> steps;  ///< empty where the machine has no table
+    };
+
     SimulatedProcessors(const Clock& clock, MacShape shape);
 
     [[nodiscard]] const MacShape& shape() const { return shape_; }
@@ -52,6 +59,9 @@ public:
     /// The counters of the processors that the kernel tells of, now.
     [[nodiscard]] std::vector<Ticks> ticks();
 
+    /// Of all cores, now. The busier a core, the higher the steps in which it runs.
+    [[nodiscard]] std::vector<ClockResidency> clockResidencies();
+
 private:
     /// One counter: whole ticks and the part of the next one.
     struct Counter {
@@ -64,7 +74,9 @@ private:
         bool isAlive = false;
         bool isOnline = true;
         std::array<Counter, 4> counters;
+        ClockResidency clocks;
         void run(Duration span, CoreLoad during);
+        void clock(std::int64_t nanoseconds, double busy);
     };
 
     Core& at(std::size_t core);

@@ -100,10 +100,14 @@ void MenuBarController::observeStripSizeSignals() {
     const auto cpuLabel = [](const std::optional<CPUStats>& reading) {
         return compactPercent(reading ? std::optional(reading->totalUsage) : std::nullopt);
     };
+    const auto gpuLabel = [](const std::optional<GPUStats>& reading) {
+        return compactPercent(reading ? std::optional(reading->deviceUtilization) : std::nullopt);
+    };
     const auto changed = [](const auto&) { return Changed{}; };
     const auto signals = merge<Changed>({
         map(coordinator_.preferences.stream(), changed),
         map(removeDuplicates(map(coordinator_.cpu.latest.stream(), cpuLabel)), changed),
+        map(removeDuplicates(map(coordinator_.gpu.latest.stream(), gpuLabel)), changed),
         [this](std::function<void(const Changed&)> next) {
             statusItem_->onIntrinsicWidthChange = [next = std::move(next)] { next(Changed{}); };
             return Subscription([this] { statusItem_->onIntrinsicWidthChange = nullptr; });

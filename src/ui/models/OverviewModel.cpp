@@ -3,11 +3,23 @@
 
 #include <fmt/format.h>
 
+#include <utility>
+
 namespace vtx {
 namespace {
 
 MetricRowModel loadRow(std::string_view symbol, std::string title, std::optional<double> load) {
     return {symbol, std::move(title), percent(load), loadTint(load)};
+}
+
+// A cluster idles between two ticks and has no clock then: its row stays, so that nothing jumps,
+// where the machine knows clocks at all.
+bool showsClock(const std::optional<double>& mhz, int cores, const std::vector<double>& stepsMHz) {
+    return mhz || (cores != 0 && !stepsMHz.empty());
+}
+
+MetricRowModel clockRow(std::string title, const std::optional<double>& mhz) {
+    return {"waveform.path.ecg", std::move(title), mhz ? formatMHz(*mhz) : std::string(emptyMark)};
 }
 
 }  // namespace
@@ -27,12 +39,15 @@ OverviewModel describeOverview(const OverviewReadings& readings) {
     if (layout.eCoreCount != 0)
         rows.push_back(loadRow("e.circle", fmt::format("E-cores ({})", layout.eCoreCount),
                                of(&CPUStats::eCoreUsage)));
-    if (cpu && cpu->pCoreCurrentFrequencyMHz)
-        rows.push_back(
-            {"waveform.path.ecg", "P-Core Clock", formatMHz(*cpu->pCoreCurrentFrequencyMHz)});
-    if (cpu && cpu->eCoreCurrentFrequencyMHz)
-        rows.push_back(
-            {"waveform.path.ecg", "E-Core Clock", formatMHz(*cpu->eCoreCurrentFrequencyMHz)});
+    const auto pClock = cpu ? cpu->pCoreCurrentFrequencyMHz : std::nullopt;
+    const auto eClock = cpu ? cpu->eCoreCurrentFrequencyMHz : std::nullopt;
+    if (showsClock(pClock, layout.pCoreCount, layout.pCoreFrequencyStepsMHz))
+        rows.push_back(clockRow("P-Core Clock", pClock));
+    if (showsClock(eClock, layout.eCoreCount, layout.eCoreFrequencyStepsMHz))
+        rows.push_back(clockRow("E-Core Clock", eClock));
+    rows.push_back(
+        loadRow("display", "GPU",
+                readings.gpu ? std::optional(readings.gpu->deviceUtilization) : std::nullopt));
     return model;
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "telemetry/CPUStats.h"
+#include "telemetry/GPUStats.h"
 #include "ui/models/Formatters.h"
 
 namespace vtx {
@@ -17,6 +18,8 @@ struct OverviewReadings {
     std::optional<CoreLayout> layout;
     /// Absent until there is a reading.
     std::optional<CPUStats> cpu;
+    /// Absent until there is one, and on a machine that tells no load of its graphics.
+    std::optional<GPUStats> gpu = std::nullopt;
 };
 
 /// One live row: a symbol, what it is, how much it is.

@@ -59,7 +59,9 @@ void OverviewTab::display(const OverviewModel& model) {
 
 void OverviewTab::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    subscriptions_.push_back(coordinator_.cpu.latest.subscribe([this](const auto&) { rebuild(); }));
+    const auto follow = [this](const auto&) { rebuild(); };
+    subscriptions_.push_back(coordinator_.cpu.latest.subscribe(follow));
+    subscriptions_.push_back(coordinator_.gpu.latest.subscribe(follow));
 }
 
 void OverviewTab::hideEvent(QHideEvent* event) {
@@ -68,7 +70,8 @@ void OverviewTab::hideEvent(QHideEvent* event) {
 }
 
 void OverviewTab::rebuild() {
-    display(describeOverview({coordinator_.cpu.layout(), *coordinator_.cpu.latest}));
+    display(describeOverview(
+        {coordinator_.cpu.layout(), *coordinator_.cpu.latest, *coordinator_.gpu.latest}));
 }
 
 }  // namespace vtx

@@ -19,6 +19,8 @@ namespace {
 StripReadings readingsOf(const MetricsCoordinator& coordinator) {
     StripReadings readings;
     if (const auto& cpu = *coordinator.cpu.latest) readings.cpuUsage = cpu->totalUsage;
+    readings.isGPUAvailable = *coordinator.gpu.isAvailable;
+    if (const auto& gpu = *coordinator.gpu.latest) readings.gpuUtilization = gpu->deviceUtilization;
     readings.criticalMetric = *coordinator.criticalMetric;
     return readings;
 }
@@ -58,6 +60,8 @@ void StripView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     const auto follow = [this](const auto&) { rebuild(); };
     subscriptions_.push_back(coordinator_.cpu.latest.subscribe(follow));
+    subscriptions_.push_back(coordinator_.gpu.latest.subscribe(follow));
+    subscriptions_.push_back(coordinator_.gpu.isAvailable.subscribe(follow));
     subscriptions_.push_back(coordinator_.preferences.subscribe(follow));
     subscriptions_.push_back(coordinator_.criticalMetric.subscribe(follow));
 }

@@ -152,5 +152,14 @@ TEST(MetricsCoordinator, while_nobody_observes_it_monitors_changes_start_no_time
     EXPECT_TRUE(b.clock.pending().empty());
 }
 
+TEST(MetricsCoordinator, a_graphics_reading_tells_the_coordinators_observers) {
+    CoordinatorBench b;
+    int told = 0;
+    const auto token = b.coordinator.objectWillChange.subscribe([&told] { ++told; });
+    b.coordinator.gpu.latest = GPUStats{};
+    b.advance(seconds(1));
+    EXPECT_EQ(told, 1);
+}
+
 }  // namespace
 }  // namespace vtx

@@ -135,5 +135,20 @@ TEST(PassTable, samplers_stand_in_their_laid_down_order_and_phase) {
     EXPECT_FALSE(passTable().empty());
 }
 
+TEST(PassNeeds, an_idle_pass_samples_the_graphics_where_a_preference_asks_for_it) {
+    for (bool DisplayPreferences::* const wish :
+         {&DisplayPreferences::showGPU, &DisplayPreferences::menuBarLiveGPU,
+          &DisplayPreferences::alertGPUEnabled, &DisplayPreferences::menuBarCompact}) {
+        CoordinatorBench b;
+        b.coordinator.preferences = nothingWanted();
+        b.coordinator.start();
+        b.settle();
+        EXPECT_EQ(*b.coordinator.gpu.latest, std::nullopt);
+        b.change([wish](auto& p) { p.*wish = true; });
+        b.advance(seconds(1));
+        EXPECT_TRUE(b.coordinator.gpu.latest->has_value());
+    }
+}
+
 }  // namespace
 }  // namespace vtx

@@ -159,6 +159,7 @@ TEST(PollingModes, closing_every_surface_stops_what_only_they_need) {
     Modes m({});
     auto preferences = *m.controller.coordinator().preferences;
     preferences.showCPU = preferences.menuBarLiveCPU = false;
+    preferences.showGPU = preferences.menuBarLiveGPU = false;
     m.controller.coordinator().preferences = preferences;
     const auto samplesInTenSeconds = [&m] {
         m.bench.settle();
@@ -187,7 +188,11 @@ TEST(PollingModes, each_mode_asks_the_platform_for_this_and_no_more_in_a_pass) {
         b.settle();
         b.platform.resetCalls();
         b.advance(seconds(b.coordinator.effectiveInterval()));
-        const CallCounter::Counts expected{{"host_processor_info", 1}, {"vm_deallocate", 1}};
+        const CallCounter::Counts expected{{"host_processor_info", 1},
+                                           {"vm_deallocate", 1},
+                                           {"IOReportCreateSamples", 1},
+                                           {"IOReportCreateSamplesDelta", 1},
+                                           {"IORegistryEntryCreateCFProperties", 1}};
         EXPECT_EQ(b.platform.instruments.counter.all(), expected) << name(mode);
     }
 }

@@ -4,11 +4,14 @@
 #include <unistd.h>
 
 #include <pthread.h>
+#include <algorithm>
 #include <numeric>
 #include <thread>
 
 #include "linux/TemporaryTree.h"
 #include "platform/HostInfo.h"
+#include "platform/IORegistry.h"
+#include "platform/IOReportLibrary.h"
 #include "platform/Locale.h"
 #include "platform/PowerSources.h"
 #include "platform/ProcessInfo.h"
@@ -17,6 +20,7 @@
 #include "platform/Workspace.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PollRunLoop.h"
+#include "telemetry/PMGRReader.h"
 
 namespace vtx::test {
 namespace {
@@ -53,6 +57,31 @@ TEST_F(RunningMachine, has_as_many_processors_as_the_system_library_counts) {
     ASSERT_EQ(info.result, kernSuccess);
     EXPECT_EQ(static_cast<std::int32_t>(info.processorCount), int32("hw.logicalcpu"));
     EXPECT_EQ(info.words.words().size(), std::size_t{info.processorCount} * 4);
+}
+
+TEST_F(RunningMachine, has_clock_steps_that_ascend_and_a_library_that_counts_them) {
+    const auto tables = PMGRReader::detectFrequencyTables(ports.ioRegistry);
+    const auto library = ports.ioReport.open("/usr/lib/libIOReport.dylib", 10);
+    if (!tables) {
+        EXPECT_FALSE(library);
+        GTEST_SKIP() << "this machine has no cpufreq";
+    }
+    for (const auto* steps : {&tables->performanceStepsMHz, &tables->efficiencyStepsMHz}) {
+        EXPECT_TRUE(std::ranges::is_sorted(*steps));
+        for (const double mhz : *steps) EXPECT_TRUE(mhz >= 1.0 && mhz < 100'000.0) << mhz;
+    }
+}
+
+TEST_F(RunningMachine, has_graphics_with_a_load_within_its_range) {
+    const auto walk = ports.ioRegistry.getMatchingServices({"IOAccelerator"});
+    EXPECT_EQ(walk.result, kernSuccess);
+    if (!walk.iterator) GTEST_SKIP() << "this machine has no graphics that tell a load";
+    while (const auto entry = ports.ioRegistry.iteratorNext(walk.iterator)) {
+        const auto load = ports.ioRegistry.entryProperties(entry)
+                              .properties["PerformanceStatistics"]["Device Utilization %"]
+                              .number();
+        EXPECT_TRUE(!load || (*load >= 0 && *load <= 100)) << *load;
+    }
 }
 
 TEST_F(RunningMachine, has_levels_that_add_up_to_its_processors) {

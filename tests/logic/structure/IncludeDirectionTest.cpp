@@ -20,8 +20,9 @@ const std::map<std::string, std::set<std::string>>& layers() {
     static const std::map<std::string, std::set<std::string>> all{
         {"base", {}},
         {"platform", {"base"}},
-        {"platform/linux", {"base", "platform"}},
-        {"platform/simulated", {"base", "platform"}},
+        {"platform/shapes", {"base"}},
+        {"platform/linux", {"base", "platform", "platform/shapes"}},
+        {"platform/simulated", {"base", "platform", "platform/shapes"}},
         {"telemetry", {"base", "platform"}},
         {"language", {"base", "platform"}},
         {"core", {"base", "platform", "telemetry", "language"}},

@@ -7,12 +7,13 @@
 #include "base/QueueExecutor.h"
 #include "platform/simulated/ManualClock.h"
 #include "platform/simulated/SimulatedPlatform.h"
+#include "telemetry/SharedTelemetry.h"
 
 namespace vtx {
 
 /// Everything that logic needs around it in a test: the two executors as queues that the test
 /// steps, the clock that stands until moved, the machine in memory, and its log in the place of the
-/// process's. Made first in a test, so that it goes last.
+/// process's, as the shared objects of telemetry are. Made first in a test, so that it goes last.
 class TestBench {
 public:
     explicit TestBench(MacShape shape = MacShape::standard(),
@@ -44,6 +45,7 @@ public:
 
 private:
     LogSink* previousSink_;
+    SharedTelemetry shared_{platform.ports()};
 };
 
 }  // namespace vtx

@@ -20,7 +20,7 @@ struct Monitored {
     explicit Monitored(MacShape shape = MacShape::standard()) : bench(std::move(shape)) {}
 
     TestBench bench;
-    CPUMonitor monitor{bench.ports(), bench.engine};
+    CPUMonitor monitor{bench.ports(), bench.executors()};
     TaskScope tasks{bench.main};
 
     void refresh() {
@@ -59,7 +59,7 @@ TEST(CPUMonitor, loads_of_cores_and_clusters_are_those_of_the_machine) {
 }
 
 TEST(CPUMonitor, without_a_source_of_clocks_readings_flow_with_both_frequencies_absent) {
-    Monitored m;
+    Monitored m(MacShape::withoutLevels());
     m.refreshOverASecond();
     EXPECT_EQ((*m.monitor.latest)->pCoreCurrentFrequencyMHz, std::nullopt);
     EXPECT_EQ((*m.monitor.latest)->eCoreCurrentFrequencyMHz, std::nullopt);
@@ -92,7 +92,7 @@ TEST(CPUMonitor, without_a_layout_it_is_disabled_for_good) {
     TestBench bench;
     bench.failures.failAlways("sysctlbyname:hw.nperflevels");
     bench.failures.failAlways("sysctlbyname:hw.logicalcpu");
-    CPUMonitor monitor(bench.ports(), bench.engine);
+    CPUMonitor monitor(bench.ports(), bench.executors());
     TaskScope tasks(bench.main);
     tasks.spawn([&](std::stop_token) { return monitor.refresh(); });
     bench.settle();
@@ -183,7 +183,7 @@ TEST(CPUMonitor, every_array_of_the_kernel_is_given_back) {
     Monitored m;
     for (int i = 0; i < 5; ++i) m.refresh();
     EXPECT_EQ(m.bench.platform.calls(operations::hostProcessorInfo), 5U);
-    EXPECT_EQ(m.bench.platform.outstanding(), 0U);
+    EXPECT_EQ(m.bench.platform.instruments.handles.outstanding(handles::kernelArray), 0U);
 }
 
 TEST(CPUMonitor, a_refresh_publishes_on_the_main_executor_after_the_engine_is_done) {

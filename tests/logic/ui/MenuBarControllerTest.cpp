@@ -25,6 +25,11 @@ struct Controlled {
         stats.totalUsage = usage;
         controller.coordinator().cpu.latest = stats;
     }
+    void publishGPU(double utilization) {
+        GPUStats stats;
+        stats.deviceUtilization = utilization;
+        controller.coordinator().gpu.latest = stats;
+    }
     // Beyond the throttle of the size signals.
     void letSizeSettle() { bench.advance(std::chrono::milliseconds(200)); }
 };
@@ -185,6 +190,20 @@ TEST(MenuBarController, a_reading_that_leaves_the_label_as_it_is_measures_nothin
     c.letSizeSettle();
     EXPECT_EQ(c.surfaces.item->lengths.size(), before);
     c.publishCPU(0.13);
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
+}
+
+TEST(MenuBarController, another_label_of_the_graphics_measures_the_strip) {
+    Controlled c;
+    c.letSizeSettle();  // with the machine's own first reading
+    c.publishGPU(0.121);
+    c.letSizeSettle();
+    const auto before = c.surfaces.item->lengths.size();
+    c.publishGPU(0.124);
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before);
+    c.publishGPU(0.13);
     c.letSizeSettle();
     EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
 }

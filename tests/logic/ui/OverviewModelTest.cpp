@@ -29,35 +29,67 @@ TEST(OverviewModel, before_any_reading_the_rows_stand_with_dashes) {
     EXPECT_THAT(describeOverview({eightAndFour(), std::nullopt}).liveRows,
                 ElementsAre(MetricRowModel{"cpu", "CPU", "—", Tint::primary},
                             MetricRowModel{"p.circle", "P-cores (8)", "—", Tint::primary},
-                            MetricRowModel{"e.circle", "E-cores (4)", "—", Tint::primary}));
+                            MetricRowModel{"e.circle", "E-cores (4)", "—", Tint::primary},
+                            MetricRowModel{"display", "GPU", "—", Tint::primary}));
 }
 
 TEST(OverviewModel, rows_show_the_loads_with_their_tints) {
     EXPECT_THAT(describeOverview({eightAndFour(), readingOf(0.97, 0.88, 0.74)}).liveRows,
                 ElementsAre(MetricRowModel{"cpu", "CPU", "97 %", Tint::red},
                             MetricRowModel{"p.circle", "P-cores (8)", "88 %", Tint::orange},
-                            MetricRowModel{"e.circle", "E-cores (4)", "74 %", Tint::yellow}));
+                            MetricRowModel{"e.circle", "E-cores (4)", "74 %", Tint::yellow},
+                            MetricRowModel{"display", "GPU", "—", Tint::primary}));
 }
 
 TEST(OverviewModel, a_cluster_without_cores_has_no_row) {
     auto reading = readingOf(0.1, 0.1, 0.0);
     reading.layout.eCoreCount = 0;
     const auto rows = describeOverview({reading.layout, reading}).liveRows;
-    ASSERT_EQ(rows.size(), 2U);
+    ASSERT_EQ(rows.size(), 3U);
     EXPECT_EQ(rows[1].title, "P-cores (8)");
+    EXPECT_EQ(rows[2].title, "GPU");
 }
 
 TEST(OverviewModel, clocks_have_rows_where_they_are_measured) {
     auto reading = readingOf(0.1, 0.1, 0.1);
     reading.pCoreCurrentFrequencyMHz = 3228;
     const auto rows = describeOverview({eightAndFour(), reading}).liveRows;
-    ASSERT_EQ(rows.size(), 4U);
+    ASSERT_EQ(rows.size(), 5U);
     EXPECT_EQ(rows[3], (MetricRowModel{"waveform.path.ecg", "P-Core Clock", "3.23 GHz"}));
+    EXPECT_EQ(rows[4].title, "GPU");
+}
+
+TEST(OverviewModel, a_clock_that_is_missing_for_a_tick_keeps_its_row_where_there_is_a_table) {
+    auto reading = readingOf(0.1, 0.1, 0.1);
+    reading.layout.pCoreFrequencyStepsMHz = {600, 3228};
+    reading.layout.eCoreFrequencyStepsMHz = {600, 2064};
+    reading.eCoreCurrentFrequencyMHz = 999.6;
+    const auto rows = describeOverview({reading.layout, reading}).liveRows;
+    ASSERT_EQ(rows.size(), 6U);
+    EXPECT_EQ(rows[3], (MetricRowModel{"waveform.path.ecg", "P-Core Clock", "—"}));
+    EXPECT_EQ(rows[4], (MetricRowModel{"waveform.path.ecg", "E-Core Clock", "1000 MHz"}));
+    EXPECT_EQ(describeOverview({reading.layout, std::nullopt}).liveRows.size(), 6U);
+}
+
+TEST(OverviewModel, a_cluster_without_cores_has_no_clock_row_for_its_table) {
+    auto reading = readingOf(0.1, 0.1, 0.0);
+    reading.layout.eCoreCount = 0;
+    reading.layout.eCoreFrequencyStepsMHz = {600, 2064};
+    const auto rows = describeOverview({reading.layout, reading}).liveRows;
+    EXPECT_EQ(rows.size(), 3U);
+}
+
+TEST(OverviewModel, the_graphics_load_has_its_row_and_tint) {
+    GPUStats gpu;
+    gpu.deviceUtilization = 0.86;
+    const auto rows = describeOverview({eightAndFour(), readingOf(0.1, 0.1, 0.1), gpu}).liveRows;
+    EXPECT_EQ(rows.back(), (MetricRowModel{"display", "GPU", "86 %", Tint::orange}));
 }
 
 TEST(OverviewModel, a_machine_that_tells_no_layout_still_has_its_cpu_row) {
     EXPECT_THAT(describeOverview({}).liveRows,
-                ElementsAre(MetricRowModel{"cpu", "CPU", "—", Tint::primary}));
+                ElementsAre(MetricRowModel{"cpu", "CPU", "—", Tint::primary},
+                            MetricRowModel{"display", "GPU", "—", Tint::primary}));
 }
 
 }  // namespace

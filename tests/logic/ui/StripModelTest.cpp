@@ -68,6 +68,9 @@ TEST(StripModel, a_gpu_that_cannot_be_sampled_has_no_tile) {
     EXPECT_THAT(describeStrip(readings, preferences).tiles, IsEmpty());
     readings.isGPUAvailable = true;
     EXPECT_THAT(idsOf(describeStrip(readings, preferences)), ElementsAre("gpu"));
+    EXPECT_EQ(tileOf(describeStrip(readings, preferences), "gpu").label, "—");
+    readings.gpuUtilization = 0.425;
+    EXPECT_EQ(tileOf(describeStrip(readings, preferences), "gpu").label, "43%");
 }
 
 TEST(StripModel, neural_engine_and_unknown_identifiers_hold_a_place_but_draw_nothing) {

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/DeviceChanges.h"
+
+#include <linux/netlink.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+namespace vtx {
+namespace {
+
+/// The kernel's own announcements, before any daemon works on them.
+constexpr unsigned kernelGroup = 1;
+/// More than wait in a socket of the usual size; those beyond are taken the next time.
+constexpr int messagesAtOnce = 4096;
+
+FileDescriptor openSocket() {
+    FileDescriptor socket(
+        ::socket(AF_NETLINK, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, NETLINK_KOBJECT_UEVENT));
+    sockaddr_nl address{};
+    address.nl_family = AF_NETLINK;
+    address.nl_groups = kernelGroup;
+    const auto* const generic = reinterpret_cast<const sockaddr*>(&address);
+    if (!socket || ::bind(socket.get(), generic, sizeof(address)) != 0) return {};
+    return socket;
+}
+
+}  // namespace
+
+bool announcesDeviceChange(std::string_view message) {
+    constexpr std::array<std::string_view, 5> actions = {"add", "remove", "bind", "unbind", "move"};
+    const auto at = message.find('@');
+    if (at == std::string_view::npos) return false;
+    return std::ranges::find(actions, message.substr(0, at)) != actions.end();
+}
+
+std::uint64_t KernelDeviceChanges::generation() {
+    if (generation_ == 0) {
+        socket_ = openSocket();
+        generation_ = 1;
+    } else if (socket_ && takeAnnouncements()) {
+        ++generation_;
+    }
+    return generation_;
+}
+
+bool KernelDeviceChanges::takeAnnouncements() {
+    bool changed = false;
+    std::array<char, 4096> message{};
+    for (int taken = 0; taken < messagesAtOnce; ++taken) {
+        sockaddr_nl sender{};
+        socklen_t size = sizeof(sender);
+        const ssize_t got = ::recvfrom(socket_.get(), message.data(), message.size(), MSG_DONTWAIT,
+                                       reinterpret_cast<sockaddr*>(&sender), &size);
+        if (got < 0 && errno == EINTR) continue;
+        // Announcements were lost: what they said is not known.
+        if (got < 0 && errno == ENOBUFS) changed = true;
+        if (got < 0 && errno != ENOBUFS) break;
+        const bool isKernels = got > 0 && size == sizeof(sender) && sender.nl_pid == 0;
+        if (isKernels && announcesDeviceChange({message.data(), static_cast<std::size_t>(got)}))
+            changed = true;
+    }
+    return changed;
+}
+
+}  // namespace vtx

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/linux/FileDescriptor.h"
+
+namespace vtx {
+
+/// Tells whether devices came or went, so that nobody looks for them without a reason.
+class DeviceChanges {
+public:
+    DeviceChanges() = default;
+    DeviceChanges(const DeviceChanges&) = delete;
+    DeviceChanges& operator=(const DeviceChanges&) = delete;
+    virtual ~DeviceChanges() = default;
+
+    /// Another number than before when devices may have changed meanwhile; never 0. Ask before
+    /// looking, so that what changes while looking is found the next time. One thread at a time.
+    [[nodiscard]] virtual std::uint64_t generation() = 0;
+};
+
+/// Whether an announcement of the kernel, "add@/devices/..." and lines behind it, is of a device or
+/// a driver that came or went.
+[[nodiscard]] bool announcesDeviceChange(std::string_view message);
+
+/// By the announcements of the kernel, which wait in a socket until somebody asks: they wake
+/// nobody. Where too many waited some are lost, which counts as a change. Where the kernel refuses
+/// the socket nothing ever changes.
+class KernelDeviceChanges final : public DeviceChanges {
+public:
+    [[nodiscard]] std::uint64_t generation() override;
+
+private:
+    [[nodiscard]] bool takeAnnouncements();
+
+    FileDescriptor socket_;
+    std::uint64_t generation_ = 0;  ///< 0 before the first call
+};
+
+}  // namespace vtx

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "platform/IORegistry.h"
+#include "platform/linux/CpuFreq.h"
+#include "platform/linux/LinuxProcessors.h"
+#include "platform/linux/RegistryNode.h"
+
+namespace vtx {
+
+/// The machine's devices as far as the logic asks for them, under the platform's names. Owned by
+/// the platform; outlives every entry and iterator that it gave.
+///
+/// | entry | from |
+/// |---|---|
+/// | IODeviceTree:/cpus and its children | `LinuxProcessors`, on a machine of two levels |
+/// | AppleARMIODevice "pmgr" | `CpuFreq` |
+/// | services of other classes | the `RegistrySource` of the class |
+///
+/// Any other path or class has no entries.
+class LinuxIORegistry final : public IORegistry {
+public:
+    using Sources = std::vector<std::unique_ptr<RegistrySource>>;
+
+    /// `sources` are asked for the services of their classes, besides the power manager.
+    LinuxIORegistry(const LinuxProcessors& processors, const CpuFreq& cpuFreq,
+                    Sources sources = {});
+
+    [[nodiscard]] RegistryEntry entryFromPath(std::string_view path) override;
+    [[nodiscard]] std::optional<ServiceMatch> serviceMatching(std::string_view className) override;
+    [[nodiscard]] RegistryWalk getMatchingServices(const ServiceMatch& match) override;
+    [[nodiscard]] RegistryEntry getMatchingService(const ServiceMatch& match) override;
+    [[nodiscard]] RegistryEntry iteratorNext(const RegistryIterator& iterator) override;
+    [[nodiscard]] RegistryWalk entryGetChildIterator(const RegistryEntry& entry,
+                                                     std::string_view plane) override;
+    [[nodiscard]] RegistryEntry entryGetParentEntry(const RegistryEntry& entry,
+                                                    std::string_view plane) override;
+    [[nodiscard]] RegistryEntry objectRetain(const RegistryEntry& entry) override;
+    [[nodiscard]] std::optional<std::string> entryGetName(const RegistryEntry& entry) override;
+    [[nodiscard]] std::optional<std::uint64_t> entryGetRegistryEntryID(
+        const RegistryEntry& entry) override;
+    [[nodiscard]] EntryProperties entryCreateCFProperties(const RegistryEntry& entry) override;
+    [[nodiscard]] EntryPropertiesView entryProperties(const RegistryEntry& entry) override;
+    [[nodiscard]] PropertyView entryProperty(const RegistryEntry& entry,
+                                             std::string_view key) override;
+    void objectRelease(IOObject object) noexcept override;
+
+    /// Entries and iterators that were given out and have not come back.
+    [[nodiscard]] std::size_t outstandingObjects() const;
+
+private:
+    using Node = std::shared_ptr<RegistryNode>;
+
+    /// An entry, which has a node, or a walk, which has nodes ahead.
+    struct Object {
+        Node node;
+        std::deque<Node> ahead;
+        std::unique_ptr<Property> kept;  ///< what the owner of the entry looks at
+    };
+
+    [[nodiscard]] RegistryNodes servicesOf(std::string_view className);
+    [[nodiscard]] IOObject keep(Object object);
+    [[nodiscard]] RegistryEntry entryOf(Node node);
+    [[nodiscard]] RegistryWalk walkOf(const RegistryNodes& nodes);
+    [[nodiscard]] Node nodeOf(const RegistryEntry& entry) const;
+    [[nodiscard]] Node takeNext(const RegistryIterator& iterator);
+    [[nodiscard]] PropertyView look(const RegistryEntry& entry, std::unique_ptr<Property> value);
+
+    Node cpus_;          ///< null on a machine of one level
+    Node powerManager_;  ///< null on a machine without cpufreq
+
+    std::mutex sourcesMutex_;
+    Sources sources_;
+
+    mutable std::mutex mutex_;  ///< of all below
+    std::map<IOObject, Object> objects_;
+    IOObject last_ = ioObjectNull;
+    std::map<std::weak_ptr<RegistryNode>, std::uint64_t, std::owner_less<>> identifiers_;
+    std::uint64_t lastIdentifier_ = 0;
+};
+
+}  // namespace vtx

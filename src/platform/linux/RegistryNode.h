@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "base/Property.h"
+
+namespace vtx {
+
+/// A device of the registry, shared by those that hold entries for it and by the source that found
+/// it. What it is named and where it stands never changes. Any thread.
+class RegistryNode {
+public:
+    RegistryNode(std::string_view plane, std::string name)
+        : plane_(plane), name_(std::move(name)) {}
+    RegistryNode(const RegistryNode&) = delete;
+    RegistryNode& operator=(const RegistryNode&) = delete;
+    virtual ~RegistryNode() = default;
+
+    [[nodiscard]] std::string_view plane() const { return plane_; }
+    [[nodiscard]] const std::string& name() const { return name_; }
+
+    /// Whether the machine still has the device.
+    [[nodiscard]] virtual bool isThere() { return true; }
+    /// The properties as they are now; absent where the device has gone.
+    [[nodiscard]] virtual std::optional<PropertyMap> properties() = 0;
+
+    // Set while the tree is built, by whoever builds it.
+    std::vector<std::shared_ptr<RegistryNode>> children;
+    std::weak_ptr<RegistryNode> parent;
+
+private:
+    std::string_view plane_;
+    std::string name_;
+};
+using RegistryNodes = std::vector<std::shared_ptr<RegistryNode>>;
+
+/// A device of which nothing changes while the machine runs.
+class FixedNode final : public RegistryNode {
+public:
+    FixedNode(std::string_view plane, std::string name, PropertyMap properties)
+        : RegistryNode(plane, std::move(name)), properties_(std::move(properties)) {}
+
+    [[nodiscard]] std::optional<PropertyMap> properties() override { return properties_; }
+
+private:
+    const PropertyMap properties_;
+};
+
+/// Knows the services of one class.
+class RegistrySource {
+public:
+    RegistrySource() = default;
+    RegistrySource(const RegistrySource&) = delete;
+    RegistrySource& operator=(const RegistrySource&) = delete;
+    virtual ~RegistrySource() = default;
+
+    [[nodiscard]] virtual std::string_view className() const = 0;
+    /// Those that are there now, the same node for the same device each time. One thread at a time.
+    [[nodiscard]] virtual RegistryNodes services() = 0;
+};
+
+}  // namespace vtx
