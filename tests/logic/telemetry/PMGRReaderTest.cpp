@@ -168,6 +168,8 @@ TEST(PMGRReader, the_power_manager_is_found_among_other_devices_of_its_class) {
     Detection d;
     d.registry.add(d.services, "aic", "AppleARMIODevice");
     d.registry.add(d.services, "pmgr", "SomethingElse");
+    d.registry.add(d.services, "pmgr2", "AppleARMIODevice");
+    d.registry.add(d.services, "PMGR", "AppleARMIODevice");
     d.addPowerManager({{"voltage-states5-sram", tableOf({600})}});
     EXPECT_TRUE(d.detect());
 }
