@@ -67,6 +67,8 @@ inline constexpr std::string_view cfDictionaryCreateMutableCopy = "CFDictionaryC
 inline constexpr std::string_view ioReportCreateSubscription = "IOReportCreateSubscription";
 inline constexpr std::string_view ioReportCreateSamples = "IOReportCreateSamples";
 inline constexpr std::string_view ioReportCreateSamplesDelta = "IOReportCreateSamplesDelta";
+/// The channels of every group, whichever was asked for; not counted apart.
+inline constexpr std::string_view ioReportCopyChannelsAll = "IOReportCopyChannelsInGroup:all";
 /// Half an answer; not counted apart.
 inline constexpr std::string_view ioReportCreateSubscriptionNoObject =
     "IOReportCreateSubscription:noObject";

@@ -19,6 +19,8 @@ public:
         : channels(std::move(list)), held_(instruments.handles.hold(handles::ioReportDictionary)) {}
 
     std::optional<std::vector<SimulatedChannel>> channels;
+    /// Given by a subscription: no other dictionary can be sampled.
+    bool isSubscribed = false;
 
 private:
     Subscription held_;
@@ -35,6 +37,10 @@ private:
 
 const std::optional<std::vector<SimulatedChannel>>& listOf(const IOReportDictionary& dictionary) {
     return dynamic_cast<const Dictionary&>(dictionary).channels;
+}
+
+bool isSubscribed(const IOReportDictionary& dictionary) {
+    return dynamic_cast<const Dictionary&>(dictionary).isSubscribed;
 }
 
 const SimulatedChannel& at(IOReportChannel channel) {
@@ -77,8 +83,9 @@ public:
                                                 std::optional<std::string_view> subgroup) override {
         if (instruments_.enter(operations::ioReportCopyChannels)) return nullptr;
         auto all = channels_.all();
+        const bool asked = !instruments_.failures.take(operations::ioReportCopyChannelsAll);
         std::erase_if(all, [&](const SimulatedChannel& each) {
-            return each.isDictionary &&
+            return asked && each.isDictionary &&
                    (each.group != group || (subgroup && each.subgroup != *subgroup));
         });
         if (all.empty()) return nullptr;
@@ -96,14 +103,18 @@ public:
         Failures& failures = instruments_.failures;
         if (!failures.take(operations::ioReportCreateSubscriptionNoObject))
             answer.subscription = std::make_unique<SubscriptionObject>(instruments_);
-        if (!failures.take(operations::ioReportCreateSubscriptionNoChannels))
-            answer.channels = std::make_unique<Dictionary>(listOf(channels), instruments_);
+        if (!failures.take(operations::ioReportCreateSubscriptionNoChannels)) {
+            auto subscribed = std::make_unique<Dictionary>(listOf(channels), instruments_);
+            subscribed->isSubscribed = true;
+            answer.channels = std::move(subscribed);
+        }
         return answer;
     }
 
     IOReportDictionaryOwner createSamples(IOReportSubscriptionObject&,
                                           IOReportDictionary& channels) override {
         if (instruments_.enter(operations::ioReportCreateSamples)) return nullptr;
+        if (!isSubscribed(channels)) return nullptr;
         const auto& wanted = listOf(channels);
         auto now = channels_.all();
         std::erase_if(now, [&](const SimulatedChannel& each) {

@@ -63,6 +63,15 @@ TEST_F(SimulatedIOReportLibraryTest, a_difference_holds_what_was_added_to_the_su
     EXPECT_EQ(library->stateResidency(channel, 1), 5);
 }
 
+TEST_F(SimulatedIOReportLibraryTest, only_the_channels_that_a_subscription_gave_can_be_sampled) {
+    const auto wanted = library->copyChannelsInGroup("A", "Sub");
+    const auto subscribed = library->createSubscription(*wanted);
+    EXPECT_FALSE(library->createSamples(*subscribed.subscription, *wanted));
+    const auto copy = library->createMutableCopy(*subscribed.channels);
+    EXPECT_FALSE(library->createSamples(*subscribed.subscription, *copy));
+    EXPECT_TRUE(library->createSamples(*subscribed.subscription, *subscribed.channels));
+}
+
 TEST_F(SimulatedIOReportLibraryTest, all_that_it_hands_out_is_given_back) {
     {
         const auto wanted = library->copyChannelsInGroup("A", "Sub");

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "telemetry/ANEMonitor.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/simulated/Operations.h"
+#include "support/LibraryAt.h"
 #include "support/TestBench.h"
 
 namespace vtx {
 namespace {
+
+using testing::ElementsAre;
+using testing::Pair;
 
 constexpr auto firstPath = "dlopen:/usr/lib/libIOReport.dylib";
 constexpr auto secondPath = "dlopen:/System/Library/PrivateFrameworks/IOReport.framework/IOReport";
@@ -54,6 +59,35 @@ TEST(IOReportEnergyReader, tries_the_framework_where_the_library_is_not_there) {
     EXPECT_FALSE(IOReportEnergyReader::make(bench.platform.ioReport));
     EXPECT_EQ(bench.platform.calls(firstPath), 1U);
     EXPECT_EQ(bench.platform.calls(secondPath), 1U);
+}
+
+TEST(IOReportEnergyReader, takes_the_framework_and_resolves_either_lazily) {
+    TestBench bench;
+    constexpr auto library = "/usr/lib/libIOReport.dylib";
+    constexpr auto framework = "/System/Library/PrivateFrameworks/IOReport.framework/IOReport";
+    LibraryAt inFramework(bench.platform.ioReport, framework);
+    EXPECT_TRUE(IOReportEnergyReader::make(inFramework));
+    EXPECT_THAT(inFramework.tried, ElementsAre(Pair(library, 1), Pair(framework, 1)));
+    LibraryAt inPlace(bench.platform.ioReport, library);
+    EXPECT_TRUE(IOReportEnergyReader::make(inPlace));
+    EXPECT_THAT(inPlace.tried, ElementsAre(Pair(library, 1)));
+}
+
+TEST(IOReportEnergyReader, subscribes_to_the_channels_themselves_after_its_symbols_in_order) {
+    const char* symbols[] = {"IOReportCopyChannelsInGroup",   "IOReportCreateSubscription",
+                             "IOReportCreateSamples",         "IOReportCreateSamplesDelta",
+                             "IOReportChannelGetChannelName", "IOReportChannelGetUnitLabel",
+                             "IOReportSimpleGetIntegerValue"};
+    std::size_t place = 0;
+    for (const char* symbol : symbols) {
+        TestBench bench;
+        bench.failures.failNext(std::string("dlsym:") + symbol);
+        EXPECT_FALSE(IOReportEnergyReader::make(bench.platform.ioReport));
+        EXPECT_EQ(bench.platform.totalCalls(), 1 + ++place) << symbol;  // the opening first
+    }
+    TestBench bench;
+    EXPECT_TRUE(IOReportEnergyReader::make(bench.platform.ioReport));
+    EXPECT_EQ(bench.platform.calls(operations::cfDictionaryCreateMutableCopy), 0U);
 }
 
 class EnergyReaderFailure : public testing::TestWithParam<std::string_view> {};

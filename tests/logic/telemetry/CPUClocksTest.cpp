@@ -168,6 +168,22 @@ TEST(CPUMonitor, a_step_without_loads_publishes_nothing_but_moves_the_clocks_bas
     EXPECT_NEAR(m.stats().totalUsage, 0.625, 1e-9);         // of both
 }
 
+TEST(CPUMonitor, a_refresh_without_loads_still_ends_after_the_clocks) {
+    Monitored m;
+    m.bench.failures.failNext(operations::hostProcessorInfo);
+    bool hasEnded = false;
+    m.tasks.spawn([&](std::stop_token) -> Task<> {
+        co_await m.monitor->refresh();
+        hasEnded = true;
+    });
+    m.bench.main.drain();
+    m.bench.engine.runOne();  // the loads
+    m.bench.main.drain();
+    EXPECT_FALSE(hasEnded);
+    m.bench.settle();
+    EXPECT_TRUE(hasEnded);
+}
+
 class NoClocks : public testing::TestWithParam<std::string_view> {};
 
 TEST_P(NoClocks, leave_readings_flowing_without_them_for_good) {

@@ -170,6 +170,13 @@ TEST(CoreLayout, a_cluster_without_a_table_has_the_kernels_top_clock) {
     EXPECT_EQ(other.detect().eCoreMaxMHz, 2424.0);
 }
 
+TEST(CoreLayout, a_table_of_one_step_is_enough_for_a_top_clock) {
+    Tabled t;
+    t.addTables({700}, {900});
+    EXPECT_EQ(t.detect().pCoreMaxMHz, 900.0);
+    EXPECT_EQ(t.detect().eCoreMaxMHz, 700.0);
+}
+
 TEST(CoreLayout, one_level_has_no_top_clock_of_efficiency_cores_even_with_their_table) {
     Tabled t;
     t.sysctl.narrow["hw.nperflevels"] = 1;

@@ -100,9 +100,11 @@ TEST(GPUMonitor, statistics_without_the_overall_load_are_no_reading) {
 
 TEST(GPUMonitor, properties_that_are_nothing_are_told_and_those_that_are_no_dictionary_are_not) {
     Monitored m;
-    m.registry.setWhole(m.bench.mac.accelerators().front(), Property("text"));
-    m.refresh();
-    EXPECT_EQ(m.saidError("IORegistryEntryCreateCFProperties failed: kr=0"), 0U);
+    for (const Property& whole : {Property("text"), Property(PropertyMap{})}) {
+        m.registry.setWhole(m.bench.mac.accelerators().front(), whole);
+        m.refresh();
+        EXPECT_EQ(m.saidError("IORegistryEntryCreateCFProperties failed: kr=0"), 0U);
+    }
     m.registry.setWhole(m.bench.mac.accelerators().front(), std::nullopt);
     m.refresh();
     EXPECT_EQ(m.saidError("IORegistryEntryCreateCFProperties failed: kr=0"), 1U);
@@ -202,6 +204,16 @@ TEST(GPUMonitor, a_failure_after_a_reading_keeps_it_and_the_availability) {
     EXPECT_EQ(m.latest(), before);
     EXPECT_TRUE(*m.monitor->isAvailable);
     EXPECT_EQ(m.saidError(unavailable), 0U);
+}
+
+TEST(GPUMonitor, an_entry_that_went_stale_is_let_go_even_where_there_is_no_other) {
+    Monitored m;
+    m.refresh();
+    m.registry.remove(m.bench.mac.accelerators().front());
+    m.refresh();
+    EXPECT_EQ(m.bench.platform.outstanding(), 0U);
+    m.refresh();
+    EXPECT_EQ(m.saidStale(), 1U);
 }
 
 TEST(GPUMonitor, availability_is_told_only_when_it_changes) {

@@ -8,13 +8,16 @@
 
 #include "platform/simulated/Operations.h"
 #include "support/Channels.h"
+#include "support/LibraryAt.h"
 #include "support/TestBench.h"
 
 namespace vtx {
 namespace {
 
 using testing::DoubleEq;
+using testing::ElementsAre;
 using testing::Optional;
+using testing::Pair;
 
 using States = std::vector<std::pair<std::string, std::int64_t>>;
 
@@ -30,8 +33,9 @@ struct Bridged {
         layout.eCoreFrequencyStepsMHz = {400, 800};
     }
     std::optional<ClusterClockSample> sample(std::vector<SimulatedChannel> channels) {
-        channels.push_back(coreChannel("other", {}));
         bench.mac.channels.script(std::move(channels));
+        // So that it is the bridge that picks.
+        bench.failures.failNext(operations::ioReportCopyChannelsAll);
         const auto delta =
             bridge->library().copyChannelsInGroup("CPU Stats", "CPU Core Performance States");
         return bridge->clusterClockSample(*delta, layout);
@@ -58,7 +62,7 @@ TEST(IOReportBridge, idle_and_off_are_no_clocks_in_any_mix_of_capitals) {
 
 TEST(IOReportBridge, any_other_name_takes_a_step_wherever_it_stands) {
     Bridged b;
-    for (const char* name : {"DOWN", "", "IDLE ", "IDLER", "OFFLINE", "ıdle"})
+    for (const char* name : {"DOWN", "", "IDLE ", "IDLER", "OFFLINE"})
         EXPECT_THAT(b.average({{name, 1}, {"OFF", 9}, {"V1", 1}}, {600, 1000}),
                     Optional(DoubleEq(800.0)))
             << name;
@@ -168,7 +172,7 @@ TEST(IOReportBridge, channels_of_other_groups_or_without_one_are_passed_over) {
     for (const auto& strange :
          {otherGroup, otherSubgroup, noGroup, noSubgroup, noName, noDictionary})
         EXPECT_EQ(b.sample({strange}), std::nullopt);
-    EXPECT_TRUE(b.sample({noDictionary, runs}));
+    EXPECT_TRUE(b.sample({noDictionary, otherGroup, runs}));
 }
 
 TEST(IOReportBridge, a_library_that_is_not_there_is_told) {
@@ -177,6 +181,13 @@ TEST(IOReportBridge, a_library_that_is_not_there_is_told) {
     EXPECT_FALSE(IOReportBridge::load(bench.platform.ioReport, bench.clock));
     EXPECT_EQ(
         bench.log.count(LogLevel::standard, "IOReportBridge", "libIOReport.dylib unavailable"), 1U);
+}
+
+TEST(IOReportBridge, opens_the_library_at_its_one_path_at_once_and_for_all) {
+    TestBench bench;
+    LibraryAt library(bench.platform.ioReport, "/usr/lib/libIOReport.dylib");
+    EXPECT_TRUE(IOReportBridge::load(library, bench.clock));
+    EXPECT_THAT(library.tried, ElementsAre(Pair("/usr/lib/libIOReport.dylib", 10)));
 }
 
 class MissingSymbol : public testing::TestWithParam<std::pair<const char*, std::size_t>> {};

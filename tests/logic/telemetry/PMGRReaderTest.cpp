@@ -90,6 +90,14 @@ TEST(PMGRReader, of_equal_tiers_the_later_one_is_performance) {
               (Keys{"voltage-states1-sram", "voltage-states5-sram"}));
 }
 
+TEST(PMGRReader, many_clusters_of_equal_tiers_keep_their_order) {
+    std::vector<ClusterRecord> clusters;
+    for (std::uint8_t table = 0; table < 100; ++table)
+        clusters.push_back({table, static_cast<std::uint8_t>(1 - table % 2)});
+    EXPECT_EQ(keysOf(encodeClusters(clusters)),
+              (Keys{"voltage-states96-sram", "voltage-states98-sram"}));
+}
+
 TEST(PMGRReader, fewer_than_two_whole_cluster_records_name_no_tables) {
     EXPECT_EQ(keysOf(clustersOf({{1, 0}})), std::nullopt);
     EXPECT_EQ(keysOf(Data{}), std::nullopt);
@@ -160,6 +168,8 @@ TEST(PMGRReader, the_power_manager_is_found_among_other_devices_of_its_class) {
     Detection d;
     d.registry.add(d.services, "aic", "AppleARMIODevice");
     d.registry.add(d.services, "pmgr", "SomethingElse");
+    d.registry.add(d.services, "pmgr2", "AppleARMIODevice");
+    d.registry.add(d.services, "PMGR", "AppleARMIODevice");
     d.addPowerManager({{"voltage-states5-sram", tableOf({600})}});
     EXPECT_TRUE(d.detect());
 }
