@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/AmdGraphics.h"
 
-#include <algorithm>
 #include <chrono>
 
 #include "platform/linux/Parse.h"
@@ -12,8 +11,8 @@ namespace {
 constexpr std::size_t shortFile = 64;
 constexpr int zerosBeforeRest = 2;
 constexpr auto beyondDelay = std::chrono::seconds(1);
-/// A device that waits longer is asked all the same: its load would be unknown for too long.
-constexpr std::int64_t longestDelayMs = 600'000;
+/// A device that waits longer is asked all the same: two zeros would have to stand for too long.
+constexpr std::int64_t longestDelayMs = 10'000;
 
 }  // namespace
 
@@ -92,8 +91,8 @@ std::optional<Duration> AmdGraphics::autosuspendDelay() {
     const auto text = root_.read(folder_ + "/power/autosuspend_delay_ms");
     const auto delay = text ? parseSigned(*text) : std::nullopt;
     // Without a delay of its own it suspends at once; with one below 0 it never does.
-    if (delay && *delay < 0) return std::nullopt;
-    return std::chrono::milliseconds(std::min(delay.value_or(0), longestDelayMs));
+    if (delay && (*delay < 0 || *delay > longestDelayMs)) return std::nullopt;
+    return std::chrono::milliseconds(delay.value_or(0));
 }
 
 }  // namespace vtx

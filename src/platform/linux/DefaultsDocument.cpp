@@ -44,7 +44,7 @@ std::optional<std::string> jsonString(std::string_view text) {
 
 std::string formatValue(const Data& value) {
     if (auto text = jsonString(asText(value))) return *std::move(text);
-    return "{\"base64\": \"" + toBase64(value) + "\"}";
+    return R"({"base64": ")" + toBase64(value) + R"("})";
 }
 
 }  // namespace

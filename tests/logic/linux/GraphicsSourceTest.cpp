@@ -285,7 +285,7 @@ TEST_F(AmdGraphicsLoad, of_a_device_that_never_suspends_itself_is_asked_every_ti
     }
 }
 
-TEST_F(AmdGraphicsLoad, a_delay_that_is_none_or_without_end_is_bounded) {
+TEST_F(AmdGraphicsLoad, a_delay_that_cannot_be_read_is_none) {
     for (const auto* text : {"junk\n", "", "9223372036854775807\n"}) {
         set("power/autosuspend_delay_ms", text);
         set("gpu_busy_percent", "0\n");
@@ -293,9 +293,18 @@ TEST_F(AmdGraphicsLoad, a_delay_that_is_none_or_without_end_is_bounded) {
         EXPECT_EQ(next(), 0);
         EXPECT_EQ(next(), 0);
         set("gpu_busy_percent", "80\n");
-        machine->clock.advanceBy(seconds(600));
+        machine->clock.advanceBy(seconds(10));
         EXPECT_EQ(next(), 80) << text;
     }
+}
+
+TEST_F(AmdGraphicsLoad, of_a_device_that_waits_too_long_to_suspend_is_asked_every_time) {
+    set("power/autosuspend_delay_ms", "10001\n");
+    set("gpu_busy_percent", "0\n");
+    start();
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(next(), 0);
+    set("gpu_busy_percent", "80\n");
+    EXPECT_EQ(next(), 80);
 }
 
 }  // namespace
