@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/Log.h"
+#include "linux/OrdinaryUser.h"
 #include "linux/TemporaryTree.h"
 
 namespace vtx {
@@ -285,9 +286,10 @@ TEST_F(LinuxUserDefaultsTest, a_pipe_in_the_files_place_neither_blocks_nor_is_re
 }
 
 TEST_F(LinuxUserDefaultsTest, a_file_without_permission_to_read_is_left_as_it_is) {
-    if (::geteuid() == 0) GTEST_SKIP() << "permissions do not bind the superuser";
     writeFile(file, R"({"a":"theirs"})");
     fs::permissions(file, fs::perms::none);
+    const test::OrdinaryUser user(folder.path(), file);
+    ASSERT_TRUE(user.isBoundByPermissions());
     LinuxUserDefaults store(folder.path());
     store.setData("b", toData("1"));
     fs::permissions(file, fs::perms::owner_all);
