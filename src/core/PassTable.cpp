@@ -15,6 +15,11 @@ constexpr std::array table{
                 return coordinator.needsSubsystem(Subsystem::gpu);
             },
             [](MetricsCoordinator& coordinator) { return coordinator.gpu.refresh(); }, nullptr},
+    PassRow{"diskIO", PassPhase::main,
+            [](const MetricsCoordinator& coordinator) {
+                return coordinator.needsSubsystem(Subsystem::disk);
+            },
+            nullptr, [](MetricsCoordinator& coordinator) { coordinator.diskIO.refresh(); }},
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "platform/Ports.h"
 #include "telemetry/ANEMonitor.h"
 #include "telemetry/CPUMonitor.h"
+#include "telemetry/DiskIOMonitor.h"
 #include "telemetry/GPUMonitor.h"
 
 namespace vtx {
@@ -14,10 +15,11 @@ namespace vtx {
 struct Services {
     /// The ports and executors must outlive the services.
     Services(const Ports& ports, const Executors& executors)
-        : cpu(ports, executors), gpu(ports, executors.tick), ane(ports) {}
+        : cpu(ports, executors), gpu(ports, executors.tick), diskIO(ports), ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
+    DiskIOMonitor diskIO;
     ANEMonitor ane;
 };
 

@@ -14,9 +14,10 @@ constexpr std::string_view acceleratorClass = "IOAccelerator";
 }  // namespace
 
 SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
-    : processors(clock, std::move(shape)), graphics(clock) {
+    : processors(clock, std::move(shape)), graphics(clock), disks(registry, clock) {
     devices::install(registry, processors.shape());
     if (processors.shape().hasAccelerator) addAccelerator();
+    disks.attach({"APPLE SSD AP0512R", "disk0"});
     channels.addSource([this] { return devices::coreStates(processors); });
     channels.addSource(devices::energyCounters);
 }
@@ -24,6 +25,7 @@ SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
 void SimulatedMac::live(std::uint64_t seed) {
     processors.live(seed);
     graphics.live(seed);
+    disks.live(seed);
 }
 
 SimulatedRegistry::Node SimulatedMac::addAccelerator() {

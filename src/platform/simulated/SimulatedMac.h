@@ -9,6 +9,7 @@
 
 #include "base/Signal.h"
 #include "platform/simulated/SimulatedChannels.h"
+#include "platform/simulated/SimulatedDisks.h"
 #include "platform/simulated/SimulatedGraphics.h"
 #include "platform/simulated/SimulatedProcessors.h"
 #include "platform/simulated/SimulatedRegistry.h"
@@ -31,6 +32,8 @@ public:
     /// Its devices and what its chip counts.
     SimulatedRegistry registry;
     SimulatedChannels channels;
+    /// One that is built in, at first.
+    SimulatedDisks disks;
 
     /// The system's name and version.
     std::string operatingSystemVersion = "Version 15.2 (Build 24C101)";
