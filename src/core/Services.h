@@ -15,7 +15,10 @@ namespace vtx {
 struct Services {
     /// The ports and executors must outlive the services.
     Services(const Ports& ports, const Executors& executors)
-        : cpu(ports, executors), gpu(ports, executors.tick), diskIO(ports), ane(ports) {}
+        : cpu(ports, executors),
+          gpu(ports, executors.tick),
+          diskIO(ports.ioRegistry, ports.clock),
+          ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;

@@ -7,7 +7,6 @@
 
 #include "base/Clock.h"
 #include "platform/IORegistry.h"
-#include "platform/Ports.h"
 
 namespace vtx {
 namespace {
@@ -38,9 +37,6 @@ std::uint64_t counter(PropertyView value) {
 }
 
 }  // namespace
-
-DiskIOMonitor::DiskIOMonitor(const Ports& ports)
-    : registry_(ports.ioRegistry), clock_(ports.clock) {}
 
 void DiskIOMonitor::refresh() {
     DiskIOReading reading;

@@ -15,7 +15,6 @@ namespace vtx {
 
 class Clock;
 class IORegistry;
-struct Ports;
 
 /// Publishes what the drives read and write, by the counters that their drivers keep in the
 /// registry. Lives on the main executor; made once at start and owned by the composition root for
@@ -23,7 +22,7 @@ struct Ports;
 class DiskIOMonitor : public ObservableObject {
 public:
     /// The ports must outlive the monitor.
-    explicit DiskIOMonitor(const Ports& ports);
+    DiskIOMonitor(IORegistry& registry, const Clock& clock) : registry_(registry), clock_(clock) {}
 
     /// Reads all drives and publishes them, with rates from the second time on.
     void refresh();

@@ -3,6 +3,7 @@
 
 #include <pthread.h>
 
+#include "platform/linux/BlockStorageSource.h"
 #include "platform/linux/CpuFreq.h"
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
@@ -43,6 +44,7 @@ struct LinuxPlatform::Members {
 
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;
+        sources.push_back(std::make_unique<BlockStorageSource>(root, deviceChanges));
         sources.push_back(std::make_unique<GraphicsSource>(root, clock, deviceChanges));
         return sources;
     }
@@ -72,8 +74,9 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
-    return {m.clock,       m.hostInfo, m.ioRegistry, m.ioReport,     m.locale,   m.powerSources,
-            m.processInfo, m.sysctl,   m.unifiedLog, m.userDefaults, m.workspace};
+    return {m.clock,  m.hostInfo,          m.ioRegistry,   m.ioReport,
+            m.locale, m.powerSources, m.processInfo,
+            m.sysctl, m.unifiedLog,        m.userDefaults, m.workspace};
 }
 
 Job LinuxPlatform::nameThread(std::string_view name) {

@@ -103,11 +103,16 @@ void MenuBarController::observeStripSizeSignals() {
     const auto gpuLabel = [](const std::optional<GPUStats>& reading) {
         return compactPercent(reading ? std::optional(reading->deviceUtilization) : std::nullopt);
     };
+    const auto diskLabel = [](const std::optional<DiskIOReading>& reading) {
+        if (!reading || !reading->bytesReadPerSecond) return std::string(emptyMark);
+        return throughputLabel(*reading->bytesReadPerSecond + *reading->bytesWrittenPerSecond);
+    };
     const auto changed = [](const auto&) { return Changed{}; };
     const auto signals = merge<Changed>({
         map(coordinator_.preferences.stream(), changed),
         map(removeDuplicates(map(coordinator_.cpu.latest.stream(), cpuLabel)), changed),
         map(removeDuplicates(map(coordinator_.gpu.latest.stream(), gpuLabel)), changed),
+        map(removeDuplicates(map(coordinator_.diskIO.latest.stream(), diskLabel)), changed),
         [this](std::function<void(const Changed&)> next) {
             statusItem_->onIntrinsicWidthChange = [next = std::move(next)] { next(Changed{}); };
             return Subscription([this] { statusItem_->onIntrinsicWidthChange = nullptr; });

@@ -21,6 +21,10 @@ StripReadings readingsOf(const MetricsCoordinator& coordinator) {
     if (const auto& cpu = *coordinator.cpu.latest) readings.cpuUsage = cpu->totalUsage;
     readings.isGPUAvailable = *coordinator.gpu.isAvailable;
     if (const auto& gpu = *coordinator.gpu.latest) readings.gpuUtilization = gpu->deviceUtilization;
+    if (const auto& disk = *coordinator.diskIO.latest) {
+        readings.diskReadPerSecond = disk->bytesReadPerSecond;
+        readings.diskWrittenPerSecond = disk->bytesWrittenPerSecond;
+    }
     readings.criticalMetric = *coordinator.criticalMetric;
     return readings;
 }
@@ -62,6 +66,7 @@ void StripView::showEvent(QShowEvent* event) {
     subscriptions_.push_back(coordinator_.cpu.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.gpu.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.gpu.isAvailable.subscribe(follow));
+    subscriptions_.push_back(coordinator_.diskIO.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.preferences.subscribe(follow));
     subscriptions_.push_back(coordinator_.criticalMetric.subscribe(follow));
 }

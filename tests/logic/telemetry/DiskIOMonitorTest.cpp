@@ -21,7 +21,7 @@ struct Drives {
 
     TestBench bench;
     SimulatedRegistry& registry = bench.mac.registry;
-    DiskIOMonitor monitor{bench.ports()};
+    DiskIOMonitor monitor{bench.platform.ioRegistry, bench.clock};
 
     Node attach(std::optional<std::string> product, std::optional<std::string> bsdName) {
         return bench.mac.disks.attach({std::move(product), std::move(bsdName)});
@@ -323,7 +323,7 @@ TEST(DiskIOMonitor, a_walk_for_names_that_fails_leaves_the_name_to_the_next_sour
 
 TEST(DiskIOMonitor, the_simulated_mac_has_a_drive_that_lives) {
     TestBench bench;
-    DiskIOMonitor monitor(bench.ports());
+    DiskIOMonitor monitor(bench.platform.ioRegistry, bench.clock);
     bench.mac.live(1);
     monitor.refresh();
     double highestRead = 0.0;
