@@ -34,6 +34,7 @@ public:
 
     CPUMonitor& cpu;
     GPUMonitor& gpu;
+    NetworkMonitor& network;
     DiskIOMonitor& diskIO;
     ANEMonitor& ane;
 

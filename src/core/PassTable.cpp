@@ -20,6 +20,8 @@ constexpr std::array table{
                 return coordinator.needsSubsystem(Subsystem::disk);
             },
             nullptr, [](MetricsCoordinator& coordinator) { coordinator.diskIO.refresh(); }},
+    PassRow{"network", PassPhase::activeOnly, nullptr, nullptr,
+            [](MetricsCoordinator& coordinator) { coordinator.network.refresh(); }},
 };
 
 }  // namespace

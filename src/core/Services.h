@@ -7,6 +7,7 @@
 #include "telemetry/CPUMonitor.h"
 #include "telemetry/DiskIOMonitor.h"
 #include "telemetry/GPUMonitor.h"
+#include "telemetry/NetworkMonitor.h"
 
 namespace vtx {
 
@@ -17,11 +18,13 @@ struct Services {
     Services(const Ports& ports, const Executors& executors)
         : cpu(ports, executors),
           gpu(ports, executors.tick),
+          network(ports.networkInterfaces, ports.clock),
           diskIO(ports.ioRegistry, ports.clock),
           ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
+    NetworkMonitor network;
     DiskIOMonitor diskIO;
     ANEMonitor ane;
 };

@@ -12,6 +12,7 @@
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxIOReportLibrary.h"
 #include "platform/linux/LinuxLocale.h"
+#include "platform/linux/LinuxNetworkInterfaces.h"
 #include "platform/linux/LinuxPowerSources.h"
 #include "platform/linux/LinuxProcessInfo.h"
 #include "platform/linux/LinuxProcessors.h"
@@ -35,6 +36,7 @@ struct LinuxPlatform::Members {
           ioRegistry(processors, cpuFreq, registrySources()),
           ioReport(root, processors, cpuFreq),
           locale(options.environment),
+          networkInterfaces(root),
           powerSources(root),
           processInfo(root, options.environment, bus),
           sysctl(root, processors),
@@ -59,6 +61,7 @@ struct LinuxPlatform::Members {
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;
     LinuxLocale locale;
+    LinuxNetworkInterfaces networkInterfaces;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
     LinuxSysctl sysctl;
@@ -75,7 +78,7 @@ LinuxPlatform::~LinuxPlatform() = default;
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
     return {m.clock,  m.hostInfo,          m.ioRegistry,   m.ioReport,
-            m.locale, m.powerSources, m.processInfo,
+            m.locale, m.networkInterfaces, m.powerSources, m.processInfo,
             m.sysctl, m.unifiedLog,        m.userDefaults, m.workspace};
 }
 

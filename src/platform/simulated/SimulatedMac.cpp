@@ -14,7 +14,7 @@ constexpr std::string_view acceleratorClass = "IOAccelerator";
 }  // namespace
 
 SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
-    : processors(clock, std::move(shape)), graphics(clock), disks(registry, clock) {
+    : processors(clock, std::move(shape)), graphics(clock), disks(registry, clock), network(clock) {
     devices::install(registry, processors.shape());
     if (processors.shape().hasAccelerator) addAccelerator();
     disks.attach({"APPLE SSD AP0512R", "disk0"});
@@ -26,6 +26,7 @@ void SimulatedMac::live(std::uint64_t seed) {
     processors.live(seed);
     graphics.live(seed);
     disks.live(seed);
+    network.live(seed);
 }
 
 SimulatedRegistry::Node SimulatedMac::addAccelerator() {

@@ -11,6 +11,7 @@
 #include "platform/simulated/SimulatedChannels.h"
 #include "platform/simulated/SimulatedDisks.h"
 #include "platform/simulated/SimulatedGraphics.h"
+#include "platform/simulated/SimulatedNetwork.h"
 #include "platform/simulated/SimulatedProcessors.h"
 #include "platform/simulated/SimulatedRegistry.h"
 
@@ -34,6 +35,7 @@ public:
     SimulatedChannels channels;
     /// One that is built in, at first.
     SimulatedDisks disks;
+    SimulatedNetwork network;
 
     /// The system's name and version.
     std::string operatingSystemVersion = "Version 15.2 (Build 24C101)";

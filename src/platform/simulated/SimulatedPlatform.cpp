@@ -13,6 +13,7 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
       ioRegistry(mac.registry, instruments),
       ioReport(mac.channels, instruments),
       locale(mac, instruments),
+      networkInterfaces(mac.network, instruments),
       powerSources(mac, instruments),
       processInfo(mac, instruments),
       sysctl(mac.processors, instruments),
@@ -20,8 +21,8 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
       workspace(mac, instruments) {}
 
 Ports SimulatedPlatform::ports() {
-    return {clock,       hostInfo, ioRegistry, ioReport,     locale,   powerSources,
-            processInfo, sysctl,   unifiedLog, userDefaults, workspace};
+    return {clock,        hostInfo,    ioRegistry, ioReport,   locale,       networkInterfaces,
+            powerSources, processInfo, sysctl,     unifiedLog, userDefaults, workspace};
 }
 
 }  // namespace vtx

@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
@@ -32,6 +34,7 @@
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PollRunLoop.h"
 #include "telemetry/DiskIOMonitor.h"
+#include "telemetry/NetworkMonitor.h"
 #include "telemetry/PMGRReader.h"
 
 namespace vtx::test {
@@ -143,6 +146,44 @@ TEST_F(RunningMachine, counts_what_is_written_on_the_disk_that_it_is_written_to)
     const auto& reading = **monitor.latest;
     ASSERT_TRUE(reading.bytesWrittenPerSecond);
     EXPECT_GT(*reading.bytesWrittenPerSecond, 0.0);
+}
+
+// Sends datagrams to itself over the loopback and takes each; the bytes sent, or nothing.
+std::optional<std::size_t> sendOverLoopback(int datagrams) {
+    const FileDescriptor socket(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof(address);
+    auto* const generic = reinterpret_cast<sockaddr*>(&address);
+    if (!socket || ::bind(socket.get(), generic, size) != 0 ||
+        ::getsockname(socket.get(), generic, &size) != 0)
+        return std::nullopt;
+    std::vector<char> block(1400);
+    for (int i = 0; i < datagrams; ++i) {
+        if (::sendto(socket.get(), block.data(), block.size(), 0, generic, size) < 0 ||
+            ::recv(socket.get(), block.data(), block.size(), 0) < 0)
+            return std::nullopt;
+    }
+    return block.size() * static_cast<std::size_t>(datagrams);
+}
+
+TEST_F(RunningMachine, counts_what_goes_over_its_loopback) {
+    NetworkMonitor monitor(ports.networkInterfaces, ports.clock);
+    monitor.refresh();
+    const NetworkReading before = **monitor.latest;
+    const auto isLoopback = [](const auto& each) {
+        return each.kind == LinkKind::loopback && each.isActive;
+    };
+    if (std::ranges::none_of(before.interfaces, isLoopback))
+        GTEST_SKIP() << "this machine has no active loopback";
+    const auto sent = sendOverLoopback(1000);
+    if (!sent) GTEST_SKIP() << "this machine refuses traffic over its loopback";
+    monitor.refresh();
+    const auto& after = **monitor.latest;
+    EXPECT_GE(after.totalBytesIn - before.totalBytesIn, *sent);
+    EXPECT_GE(after.totalBytesOut - before.totalBytesOut, *sent);
+    EXPECT_GT(after.bytesInPerSecond.value_or(1.0), 0.0);
 }
 
 TEST_F(RunningMachine, has_levels_that_add_up_to_its_processors) {
