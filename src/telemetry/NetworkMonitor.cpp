@@ -56,7 +56,7 @@ std::vector<NetworkInterfaceSnapshot> NetworkMonitor::readInterfaces() {
     }
     working_.clear();
     for (const InterfaceRecord& record : list.records()) take(record);
-    std::ranges::sort(working_, {}, &Named::name);
+    std::ranges::sort(working_, {}, &LinkNotes::name);
     interfaces.reserve(working_.size());
     for (auto& [name, link, ipv4, ipv6] : working_) {
         if (!link) continue;
@@ -108,9 +108,10 @@ void NetworkMonitor::takeLink(const InterfaceRecord& record, std::optional<LinkI
     into->flags = record.flags;
 }
 
-NetworkMonitor::Named& NetworkMonitor::named(std::string_view name) {
+LinkNotes& NetworkMonitor::named(std::string_view name) {
     // A machine has few interfaces, and most records follow one of the same name.
-    const auto found = std::ranges::find(working_.rbegin(), working_.rend(), name, &Named::name);
+    const auto found =
+        std::ranges::find(working_.rbegin(), working_.rend(), name, &LinkNotes::name);
     if (found != working_.rend()) return *found;
     working_.push_back({name, {}, {}, {}});
     return working_.back();

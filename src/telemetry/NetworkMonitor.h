@@ -15,6 +15,23 @@ namespace vtx {
 
 class Clock;
 
+/// What the link records of one name said.
+struct LinkInfo {
+    std::uint64_t bytesIn = 0;
+    std::uint64_t bytesOut = 0;
+    std::optional<std::string> mac;
+    std::uint32_t flags = 0;
+    std::optional<LinkKind> kind;  ///< absent where the name is to tell
+};
+
+/// What all records of one name said so far, while they are read. The name is the list's.
+struct LinkNotes {
+    std::string_view name;
+    std::optional<LinkInfo> link;
+    std::optional<std::string> ipv4;
+    std::optional<std::string> ipv6;
+};
+
 /// Publishes the network interfaces and what goes through them. Lives on the main executor; made
 /// once at start and owned by the composition root for the life of the process.
 class NetworkMonitor : public ObservableObject {
@@ -51,22 +68,7 @@ public:
     [[nodiscard]] std::optional<std::string> formatIPv6(const SocketAddress& address);
 
 private:
-    struct LinkInfo {
-        std::uint64_t bytesIn = 0;
-        std::uint64_t bytesOut = 0;
-        std::optional<std::string> mac;
-        std::uint32_t flags = 0;
-        std::optional<LinkKind> kind;
-    };
-    /// What the records of one name said so far. The name is the list's.
-    struct Named {
-        std::string_view name;
-        std::optional<LinkInfo> link;
-        std::optional<std::string> ipv4;
-        std::optional<std::string> ipv6;
-    };
-
-    Named& named(std::string_view name);
+    LinkNotes& named(std::string_view name);
     void take(const InterfaceRecord& record);
     void takeLink(const InterfaceRecord& record, std::optional<LinkInfo>& into);
     void remember(const NetworkReading& reading);
@@ -75,7 +77,7 @@ private:
     const Clock& clock_;
     Samples previous_;
     std::optional<Date> lastReadingAt_;
-    std::vector<Named> working_;  ///< empty between two refreshes; kept for its memory
+    std::vector<LinkNotes> working_;  ///< empty between two refreshes; kept for its memory
 };
 
 }  // namespace vtx
