@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "pass/PassMeter.h"
+#include "pass/SystemMeter.h"
 
 namespace vtx::bench {
 namespace {
@@ -42,6 +43,12 @@ std::string row(const char* name, const Statistics& times, const Statistics& flo
                        times.p95().count(), times.median() / floor.median());
 }
 
+void printSystemPart(int passes, std::chrono::milliseconds gap) {
+    std::fputs("Port calls of a pass, source by source\n", stdout);
+    for (const auto& [name, ports, preads] : SystemMeter().measure(passes, gap))
+        std::fputs(row(name.c_str(), ports, preads).c_str(), stdout);
+}
+
 int run(const std::vector<std::string>& arguments) {
     int passes = 60;
     int interval = 1000;
@@ -69,6 +76,7 @@ int run(const std::vector<std::string>& arguments) {
     std::fputs(row("the pass, both threads", costs.pass, costs.preads).c_str(), stdout);
     std::fputs(row("its system part", costs.system, costs.preads).c_str(), stdout);
     std::fputs(row("preads of its files", costs.preads, costs.preads).c_str(), stdout);
+    printSystemPart(passes, std::chrono::milliseconds(interval / 2));
     return EXIT_SUCCESS;
 }
 
