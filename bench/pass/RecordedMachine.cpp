@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pass/RecordedMachine.h"
 
+#include <cstdint>
 #include <fstream>
 #include <sstream>
 #include <vector>
@@ -10,8 +11,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int ticksOfASecond = 100;
-constexpr int busyTicks = 20;
+constexpr std::uint64_t ticksOfASecond = 100;
+constexpr std::uint64_t busyTicks = 20;
 
 /// Writes into the file that is there, for it is kept open elsewhere.
 void write(const fs::path& file, const std::string& text) { std::ofstream(file) << text; }
@@ -37,7 +38,9 @@ std::string textOf(const std::vector<std::vector<std::string>>& lines) {
     return text;
 }
 
-void add(std::string& number, int more) { number = std::to_string(std::stoull(number) + more); }
+void add(std::string& number, std::uint64_t more) {
+    number = std::to_string(std::stoull(number) + more);
+}
 
 }  // namespace
 

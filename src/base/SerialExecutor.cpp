@@ -41,8 +41,8 @@ void SerialExecutor::tell(Executor& home, Job job) {
 }
 
 void SerialExecutor::passOn() {
-    for (auto& [home, jobs] : std::exchange(told_, {})) {
-        home->post([jobs = std::move(jobs)]() mutable {
+    for (Told& told : std::exchange(told_, {})) {
+        told.home->post([jobs = std::move(told.jobs)]() mutable {
             for (Job& job : jobs) {
                 job();
                 job.reset();
