@@ -20,8 +20,21 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
       workspace(mac, instruments) {}
 
 Ports SimulatedPlatform::ports() {
-    return {clock,       hostInfo, ioRegistry, ioReport,     locale,   powerSources,
-            processInfo, sysctl,   unifiedLog, userDefaults, workspace};
+    return {
+        .clock = clock,
+        .hidEventSystem = hidEventSystem,
+        .hostInfo = hostInfo,
+        .ioRegistry = ioRegistry,
+        .ioReport = ioReport,
+        .locale = locale,
+        .powerSources = powerSources,
+        .processInfo = processInfo,
+        .smc = smc,
+        .sysctl = sysctl,
+        .unifiedLog = unifiedLog,
+        .userDefaults = userDefaults,
+        .workspace = workspace,
+    };
 }
 
 }  // namespace vtx
