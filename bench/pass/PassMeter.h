@@ -11,12 +11,15 @@
 #include "base/SerialExecutor.h"
 #include "base/TaskScope.h"
 #include "core/MetricsCoordinator.h"
+
+#include "fan/SharedFans.h"
 #include "pass/ChipEngines.h"
 #include "pass/Statistics.h"
 #include "pass/ThreadClock.h"
 #include "platform/linux/KeptFile.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PollRunLoop.h"
+#include "smc/SharedSensors.h"
 #include "telemetry/SharedTelemetry.h"
 
 namespace vtx::bench {
@@ -74,6 +77,8 @@ private:
     std::unique_ptr<ChipEngine> clocks_ = ChipEngine::clocks(loop_);
     std::unique_ptr<ChipEngine> graphics_ = ChipEngine::graphics(loop_);
     SharedTelemetry shared_{platform_.ports()};
+    SharedSensors sensors_{platform_.ports()};
+    SharedFans fans_{platform_.ports()};
     std::unique_ptr<MetricsCoordinator> coordinator_;
     ThreadClock mainClock_;
     std::optional<ThreadClock> workerClock_;

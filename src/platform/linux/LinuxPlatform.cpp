@@ -9,6 +9,7 @@
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
 #include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxHIDEventSystem.h"
 #include "platform/linux/LinuxHostInfo.h"
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxIOReportLibrary.h"
@@ -17,6 +18,7 @@
 #include "platform/linux/LinuxProcessInfo.h"
 #include "platform/linux/LinuxProcessors.h"
 #include "platform/linux/LinuxRoot.h"
+#include "platform/linux/LinuxSMCUserClient.h"
 #include "platform/linux/LinuxSysctl.h"
 #include "platform/linux/LinuxUnifiedLog.h"
 #include "platform/linux/LinuxWorkspace.h"
@@ -67,12 +69,14 @@ struct LinuxPlatform::Members {
     LinuxProcessors processors;
     CpuFreq cpuFreq;
     KernelDeviceChanges deviceChanges;
+    LinuxHIDEventSystem hidEventSystem;
     LinuxHostInfo hostInfo;
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;
     LinuxLocale locale;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
+    LinuxSMCUserClient smc;
     LinuxSysctl sysctl;
     LinuxUnifiedLog unifiedLog;
     LinuxUserDefaults userDefaults;
@@ -86,8 +90,21 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
-    return {m.clock,       m.hostInfo, m.ioRegistry, m.ioReport,     m.locale,   m.powerSources,
-            m.processInfo, m.sysctl,   m.unifiedLog, m.userDefaults, m.workspace};
+    return {
+        .clock = m.clock,
+        .hidEventSystem = m.hidEventSystem,
+        .hostInfo = m.hostInfo,
+        .ioRegistry = m.ioRegistry,
+        .ioReport = m.ioReport,
+        .locale = m.locale,
+        .powerSources = m.powerSources,
+        .processInfo = m.processInfo,
+        .smc = m.smc,
+        .sysctl = m.sysctl,
+        .unifiedLog = m.unifiedLog,
+        .userDefaults = m.userDefaults,
+        .workspace = m.workspace,
+    };
 }
 
 Job LinuxPlatform::nameThread(std::string_view name) {
