@@ -27,7 +27,8 @@ Prints what one pass costs beside bare reads of the files it needs.
   --help         shows this text
 )";
 
-constexpr int worksInARound = 3;
+constexpr int worksInARound = 7;
+constexpr int passesForWakeUps = 30;
 
 int number(const std::string& text) {
     int value = 0;
@@ -49,6 +50,11 @@ void printSystemPart(int passes, std::chrono::milliseconds gap) {
         std::fputs(row(name.c_str(), ports, preads).c_str(), stdout);
 }
 
+std::string where(const std::string& recorded) {
+    if (recorded.empty()) return {};
+    return fmt::format("    (this machine has none: on a copy of the recorded {})\n", recorded);
+}
+
 int run(const std::vector<std::string>& arguments) {
     int passes = 60;
     int interval = 1000;
@@ -66,7 +72,8 @@ int run(const std::vector<std::string>& arguments) {
         *option = number(arguments[++i]);
     }
     const std::chrono::milliseconds gap(interval / worksInARound);
-    const PassCosts costs = PassMeter().measure(passes, gap);
+    PassMeter meter;
+    const PassCosts costs = meter.measure(passes, gap);
     std::fputs(
         fmt::format("CPU time of one pass ({} passes, {} ms apart)\n", passes, interval).c_str(),
         stdout);
@@ -76,6 +83,14 @@ int run(const std::vector<std::string>& arguments) {
     std::fputs(row("the pass, both threads", costs.pass, costs.preads).c_str(), stdout);
     std::fputs(row("its system part", costs.system, costs.preads).c_str(), stdout);
     std::fputs(row("preads of its files", costs.preads, costs.preads).c_str(), stdout);
+    std::fputs("CPU time of one step of an engine alone\n", stdout);
+    std::fputs(row("the clocks", costs.clocks, costs.clockPreads).c_str(), stdout);
+    std::fputs(where(meter.clocksRecorded()).c_str(), stdout);
+    std::fputs(row("the graphics", costs.graphics, costs.graphicsPreads).c_str(), stdout);
+    std::fputs(where(meter.graphicsRecorded()).c_str(), stdout);
+    const auto wakeUps = meter.wakeUps(passesForWakeUps, std::chrono::milliseconds(interval));
+    std::fputs(fmt::format("Wake-ups of one pass, its timer's included: {:.2f}\n", wakeUps).c_str(),
+               stdout);
     printSystemPart(passes, std::chrono::milliseconds(interval / 2));
     return EXIT_SUCCESS;
 }

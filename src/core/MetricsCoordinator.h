@@ -34,8 +34,10 @@ public:
 
     CPUMonitor& cpu;
     GPUMonitor& gpu;
+    TemperatureService& temperature;
     NetworkMonitor& network;
     DiskIOMonitor& diskIO;
+    FanMonitor& fan;
     ANEMonitor& ane;
 
     /// What the user set. Each change is saved and put in force at once.

@@ -15,11 +15,21 @@ constexpr std::array table{
                 return coordinator.needsSubsystem(Subsystem::gpu);
             },
             [](MetricsCoordinator& coordinator) { return coordinator.gpu.refresh(); }, nullptr},
+    PassRow{"temperature", PassPhase::main,
+            [](const MetricsCoordinator& coordinator) {
+                return coordinator.needsSubsystem(Subsystem::temperature);
+            },
+            nullptr, [](MetricsCoordinator& coordinator) { coordinator.temperature.refresh(); }},
     PassRow{"diskIO", PassPhase::main,
             [](const MetricsCoordinator& coordinator) {
                 return coordinator.needsSubsystem(Subsystem::disk);
             },
             nullptr, [](MetricsCoordinator& coordinator) { coordinator.diskIO.refresh(); }},
+    PassRow{"fan", PassPhase::main,
+            [](const MetricsCoordinator& coordinator) {
+                return coordinator.needsSubsystem(Subsystem::fan);
+            },
+            nullptr, [](MetricsCoordinator& coordinator) { coordinator.fan.refresh(); }},
     PassRow{"network", PassPhase::activeOnly, nullptr, nullptr,
             [](MetricsCoordinator& coordinator) { coordinator.network.refresh(); }},
 };

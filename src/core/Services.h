@@ -2,7 +2,9 @@
 #pragma once
 
 #include "base/Executors.h"
+#include "fan/FanMonitor.h"
 #include "platform/Ports.h"
+#include "smc/TemperatureService.h"
 #include "telemetry/ANEMonitor.h"
 #include "telemetry/CPUMonitor.h"
 #include "telemetry/DiskIOMonitor.h"
@@ -20,12 +22,15 @@ struct Services {
           gpu(ports, executors.tick),
           network(ports.networkInterfaces, ports.clock),
           diskIO(ports.ioRegistry, ports.clock),
+          fan(ports),
           ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
+    TemperatureService temperature;
     NetworkMonitor network;
     DiskIOMonitor diskIO;
+    FanMonitor fan;
     ANEMonitor ane;
 };
 

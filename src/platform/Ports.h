@@ -4,6 +4,7 @@
 namespace vtx {
 
 class Clock;
+class HIDEventSystem;
 class HostInfo;
 class IORegistry;
 class IOReportLibrary;
@@ -11,6 +12,7 @@ class Locale;
 class NetworkInterfaces;
 class PowerSources;
 class ProcessInfo;
+class SMCUserClient;
 class Sysctl;
 class UnifiedLog;
 class UserDefaults;
@@ -20,6 +22,7 @@ class Workspace;
 /// platform and hands its ports over; they outlive all that was given them.
 struct Ports {
     Clock& clock;
+    HIDEventSystem& hidEventSystem;
     HostInfo& hostInfo;
     IORegistry& ioRegistry;
     IOReportLibrary& ioReport;
@@ -27,6 +30,7 @@ struct Ports {
     NetworkInterfaces& networkInterfaces;
     PowerSources& powerSources;
     ProcessInfo& processInfo;
+    SMCUserClient& smc;
     Sysctl& sysctl;
     UnifiedLog& unifiedLog;
     UserDefaults& userDefaults;

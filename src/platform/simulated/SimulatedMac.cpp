@@ -5,6 +5,7 @@
 
 #include "platform/IORegistry.h"
 #include "platform/simulated/SimulatedDevices.h"
+#include "platform/simulated/SimulatedSensors.h"
 
 namespace vtx {
 namespace {
@@ -14,7 +15,13 @@ constexpr std::string_view acceleratorClass = "IOAccelerator";
 }  // namespace
 
 SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
-    : processors(clock, std::move(shape)), graphics(clock), disks(registry, clock), network(clock) {
+    : processors(clock, std::move(shape)),
+      graphics(clock),
+      thermals(clock, processors),
+      disks(registry, clock),
+      network(clock) {
+    sensors::install(smc, thermals, processors.shape());
+    sensors::install(hidSensors, thermals, processors.shape());
     devices::install(registry, processors.shape());
     if (processors.shape().hasAccelerator) addAccelerator();
     disks.attach({"APPLE SSD AP0512R", "disk0"});
