@@ -252,6 +252,17 @@ TEST_F(Graphics, of_nvidia_that_idle_are_let_go) {
     EXPECT_EQ(server.nvml->closes, 1);
 }
 
+TEST_F(Graphics, of_nvidia_that_went_are_let_go) {
+    addNvidia(address);
+    Machine server(tree.path());
+    server.nvml = std::make_shared<FakeNvml>();
+    EXPECT_EQ(server.tick(), 60);
+    tree.remove("/sys/bus/pci/drivers/nvidia/0000:03:00.0");
+    ++server.changes.now;
+    EXPECT_EQ(server.found(), "");
+    EXPECT_EQ(server.nvml->closes, 1);
+}
+
 TEST_F(Graphics, of_nvidia_are_left_out_without_the_library_which_is_looked_for_once) {
     addNvidia(address);
     Machine server(tree.path());
