@@ -228,6 +228,18 @@ TEST(GraphicsSource, both_devices_of_the_newer_intel_driver_are_found) {
     EXPECT_EQ(laptop.openings, 0);
 }
 
+TEST_F(Graphics, of_intel_that_came_back_as_another_card_are_read_there) {
+    add("card0", "0000:00:02.0", "i915");
+    tree.write("/sys/class/drm/card0/gt/gt0/rc6_residency_ms", "5\n");
+    Machine machine(tree.path());
+    EXPECT_EQ(machine.tick(), 100);
+    tree.remove("/sys/class/drm/card0");
+    add("card1", "0000:00:02.0", "i915");
+    tree.write("/sys/class/drm/card1/gt/gt0/rc6_residency_ms", "5\n");
+    ++machine.changes.now;
+    EXPECT_EQ(machine.tick(), 100);
+}
+
 TEST_F(Graphics, of_intel_without_a_counter_are_left_out) {
     add("card0", "0000:00:02.0", "i915");
     add("card1", address, "xe");
