@@ -238,6 +238,35 @@ TEST_F(GraphicsDeviceLoad, is_waited_for_again_after_the_machine_slept) {
     EXPECT_EQ(load.firsts, 2);
 }
 
+TEST_F(GraphicsDeviceLoad, of_a_device_that_woke_while_it_was_left_alone_is_told_soon) {
+    start();
+    comeToRest();
+    set("power/runtime_status", "suspended\n");
+    EXPECT_EQ(tick(), 0);
+    set("power/runtime_status", "active\n");
+    EXPECT_EQ(tick(), 0);
+    // One zero is not two: those from before its sleep are forgotten.
+    EXPECT_EQ(tick(), 0);
+    load.value = 80;
+    EXPECT_EQ(tick(), 80);
+}
+
+TEST_F(GraphicsDeviceLoad, after_the_machine_slept_begins_with_what_is_told_then) {
+    start();
+    comeToRest();
+    clock.sleepMachine(seconds(60));
+    load.value = 80;
+    EXPECT_EQ(tick(), 80);
+    EXPECT_EQ(tick(), 80);
+    load.value = 0;
+    EXPECT_EQ(tick(), 0);
+    clock.sleepMachine(seconds(60));
+    EXPECT_EQ(tick(), 0);
+    EXPECT_EQ(tick(), 0);
+    load.value = 80;
+    EXPECT_EQ(tick(), 80);
+}
+
 TEST_F(GraphicsDeviceLoad, that_vanishes_while_it_is_read_leaves_no_properties) {
     start();
     tree.remove("/sys/bus/pci/devices/0000:03:00.0");
