@@ -64,14 +64,21 @@ GraphicsLoad::Percent GraphicsDevice::busyPercent() {
     if (!before || now - *before > longestGap) {
         isLetGo_ = false;
         zeros_ = 0;
-        return load_->first();
+        const auto busy = load_->first();
+        isTold_ = busy.has_value();
+        return busy;
     }
     return ask(now);
 }
 
 GraphicsLoad::Percent GraphicsDevice::ask(Instant now) {
-    const auto busy = load_->next();
+    auto busy = load_->next();
+    const bool wasTold = std::exchange(isTold_, busy.has_value());
     if (std::exchange(isLetGo_, false)) return 0;
+    if (!busy && wasTold) {
+        busy = load_->first();
+        isTold_ = busy.has_value();
+    }
     zeros_ = busy == std::uint64_t{0} ? zeros_ + 1 : 0;
     if (zeros_ >= zerosBeforeRest) rest(now);
     return busy;

@@ -24,7 +24,8 @@ namespace vtx {
 /// second longer than it waits before it does so, and counts as idle meanwhile and at the call
 /// after, with which the next figure begins. One that drives a display is asked all the same, for
 /// it cannot suspend itself, and so is one whose delay is so long that two zeros would have to
-/// stand for a busy device.
+/// stand for a busy device. Where the load is missing all at once it is waited for, once: whoever
+/// looked for another device meanwhile would stay with that one.
 class GraphicsDevice final : public RegistryNode {
 public:
     /// `address` is such as "0000:03:00.0".
@@ -57,6 +58,7 @@ private:
     int zeros_ = 0;                      ///< in a row
     std::optional<Instant> aloneUntil_;  ///< absent while it is asked
     bool isLetGo_ = false;               ///< since it was asked last
+    bool isTold_ = false;                ///< the load, when it was asked last
 };
 
 }  // namespace vtx

@@ -46,7 +46,7 @@ RegistryNodes GraphicsSource::services() {
         look();
     }
     RegistryNodes nodes;
-    for (const auto& [key, device] : devices_) nodes.push_back(device);
+    for (const auto& [key, known] : devices_) nodes.push_back(known.device);
     return nodes;
 }
 
@@ -68,11 +68,9 @@ void GraphicsSource::lookAtCard(const std::string& card, Devices& found) {
         // The driver gives a device with memory or a bus link of its own the load of at least one.
         const bool isDiscrete =
             root_.exists(folder + "/mem_busy_percent") || root_.exists(folder + "/pcie_bw");
-        const auto load = [&] {
-            return slowly(folder,
-                          std::make_shared<AmdLoad>(root_.path(folder + "/gpu_busy_percent")));
-        };
-        add(isDiscrete, *driver, *address, load, found);
+        const std::string file = root_.path(folder + "/gpu_busy_percent");
+        const auto load = [&] { return slowly(folder, std::make_shared<AmdLoad>(file)); };
+        add(isDiscrete, *driver, *address, {file}, load, found);
     } else if (*driver == "i915" || *driver == "xe") {
         auto counters = IntelLoad::countersOf(root_, card, folder);
         if (counters.empty()) return;
@@ -80,7 +78,7 @@ void GraphicsSource::lookAtCard(const std::string& card, Devices& found) {
         const auto load = [&] {
             return std::make_unique<IntelLoad>(clock_, tools_.pause, counters);
         };
-        add(!isOnRootBus(*address), *driver, *address, load, found);
+        add(!isOnRootBus(*address), *driver, *address, counters, load, found);
     }
 }
 
@@ -93,19 +91,21 @@ void GraphicsSource::lookAtNvidia(Devices& found) {
             return slowly(GraphicsDevice::folderOf(address),
                           std::make_shared<NvidiaLoad>(nvml_, address));
         };
-        add(true, "nvidia", address, load, found);
+        add(true, "nvidia", address, {}, load, found);
     }
 }
 
 void GraphicsSource::add(bool isDiscrete, const std::string& driver, const std::string& address,
-                         const std::function<Load()>& makeLoad, Devices& found) {
+                         std::vector<std::string> files, const std::function<Load()>& makeLoad,
+                         Devices& found) {
     Key key(isDiscrete, address);
     const auto known = devices_.find(key);
-    const bool isSame = known != devices_.end() && known->second->name() == driver;
+    const bool isSame = known != devices_.end() && known->second.device->name() == driver &&
+                        known->second.files == files;
     auto device =
-        isSame ? known->second
+        isSame ? known->second.device
                : std::make_shared<GraphicsDevice>(root_, clock_, driver, address, makeLoad());
-    found.emplace(std::move(key), std::move(device));
+    found.emplace(std::move(key), Known{std::move(device), std::move(files)});
 }
 
 GraphicsSource::Load GraphicsSource::slowly(const std::string& folder,

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "base/Clock.h"
 #include "base/Executor.h"
@@ -48,14 +49,18 @@ public:
 private:
     /// Integrated before discrete, then by address.
     using Key = std::pair<bool, std::string>;
-    using Devices = std::map<Key, std::shared_ptr<GraphicsDevice>>;
+    struct Known {
+        std::shared_ptr<GraphicsDevice> device;
+        std::vector<std::string> files;  ///< with the load; others come with a new card
+    };
+    using Devices = std::map<Key, Known>;
     using Load = std::unique_ptr<GraphicsLoad>;
 
     void look();
     void lookAtCard(const std::string& card, Devices& found);
     void lookAtNvidia(Devices& found);
     void add(bool isDiscrete, const std::string& driver, const std::string& address,
-             const std::function<Load()>& makeLoad, Devices& found);
+             std::vector<std::string> files, const std::function<Load()>& makeLoad, Devices& found);
     [[nodiscard]] Load slowly(const std::string& folder, std::shared_ptr<GraphicsLoad> load);
 
     const LinuxRoot& root_;

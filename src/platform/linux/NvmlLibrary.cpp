@@ -51,7 +51,8 @@ std::optional<NvmlLibrary::Device> NvmlLibrary::deviceAt(const std::string& addr
     if (!isInitialized_ && functions_.init() != success) return std::nullopt;
     isInitialized_ = true;
     Device device = nullptr;
-    if (functions_.deviceByAddress(address.c_str(), &device) != success) return std::nullopt;
+    if (functions_.deviceByAddress(address.c_str(), &device) != success || !device)
+        return std::nullopt;
     devices_.emplace(address, device);
     return device;
 }

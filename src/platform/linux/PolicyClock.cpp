@@ -58,7 +58,10 @@ void PolicyClock::forget() {
 std::vector<ClockTime> PolicyClock::read() {
     if (source_ == ClockSource::timeInState) return readTimes();
     if (source_ == ClockSource::averageClock) {
-        if (const auto average = readClock(average_)) return {{*average, 1}};
+        if (const auto average = readClock(average_)) {
+            lastClock_.reset();  // of an interval before: what begins now begins with nothing
+            return {{*average, 1}};
+        }
     }
     return readCurrent();
 }

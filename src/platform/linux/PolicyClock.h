@@ -49,7 +49,7 @@ private:
     KeptFile average_;
     KeptFile current_;
     std::vector<ClockTime> lastTimes_;        ///< empty when there are none
-    std::optional<std::uint64_t> lastClock_;  ///< `scaling_cur_freq` in kHz
+    std::optional<std::uint64_t> lastClock_;  ///< `scaling_cur_freq` in kHz, of the last reading
 };
 
 }  // namespace vtx

@@ -25,6 +25,8 @@ SlowGraphicsLoad::SlowGraphicsLoad(Executor& worker, const Clock& clock,
       source_(std::move(source)),
       reading_(worker, clock, readingOf(source_, std::move(power)), patience) {}
 
+SlowGraphicsLoad::~SlowGraphicsLoad() { SlowGraphicsLoad::letGo(); }
+
 GraphicsLoad::Percent SlowGraphicsLoad::first() {
     isHeld_ = true;
     return reading_.read();

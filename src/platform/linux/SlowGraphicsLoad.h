@@ -19,6 +19,9 @@ public:
                      std::shared_ptr<GraphicsLoad> source,
                      Duration patience = SlowRead<std::uint64_t>::usualPatience);
 
+    /// Lets go: a device that went must not stay held for as long as others are there.
+    ~SlowGraphicsLoad() override;
+
     [[nodiscard]] Percent first() override;
     [[nodiscard]] Percent next() override;
     void letGo() override;

@@ -15,7 +15,7 @@ Property percentage(double fraction) {
 
 }  // namespace
 
-void SimulatedGraphics::setLoad(GraphicsLoad load) {
+void SimulatedGraphics::setLoad(SimulatedGraphicsLoad load) {
     const std::lock_guard lock(mutex_);
     load_ = load;
     living_.reset();
@@ -27,7 +27,7 @@ void SimulatedGraphics::live(std::uint64_t seed) {
     livingSince_ = clock_.continuous();
 }
 
-GraphicsLoad SimulatedGraphics::load() const {
+SimulatedGraphicsLoad SimulatedGraphics::load() const {
     const std::lock_guard lock(mutex_);
     if (!living_) return load_;
     const double load = living_->graphics(clock_.continuous() - livingSince_);
@@ -35,7 +35,7 @@ GraphicsLoad SimulatedGraphics::load() const {
 }
 
 PropertyMap SimulatedGraphics::performanceStatistics() const {
-    const GraphicsLoad now = load();
+    const SimulatedGraphicsLoad now = load();
     return {{"Device Utilization %", percentage(now.device)},
             {"Tiler Utilization %", percentage(now.tiler)},
             {"Renderer Utilization %", percentage(now.renderer)}};

@@ -11,7 +11,7 @@
 namespace vtx {
 
 /// What a graphics processor is busy with: fractions of its time, 0 to 1.
-struct GraphicsLoad {
+struct SimulatedGraphicsLoad {
     double device = 0.0;
     double tiler = 0.0;
     double renderer = 0.0;
@@ -22,18 +22,18 @@ class SimulatedGraphics {
 public:
     explicit SimulatedGraphics(const Clock& clock) : clock_(clock) {}
 
-    void setLoad(GraphicsLoad load);
+    void setLoad(SimulatedGraphicsLoad load);
     /// From now on it follows a living load, until one is set.
     void live(std::uint64_t seed);
 
-    [[nodiscard]] GraphicsLoad load() const;
+    [[nodiscard]] SimulatedGraphicsLoad load() const;
     /// The load as its driver keeps it: whole percentages by their names.
     [[nodiscard]] PropertyMap performanceStatistics() const;
 
 private:
     const Clock& clock_;
     mutable std::mutex mutex_;
-    GraphicsLoad load_;
+    SimulatedGraphicsLoad load_;
     Instant livingSince_;
     std::optional<LivingLoad> living_;
 };

@@ -28,14 +28,16 @@ int nvmlInit_v2() { return ++state.inits, state.initResult; }
 int nvmlShutdown() { return ++state.shutdowns, 0; }
 int nvmlDeviceGetHandleByPciBusId_v2(const char* address, void** found) {
     ++state.lookups;
-    if (state.inits == state.shutdowns) return 1;             // no session
+    if (state.inits == state.shutdowns) return 1;  // no session
+    *found = nullptr;
+    if (std::strcmp(address, "0000:00:00.0") == 0) return 0;  // found, it says, and gives none
     if (std::strcmp(address, "0000:01:00.0") != 0) return 6;  // not found
     *found = &device;
     return 0;
 }
 int nvmlDeviceGetUtilizationRates(void* asked, nvmlUtilization* utilization) {
     if (state.inits == state.shutdowns) return 1;
-    if (asked != &device) return 2;
+    if (asked && asked != &device) return 2;
     *utilization = {state.gpu, 7};
     return 0;
 }

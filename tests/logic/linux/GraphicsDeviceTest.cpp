@@ -20,13 +20,14 @@ using Percent = GraphicsLoad::Percent;
 struct FakeLoad final : GraphicsLoad {
     struct Notes {
         Percent value = 30;
+        Percent waitedFor;  ///< instead of the value, where there is none
         Duration leastRest{0};
         int firsts = 0;
         int nexts = 0;
         int letGos = 0;
     };
     explicit FakeLoad(Notes& n) : notes(n) {}
-    Percent first() override { return ++notes.firsts, notes.value; }
+    Percent first() override { return ++notes.firsts, notes.value ? notes.value : notes.waitedFor; }
     Percent next() override { return ++notes.nexts, notes.value; }
     void letGo() override { ++notes.letGos; }
     Duration leastRest() const override { return notes.leastRest; }
@@ -78,6 +79,19 @@ TEST_F(GraphicsDeviceLoad, is_absent_while_the_driver_tells_none) {
     EXPECT_TRUE(device->properties());
     load.value = 40;
     EXPECT_EQ(tick(), 40);
+}
+
+TEST_F(GraphicsDeviceLoad, that_is_missing_all_at_once_is_waited_for_and_only_once) {
+    start();
+    EXPECT_EQ(tick(), 30);
+    load.value.reset();
+    load.waitedFor = 50;
+    EXPECT_EQ(tick(), 50);
+    load.waitedFor.reset();
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(tick(), std::nullopt);
+    EXPECT_EQ(load.firsts, 3);
+    load.value = 70;
+    EXPECT_EQ(tick(), 70);
 }
 
 TEST_F(GraphicsDeviceLoad, of_a_sleeping_device_is_zero_without_asking_it) {
@@ -222,6 +236,35 @@ TEST_F(GraphicsDeviceLoad, is_waited_for_again_after_the_machine_slept) {
     clock.sleepMachine(seconds(60));
     EXPECT_EQ(tick(), 30);
     EXPECT_EQ(load.firsts, 2);
+}
+
+TEST_F(GraphicsDeviceLoad, of_a_device_that_woke_while_it_was_left_alone_is_told_soon) {
+    start();
+    comeToRest();
+    set("power/runtime_status", "suspended\n");
+    EXPECT_EQ(tick(), 0);
+    set("power/runtime_status", "active\n");
+    EXPECT_EQ(tick(), 0);
+    // One zero is not two: those from before its sleep are forgotten.
+    EXPECT_EQ(tick(), 0);
+    load.value = 80;
+    EXPECT_EQ(tick(), 80);
+}
+
+TEST_F(GraphicsDeviceLoad, after_the_machine_slept_begins_with_what_is_told_then) {
+    start();
+    comeToRest();
+    clock.sleepMachine(seconds(60));
+    load.value = 80;
+    EXPECT_EQ(tick(), 80);
+    EXPECT_EQ(tick(), 80);
+    load.value = 0;
+    EXPECT_EQ(tick(), 0);
+    clock.sleepMachine(seconds(60));
+    EXPECT_EQ(tick(), 0);
+    EXPECT_EQ(tick(), 0);
+    load.value = 80;
+    EXPECT_EQ(tick(), 80);
 }
 
 TEST_F(GraphicsDeviceLoad, that_vanishes_while_it_is_read_leaves_no_properties) {

@@ -228,6 +228,20 @@ TEST(GraphicsSource, both_devices_of_the_newer_intel_driver_are_found) {
     EXPECT_EQ(laptop.openings, 0);
 }
 
+TEST_F(Graphics, of_intel_that_came_back_as_another_card_are_read_there) {
+    add("card0", "0000:00:02.0", "i915");
+    tree.write("/sys/class/drm/card0/gt/gt0/rc6_residency_ms", "5\n");
+    Machine machine(tree.path());
+    EXPECT_EQ(machine.tick(), 100);
+    // What the kernel took away cannot be read even by those who have it open.
+    tree.write("/sys/class/drm/card0/gt/gt0/rc6_residency_ms", "");
+    tree.remove("/sys/class/drm/card0");
+    add("card1", "0000:00:02.0", "i915");
+    tree.write("/sys/class/drm/card1/gt/gt0/rc6_residency_ms", "5\n");
+    ++machine.changes.now;
+    EXPECT_EQ(machine.tick(), 100);
+}
+
 TEST_F(Graphics, of_intel_without_a_counter_are_left_out) {
     add("card0", "0000:00:02.0", "i915");
     add("card1", address, "xe");
@@ -249,6 +263,17 @@ TEST_F(Graphics, of_nvidia_that_idle_are_let_go) {
     EXPECT_EQ(server.tick(), 60);
     set("power/runtime_status", "suspended\n");
     EXPECT_EQ(server.tick(), 0);
+    EXPECT_EQ(server.nvml->closes, 1);
+}
+
+TEST_F(Graphics, of_nvidia_that_went_are_let_go) {
+    addNvidia(address);
+    Machine server(tree.path());
+    server.nvml = std::make_shared<FakeNvml>();
+    EXPECT_EQ(server.tick(), 60);
+    tree.remove("/sys/bus/pci/drivers/nvidia/0000:03:00.0");
+    ++server.changes.now;
+    EXPECT_EQ(server.found(), "");
     EXPECT_EQ(server.nvml->closes, 1);
 }
 

@@ -248,6 +248,20 @@ TEST_F(CoreClocks, that_the_kernel_averages_are_taken_as_they_are) {
     EXPECT_EQ(machine.p(), 1000.0);
 }
 
+TEST_F(CoreClocks, before_an_interval_that_the_kernel_averaged_do_not_count_after_it) {
+    setCurrent(0, 3'000'000);
+    set(0, "cpuinfo_avg_freq", "<unknown>\n");
+    Machine machine(tree.path());
+    machine.start();
+    run({0});
+    set(0, "cpuinfo_avg_freq", "2000000\n");
+    EXPECT_EQ(machine.p(), 2000.0);
+    run({0});
+    set(0, "cpuinfo_avg_freq", "<unknown>\n");
+    setCurrent(0, 1'000'000);
+    EXPECT_EQ(machine.p(), 1000.0);
+}
+
 TEST_F(CoreClocks, of_two_intervals_are_told_apart) {
     setTimes(0, 0, 0);
     Machine machine(tree.path());

@@ -114,6 +114,10 @@ TEST_F(NvmlLibraryCalls, that_are_refused_give_nothing) {
     EXPECT_EQ(counts(), (Counts{1, 0, 0}));
 }
 
+TEST_F(NvmlLibraryCalls, ask_nothing_of_a_device_that_was_found_and_not_given) {
+    EXPECT_EQ(open()->utilization("0000:00:00.0"), std::nullopt);
+}
+
 TEST_F(NvmlLibraryCalls, need_the_library_and_all_its_functions) {
     EXPECT_FALSE(NvmlLibrary::open("libvantrix-no-such-library.so.1"));
     EXPECT_FALSE(NvmlLibrary::open("libc.so.6"));

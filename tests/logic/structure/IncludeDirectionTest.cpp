@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -114,6 +115,24 @@ TEST(IncludeDirection, logic_includes_neither_a_toolkit_nor_the_operating_system
             EXPECT_FALSE(belongsToAToolkitOrAnOperatingSystem(include.path))
                 << file << " includes " << include.path;
     }
+}
+
+// Two types of one name are one to the linker, which keeps the functions of either for both.
+TEST(IncludeDirection, no_two_headers_define_a_type_of_the_same_name) {
+    const std::regex definition("(?:class|struct|enum class) (\\w+)[^;]*");
+    std::map<std::string, std::string> headerOf;
+    for (const auto& file : sourceFiles()) {
+        if (!file.ends_with(".h")) continue;
+        std::ifstream in(sources() / file);
+        for (std::string line; std::getline(in, line);) {
+            std::smatch parts;
+            if (!std::regex_match(line, parts, definition)) continue;
+            const auto [other, isNew] = headerOf.try_emplace(parts[1], file);
+            EXPECT_TRUE(isNew || other->second == file)
+                << parts[1] << " is in " << other->second << " and in " << file;
+        }
+    }
+    EXPECT_EQ(headerOf["GPUStats"], "telemetry/GPUStats.h");
 }
 
 TEST(IncludeDirection, heavy_libraries_stay_out_of_headers) {
