@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // vantrix-bench-pass: the CPU time of one pass over what the preferences of a first start need,
-// beside bare reads of the same files, with gaps between them as the real cadence has.
+// beside bare reads of the same files, with gaps between them as the real cadence has; and what
+// finding and reading sensors costs on a simulated machine.
 #include <fmt/format.h>
 
 #include <charconv>
@@ -12,13 +13,15 @@
 #include <vector>
 
 #include "pass/PassMeter.h"
+#include "pass/SensorMeter.h"
 
 namespace vtx::bench {
 namespace {
 
 constexpr const char* usage = R"(Usage: vantrix-bench-pass [--passes N] [--interval MS]
 
-Prints what one pass costs beside bare reads of the files it needs.
+Prints what one pass costs beside bare reads of the files it needs, and what sensors and fans cost
+on a simulated machine.
 
   --passes N     how many are counted, 60 when not said
   --interval MS  milliseconds from one pass to the next, 1000 when not said;
@@ -27,6 +30,10 @@ Prints what one pass costs beside bare reads of the files it needs.
 )";
 
 constexpr int worksInARound = 3;
+
+constexpr std::size_t keysOfALargeMachine = 2000;
+constexpr int sensorRounds = 30;
+constexpr std::chrono::milliseconds sensorGap(50);
 
 int number(const std::string& text) {
     int value = 0;
@@ -40,6 +47,22 @@ int number(const std::string& text) {
 std::string row(const char* name, const Statistics& times, const Statistics& floor) {
     return fmt::format("  {:<24}{:>12.1f}{:>12.1f}{:>12.2f}\n", name, times.median().count(),
                        times.p95().count(), times.median() / floor.median());
+}
+
+std::string row(const char* name, const Statistics& times) {
+    return fmt::format("  {:<24}{:>12.1f}{:>12.1f}\n", name, times.median().count(),
+                       times.p95().count());
+}
+
+void printSensors() {
+    const SensorCosts costs = measureSensors(keysOfALargeMachine, sensorRounds, sensorGap);
+    std::fputs(
+        fmt::format("CPU time of sensors and fans on a simulated SMC of {} keys\n", costs.keys)
+            .c_str(),
+        stdout);
+    std::fputs(row("finding the sensors", costs.discovery).c_str(), stdout);
+    const auto poll = fmt::format("a poll of {} values", costs.valuesOfAPoll);
+    std::fputs(row(poll.c_str(), costs.poll).c_str(), stdout);
 }
 
 int run(const std::vector<std::string>& arguments) {
@@ -69,6 +92,7 @@ int run(const std::vector<std::string>& arguments) {
     std::fputs(row("the pass, both threads", costs.pass, costs.preads).c_str(), stdout);
     std::fputs(row("its system part", costs.system, costs.preads).c_str(), stdout);
     std::fputs(row("preads of its files", costs.preads, costs.preads).c_str(), stdout);
+    printSensors();
     return EXIT_SUCCESS;
 }
 
