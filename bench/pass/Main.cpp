@@ -29,7 +29,8 @@ on a simulated machine.
   --help         shows this text
 )";
 
-constexpr int worksInARound = 3;
+constexpr int worksInARound = 7;
+constexpr int passesForWakeUps = 30;
 
 constexpr std::size_t keysOfALargeMachine = 2000;
 constexpr int sensorRounds = 30;
@@ -65,6 +66,11 @@ void printSensors() {
     std::fputs(row(poll.c_str(), costs.poll).c_str(), stdout);
 }
 
+std::string where(const std::string& recorded) {
+    if (recorded.empty()) return {};
+    return fmt::format("    (this machine has none: on a copy of the recorded {})\n", recorded);
+}
+
 int run(const std::vector<std::string>& arguments) {
     int passes = 60;
     int interval = 1000;
@@ -82,7 +88,8 @@ int run(const std::vector<std::string>& arguments) {
         *option = number(arguments[++i]);
     }
     const std::chrono::milliseconds gap(interval / worksInARound);
-    const PassCosts costs = PassMeter().measure(passes, gap);
+    PassMeter meter;
+    const PassCosts costs = meter.measure(passes, gap);
     std::fputs(
         fmt::format("CPU time of one pass ({} passes, {} ms apart)\n", passes, interval).c_str(),
         stdout);
@@ -92,6 +99,14 @@ int run(const std::vector<std::string>& arguments) {
     std::fputs(row("the pass, both threads", costs.pass, costs.preads).c_str(), stdout);
     std::fputs(row("its system part", costs.system, costs.preads).c_str(), stdout);
     std::fputs(row("preads of its files", costs.preads, costs.preads).c_str(), stdout);
+    std::fputs("CPU time of one step of an engine alone\n", stdout);
+    std::fputs(row("the clocks", costs.clocks, costs.clockPreads).c_str(), stdout);
+    std::fputs(where(meter.clocksRecorded()).c_str(), stdout);
+    std::fputs(row("the graphics", costs.graphics, costs.graphicsPreads).c_str(), stdout);
+    std::fputs(where(meter.graphicsRecorded()).c_str(), stdout);
+    const auto wakeUps = meter.wakeUps(passesForWakeUps, std::chrono::milliseconds(interval));
+    std::fputs(fmt::format("Wake-ups of one pass, its timer's included: {:.2f}\n", wakeUps).c_str(),
+               stdout);
     printSensors();
     return EXIT_SUCCESS;
 }

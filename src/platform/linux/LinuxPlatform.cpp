@@ -3,6 +3,8 @@
 
 #include <pthread.h>
 
+#include <thread>
+
 #include "platform/linux/CpuFreq.h"
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
@@ -20,6 +22,8 @@
 #include "platform/linux/LinuxSysctl.h"
 #include "platform/linux/LinuxUnifiedLog.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/NvmlLibrary.h"
+#include "platform/linux/SlowReadThread.h"
 #include "platform/linux/SystemBus.h"
 
 namespace vtx {
@@ -45,12 +49,22 @@ struct LinuxPlatform::Members {
 
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;
-        sources.push_back(std::make_unique<GraphicsSource>(root, clock, deviceChanges));
+        sources.push_back(
+            std::make_unique<GraphicsSource>(root, clock, deviceChanges, graphicsTools()));
         return sources;
+    }
+
+    /// The library tells of the running machine and of no other.
+    GraphicsSource::Tools graphicsTools() {
+        const bool isRunningMachine = root.path("/") == "/";
+        return {slowReads,
+                [isRunningMachine] { return isRunningMachine ? NvmlLibrary::open() : nullptr; },
+                [](Duration span) { std::this_thread::sleep_for(span); }};
     }
 
     LinuxRoot root;
     LinuxClock clock;
+    SlowReadThread slowReads{nameThread("slow reads")};  ///< without a thread until it is used
     SystemBus bus;
     LinuxProcessors processors;
     CpuFreq cpuFreq;
