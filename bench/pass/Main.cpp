@@ -14,6 +14,7 @@
 
 #include "pass/PassMeter.h"
 #include "pass/SensorMeter.h"
+#include "pass/SystemMeter.h"
 
 namespace vtx::bench {
 namespace {
@@ -66,6 +67,12 @@ void printSensors() {
     std::fputs(row(poll.c_str(), costs.poll).c_str(), stdout);
 }
 
+void printSystemPart(int passes, std::chrono::milliseconds gap) {
+    std::fputs("Port calls of a pass, source by source\n", stdout);
+    for (const auto& [name, ports, preads] : SystemMeter().measure(passes, gap))
+        std::fputs(row(name.c_str(), ports, preads).c_str(), stdout);
+}
+
 std::string where(const std::string& recorded) {
     if (recorded.empty()) return {};
     return fmt::format("    (this machine has none: on a copy of the recorded {})\n", recorded);
@@ -107,6 +114,7 @@ int run(const std::vector<std::string>& arguments) {
     const auto wakeUps = meter.wakeUps(passesForWakeUps, std::chrono::milliseconds(interval));
     std::fputs(fmt::format("Wake-ups of one pass, its timer's included: {:.2f}\n", wakeUps).c_str(),
                stdout);
+    printSystemPart(passes, std::chrono::milliseconds(interval / 2));
     printSensors();
     return EXIT_SUCCESS;
 }

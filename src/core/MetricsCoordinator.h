@@ -35,6 +35,8 @@ public:
     CPUMonitor& cpu;
     GPUMonitor& gpu;
     TemperatureService& temperature;
+    NetworkMonitor& network;
+    DiskIOMonitor& diskIO;
     FanMonitor& fan;
     ANEMonitor& ane;
 
