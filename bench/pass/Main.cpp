@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // vantrix-bench-pass: the CPU time of one pass over what the preferences of a first start need,
-// beside bare reads of the same files, with gaps between them as the real cadence has.
+// beside bare reads of the same files, with gaps between them as the real cadence has; and what
+// finding and reading sensors costs on a simulated machine.
 #include <fmt/format.h>
 
 #include <charconv>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "pass/PassMeter.h"
+#include "pass/SensorMeter.h"
 #include "pass/SystemMeter.h"
 
 namespace vtx::bench {
@@ -19,7 +21,8 @@ namespace {
 
 constexpr const char* usage = R"(Usage: vantrix-bench-pass [--passes N] [--interval MS]
 
-Prints what one pass costs beside bare reads of the files it needs.
+Prints what one pass costs beside bare reads of the files it needs, and what sensors and fans cost
+on a simulated machine.
 
   --passes N     how many are counted, 60 when not said
   --interval MS  milliseconds from one pass to the next, 1000 when not said;
@@ -29,6 +32,10 @@ Prints what one pass costs beside bare reads of the files it needs.
 
 constexpr int worksInARound = 7;
 constexpr int passesForWakeUps = 30;
+
+constexpr std::size_t keysOfALargeMachine = 2000;
+constexpr int sensorRounds = 30;
+constexpr std::chrono::milliseconds sensorGap(50);
 
 int number(const std::string& text) {
     int value = 0;
@@ -42,6 +49,22 @@ int number(const std::string& text) {
 std::string row(const char* name, const Statistics& times, const Statistics& floor) {
     return fmt::format("  {:<24}{:>12.1f}{:>12.1f}{:>12.2f}\n", name, times.median().count(),
                        times.p95().count(), times.median() / floor.median());
+}
+
+std::string row(const char* name, const Statistics& times) {
+    return fmt::format("  {:<24}{:>12.1f}{:>12.1f}\n", name, times.median().count(),
+                       times.p95().count());
+}
+
+void printSensors() {
+    const SensorCosts costs = measureSensors(keysOfALargeMachine, sensorRounds, sensorGap);
+    std::fputs(
+        fmt::format("CPU time of sensors and fans on a simulated SMC of {} keys\n", costs.keys)
+            .c_str(),
+        stdout);
+    std::fputs(row("finding the sensors", costs.discovery).c_str(), stdout);
+    const auto poll = fmt::format("a poll of {} values", costs.valuesOfAPoll);
+    std::fputs(row(poll.c_str(), costs.poll).c_str(), stdout);
 }
 
 void printSystemPart(int passes, std::chrono::milliseconds gap) {
@@ -92,6 +115,7 @@ int run(const std::vector<std::string>& arguments) {
     std::fputs(fmt::format("Wake-ups of one pass, its timer's included: {:.2f}\n", wakeUps).c_str(),
                stdout);
     printSystemPart(passes, std::chrono::milliseconds(interval / 2));
+    printSensors();
     return EXIT_SUCCESS;
 }
 

@@ -21,8 +21,9 @@ std::string oneDecimal(double celsius) { return fmt::format("{:.1f}", celsius); 
 std::string list(const SensorKeySet& keys, const SensorPeaks& peaks) {
     std::vector<std::pair<std::string_view, double>> hottestFirst;
     for (const auto& key : keys) hottestFirst.emplace_back(key, peaks.find(key)->second);
-    std::ranges::stable_sort(hottestFirst, std::ranges::greater{},
-                             &std::pair<std::string_view, double>::second);
+    std::ranges::sort(hottestFirst, [](const auto& a, const auto& b) {
+        return a.second != b.second ? a.second > b.second : a.first < b.first;
+    });
     std::string text;
     for (const auto& [key, peak] : hottestFirst)
         text += fmt::format("{}{}={:.1f}°C", text.empty() ? "" : ", ", key, peak);

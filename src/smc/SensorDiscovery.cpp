@@ -12,7 +12,7 @@ namespace {
 
 /// Far beyond the keys of any machine: a store that counts more is not walked any further, as it
 /// would keep the start waiting for minutes.
-constexpr std::uint32_t mostKeys = 65'536;
+constexpr std::uint32_t mostKeys = 16'384;
 
 std::uint32_t countKeys(SMCClient& client) {
     const auto value = client.readValue("#KEY");

@@ -18,6 +18,21 @@ SMCAnswer failed(std::uint8_t result) {
     return answer;
 }
 
+SMCAnswer nonsense(std::uint64_t& state) {
+    const auto next = [&state] {
+        state = state * 6364136223846793005U + 1442695040888963407U;
+        return static_cast<std::uint32_t>(state >> 32);
+    };
+    SMCAnswer answer;
+    answer.key = next() % 2 ? packSMCCode("Tp00") + next() % 64 : next();
+    answer.dataSize = next() % 2 ? 4 : next();
+    answer.dataType = next() % 2 ? packSMCCode("flt ") : next();
+    answer.attributes = static_cast<std::uint8_t>(next() & 0xffU);
+    for (std::size_t i = 0; i < smcValueRoom; ++i)
+        answer.bytes.push_back(static_cast<std::byte>(next() & 0xffU));
+    return answer;
+}
+
 }  // namespace
 
 void SimulatedSMC::add(std::string_view name, SimulatedSMCKey key) {
@@ -80,16 +95,20 @@ void SimulatedSMC::onIndex(std::function<void(std::uint32_t)> happens) {
     onIndex_ = std::move(happens);
 }
 
-void SimulatedSMC::talkNonsense(std::uint64_t seed) {
+void SimulatedSMC::answerWith(std::function<SMCAnswer(const SMCRequest&)> script) {
     const std::lock_guard lock(mutex_);
-    nonsense_ = seed;
+    script_ = std::move(script);
+}
+
+void SimulatedSMC::talkNonsense(std::uint64_t seed) {
+    answerWith([state = seed](const SMCRequest&) mutable { return nonsense(state); });
 }
 
 SMCAnswer SimulatedSMC::answer(const SMCRequest& request) {
     std::function<void(std::uint32_t)> onIndex;
     {
         const std::lock_guard lock(mutex_);
-        if (nonsense_) return nonsense();
+        if (script_) return script_(request);
         if (request.command == smcCommands::keyAtIndex) onIndex = onIndex_;
     }
     if (onIndex) onIndex(request.index);
@@ -167,21 +186,6 @@ SMCAnswer SimulatedSMC::write(const SMCRequest& request) {
     found->second.value.assign(request.bytes.begin(),
                                request.bytes.begin() + static_cast<std::ptrdiff_t>(count));
     return {};
-}
-
-SMCAnswer SimulatedSMC::nonsense() {
-    const auto next = [this] {
-        *nonsense_ = *nonsense_ * 6364136223846793005U + 1442695040888963407U;
-        return static_cast<std::uint32_t>(*nonsense_ >> 32);
-    };
-    SMCAnswer answer;
-    answer.key = next() % 2 ? packSMCCode("Tp00") + next() % 64 : next();
-    answer.dataSize = next() % 2 ? 4 : next();
-    answer.dataType = next() % 2 ? packSMCCode("flt ") : next();
-    answer.attributes = static_cast<std::uint8_t>(next());
-    for (std::size_t i = 0; i < smcValueRoom; ++i)
-        answer.bytes.push_back(static_cast<std::byte>(next() & 0xffU));
-    return answer;
 }
 
 }  // namespace vtx

@@ -60,6 +60,8 @@ public:
 
     /// Called with each index that is asked for, before the answer.
     void onIndex(std::function<void(std::uint32_t)> happens);
+    /// From now on every answer is made up by this, whatever the keys are.
+    void answerWith(std::function<SMCAnswer(const SMCRequest&)> script);
     /// From now on every answer is random: success, with any bytes as any type of any size.
     void talkNonsense(std::uint64_t seed);
 
@@ -70,7 +72,6 @@ private:
     SimulatedSMCKey& at(std::string_view name);
     void renumber();
     [[nodiscard]] SMCAnswer atIndex(std::uint32_t index);
-    [[nodiscard]] SMCAnswer nonsense();
 
     [[nodiscard]] SMCAnswer information(std::uint32_t code);
     [[nodiscard]] SMCAnswer read(std::uint32_t code);
@@ -80,7 +81,7 @@ private:
     std::map<std::uint32_t, SimulatedSMCKey> keys_;
     std::vector<std::uint32_t> order_;  // empty: to be made
     std::function<void(std::uint32_t)> onIndex_;
-    std::optional<std::uint64_t> nonsense_;  // state of the generator
+    std::function<SMCAnswer(const SMCRequest&)> script_;
 };
 
 }  // namespace vtx

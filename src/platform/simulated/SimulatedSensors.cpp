@@ -68,8 +68,8 @@ void addFans(SimulatedSMC& smc, SimulatedThermals& thermals) {
                                                       {"Mn", &SimulatedFan::minRPM},
                                                       {"Mx", &SimulatedFan::maxRPM}};
     for (std::size_t fan = 0; fan < thermals.fanCount(); ++fan)
-        for (const auto& [suffix, speed] : keys)
-            smc.addFloat(fmt::format("F{}{}", fan, suffix), [&thermals, fan, speed = speed] {
+        for (const auto& [suffix, field] : keys)
+            smc.addFloat(fmt::format("F{}{}", fan, suffix), [&thermals, fan, speed = field] {
                 return floatOf(thermals.fan(fan).*speed);
             });
 }

@@ -63,6 +63,12 @@ TEST_F(OverviewTabTest, a_reading_that_reads_the_same_repaints_nothing) {
     EXPECT_EQ(recorder.painted.size(), 1U);
 }
 
+TEST_F(OverviewTabTest, follows_the_temperature) {
+    test::show(tab);
+    bench.coordinator.temperature.latest = TemperatureReading{62.6, std::nullopt, {}};
+    EXPECT_EQ(said("Temperature"), QString::fromUtf8("63 °C"));
+}
+
 TEST_F(OverviewTabTest, has_a_heading) {
     auto* heading = test::spokenAs(tab, "Now");
     ASSERT_NE(heading, nullptr);

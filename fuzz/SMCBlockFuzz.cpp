@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+// The block of the SMC and its values: what both sides make of the same bytes.
+#include <algorithm>
+#include <bit>
+
+#include "Fuzz.h"
+#include "base/Bytes.h"
+#include "platform/shapes/SMCBlock.h"
+#include "smc/SMCCode.h"
+#include "smc/SMCNumericDecoder.h"
+#include "smc/SMCParameterBlock.h"
+#include "smc/TemperatureValueDecoder.h"
+
+using namespace vtx;
+
+namespace {
+
+void tryBlock(std::span<const std::byte> input) {
+    const auto request = decodeSMCRequest(input);
+    fuzz::expect(request.has_value() == (input.size() == smcBlockSize));
+    if (!request) return;
+    SMCParameterBlock block;
+    std::ranges::copy(input, block.raw().begin());
+    fuzz::expect(block.key() == request->key);
+    fuzz::expect(block.info() ==
+                 KeyInfo{request->dataSize, request->dataType, request->attributes});
+    fuzz::expect(std::ranges::equal(
+        block.value(request->dataSize),
+        std::span(request->bytes).first(std::min<std::size_t>(request->dataSize, 32))));
+}
+
+void tryValue(std::span<const std::byte> input) {
+    if (input.size() < 8) return;
+    const auto type = readLittleEndian32(input.first<4>());
+    const auto size = readLittleEndian32(input.subspan<4, 4>());
+    const auto data = input.subspan(8);
+    const auto number = decodeNumeric(data, type, size);
+    fuzz::expect(!number || !data.empty());
+    const auto celsius = TemperatureValueDecoder::decodeSMCFloat(data, size, type);
+    fuzz::expect(!celsius || (number && std::bit_cast<std::uint64_t>(*celsius) ==
+                                            std::bit_cast<std::uint64_t>(*number)));
+    // The known types besides are told by the type alone.
+    for (const auto known : {smcTypes::ui8, smcTypes::ui16, smcTypes::fpe2, smcTypes::sp78}) {
+        const auto value = decodeNumeric(data, known, size);
+        fuzz::expect(!value || data.size() < 2 || (*value >= -128.0 && *value <= 65535.0));
+    }
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const auto input = fuzz::asInputBytes(data, size);
+    tryBlock(input);
+    tryValue(input);
+    return 0;
+}

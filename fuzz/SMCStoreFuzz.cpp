@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// Sensors and fans over an SMC whose every answer is the next bytes of the input.
+#include <algorithm>
+
+#include "Fuzz.h"
+#include "base/Bytes.h"
+#include "fan/FanMonitor.h"
+#include "fan/SharedFans.h"
+#include "platform/simulated/ManualClock.h"
+#include "platform/simulated/SimulatedPlatform.h"
+#include "smc/SMCBridge.h"
+
+using namespace vtx;
+
+namespace {
+
+constexpr std::size_t headSize = 15;  // before the value and how long that is
+
+std::uint32_t take(std::span<const std::byte>& input) {
+    const auto number = readLittleEndian32(input.first<4>());
+    input = input.subspan(4);
+    return number;
+}
+
+// Once the input is used up every call fails.
+SMCAnswer nextAnswer(std::span<const std::byte>& input) {
+    SMCAnswer answer;
+    answer.result = smcResults::failure;
+    if (input.size() < headSize) return answer;
+    answer.key = take(input);
+    answer.dataSize = take(input);
+    answer.dataType = take(input);
+    answer.attributes = std::to_integer<std::uint8_t>(input[0]);
+    answer.result = std::to_integer<std::uint8_t>(input[1]);
+    const auto length = std::to_integer<std::size_t>(input[2]);
+    input = input.subspan(3);
+    const auto value = input.first(std::min(length, input.size()));
+    answer.bytes.assign(value.begin(), value.end());
+    input = input.subspan(value.size());
+    return answer;
+}
+
+void poll(SMCBridge& bridge, FanMonitor& fans) {
+    if (const auto reading = bridge.readTemperatureReading()) {
+        fuzz::expect(reading->cpuMaxC || reading->batteryC);
+        fuzz::expect(!reading->cpuMaxC || (*reading->cpuMaxC > 0.0 && *reading->cpuMaxC < 150.0));
+    }
+    fans.refresh();
+    for (const FanReading& fan : fans.latest->fans)
+        fuzz::expect(fan.currentRPM >= 0 && fan.currentRPM <= 12000);
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    MacShape shape = MacShape::standard();
+    shape.smcKeyCount = 0;
+    ManualClock clock;
+    SimulatedPlatform platform(clock, shape);
+    platform.mac.smc.services = {"AppleSMCKeysEndpoint"};
+    platform.mac.smc.answerWith([input = fuzz::asInputBytes(data, size)](
+                                    const SMCRequest&) mutable { return nextAnswer(input); });
+    const SharedFans shared(platform.ports());
+    const auto bridge = SMCBridge::open(platform.ports());
+    FanMonitor fans(platform.ports());
+    for (int i = 0; i < 4; ++i) {
+        poll(*bridge, fans);
+        clock.advanceBy(std::chrono::seconds(25));
+    }
+    return 0;
+}
