@@ -20,6 +20,7 @@
 #include "platform/linux/LinuxSysctl.h"
 #include "platform/linux/LinuxUnifiedLog.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/SlowReadThread.h"
 #include "platform/linux/SystemBus.h"
 
 namespace vtx {
@@ -51,6 +52,7 @@ struct LinuxPlatform::Members {
 
     LinuxRoot root;
     LinuxClock clock;
+    SlowReadThread slowReads{nameThread("slow reads")};  ///< without a thread until it is used
     SystemBus bus;
     LinuxProcessors processors;
     CpuFreq cpuFreq;
