@@ -42,12 +42,17 @@ struct LinuxPlatform::Members {
           sysctl(root, processors),
           unifiedLog(root, options.environment),
           userDefaults(options.configFolder),
+          smc(root, sensorTools()),
           workspace(bus, main) {}
 
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;
         sources.push_back(std::make_unique<GraphicsSource>(root, clock, deviceChanges));
         return sources;
+    }
+
+    SensorKeys::Tools sensorTools() {
+        return {deviceChanges, userDefaults, {slowReads, clock, &LinuxClock::bootTime}};
     }
 
     LinuxRoot root;
@@ -64,10 +69,10 @@ struct LinuxPlatform::Members {
     LinuxLocale locale;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
-    LinuxSMCUserClient smc;
     LinuxSysctl sysctl;
     LinuxUnifiedLog unifiedLog;
     LinuxUserDefaults userDefaults;
+    LinuxSMCUserClient smc;
     LinuxWorkspace workspace;
 };
 
