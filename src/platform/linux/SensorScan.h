@@ -29,7 +29,7 @@ struct FoundSensor {
 };
 
 /// More are not looked at.
-inline constexpr std::size_t mostSensors = 4096;
+inline constexpr std::size_t mostSensors = 2048;
 
 /// The sensors of /sys/class/hwmon, the thermal zones of processors where no chip of these tells a
 /// processor's temperature, and the batteries of the machine itself that tell theirs. Ordered by

@@ -114,7 +114,7 @@ TEST_F(NamesOfSensors, take_no_harm_from_settings_that_are_damaged) {
 
 TEST_F(NamesOfSensors, are_stored_up_to_a_bound) {
     SensorKeyNames names(defaults, sameForAll);
-    for (int i = 0; i < 3000; ++i) ASSERT_TRUE(names.nameOf("S", std::to_string(i)));
+    for (int i = 0; i < 1100; ++i) ASSERT_TRUE(names.nameOf("S", std::to_string(i)));
     names.store();
     const std::string text = stored();
     EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(text, '\n')), SensorKeyNames::mostStored);

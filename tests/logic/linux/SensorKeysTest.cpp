@@ -254,7 +254,7 @@ TEST_F(KeysOfAMachine, sensors_whose_names_would_meet_have_a_key_each_in_every_r
 
 TEST_F(KeysOfAMachine, thousands_of_sensors_have_a_key_each_up_to_a_bound) {
     const auto chip = addChip(0, coretemp0, "coretemp");
-    for (int i = 1; i < 6'000; ++i)
+    for (int i = 1; i < 2'200; ++i)
         std::ofstream(tree.path() + chip + "/temp" + std::to_string(i) + "_input") << i << "000\n";
     start();
     const auto names = read->names();
