@@ -10,11 +10,13 @@
 #include "base/SerialExecutor.h"
 #include "base/TaskScope.h"
 #include "core/MetricsCoordinator.h"
+#include "fan/SharedFans.h"
 #include "pass/Statistics.h"
 #include "pass/ThreadClock.h"
 #include "platform/linux/KeptFile.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PollRunLoop.h"
+#include "smc/SharedSensors.h"
 #include "telemetry/SharedTelemetry.h"
 
 namespace vtx::bench {
@@ -55,7 +57,9 @@ private:
     SerialExecutor tick_;
     LinuxPlatform platform_;
     KeptFile stat_;
-    SharedTelemetry shared_{platform_.ports()};
+    SharedTelemetry telemetry_{platform_.ports()};
+    SharedSensors sensors_{platform_.ports()};
+    SharedFans fans_{platform_.ports()};
     std::unique_ptr<MetricsCoordinator> coordinator_;
     ThreadClock mainClock_;
     std::optional<ThreadClock> workerClock_;

@@ -21,6 +21,9 @@ StripReadings readingsOf(const MetricsCoordinator& coordinator) {
     if (const auto& cpu = *coordinator.cpu.latest) readings.cpuUsage = cpu->totalUsage;
     readings.isGPUAvailable = *coordinator.gpu.isAvailable;
     if (const auto& gpu = *coordinator.gpu.latest) readings.gpuUtilization = gpu->deviceUtilization;
+    if (const auto& temperature = *coordinator.temperature.latest)
+        readings.cpuMaxC = temperature->cpuMaxC;
+    readings.fanMaxRPM = coordinator.fan.latest->maxRPM();
     readings.criticalMetric = *coordinator.criticalMetric;
     return readings;
 }
@@ -62,6 +65,8 @@ void StripView::showEvent(QShowEvent* event) {
     subscriptions_.push_back(coordinator_.cpu.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.gpu.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.gpu.isAvailable.subscribe(follow));
+    subscriptions_.push_back(coordinator_.temperature.latest.subscribe(follow));
+    subscriptions_.push_back(coordinator_.fan.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.preferences.subscribe(follow));
     subscriptions_.push_back(coordinator_.criticalMetric.subscribe(follow));
 }
