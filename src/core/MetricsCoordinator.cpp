@@ -31,13 +31,14 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       cpu(services_->cpu),
       gpu(services_->gpu),
       temperature(services_->temperature),
+      systemInfo(services_->systemInfo),
       fan(services_->fan),
       ane(services_->ane),
       preferences(*this, DisplayPreferences::load(ports.userDefaults)),
       tasks_(executors.main) {
     applyLanguage();
     installPreferenceSink();
-    if (!isRunningTests(ports_)) observeSystemPower();
+    if (!SystemInfoService::isRunningTests(ports_.processInfo)) observeSystemPower();
     bridgeNestedMonitorChanges();
 }
 
@@ -144,12 +145,6 @@ bool MetricsCoordinator::isOnBattery(const Ports& ports) {
     const auto info = ports.powerSources.copyPowerSourcesInfo();
     if (!info) programmingFault("the platform gave no power sources");
     return info->providingPowerSourceType() == "Battery Power";
-}
-
-bool MetricsCoordinator::isRunningTests(const Ports& ports) {
-    if (ports.processInfo.environment("XCTestConfigurationFilePath")) return true;
-    const auto bundles = ports.processInfo.loadedBundlePaths();
-    return std::ranges::any_of(bundles, [](const auto& path) { return path.ends_with(".xctest"); });
 }
 
 void MetricsCoordinator::applyLanguage() {

@@ -35,6 +35,7 @@ public:
     CPUMonitor& cpu;
     GPUMonitor& gpu;
     TemperatureService& temperature;
+    SystemInfoService& systemInfo;
     FanMonitor& fan;
     ANEMonitor& ane;
 
@@ -74,7 +75,6 @@ private:
         Subscription wakeToken;
     };
 
-    [[nodiscard]] static bool isRunningTests(const Ports& ports);
     void applyLanguage();
     void installPreferenceSink();
     void observeSystemPower();

@@ -8,6 +8,7 @@
 #include "telemetry/ANEMonitor.h"
 #include "telemetry/CPUMonitor.h"
 #include "telemetry/GPUMonitor.h"
+#include "telemetry/SystemInfoService.h"
 
 namespace vtx {
 
@@ -16,11 +17,16 @@ namespace vtx {
 struct Services {
     /// The ports and executors must outlive the services.
     Services(const Ports& ports, const Executors& executors)
-        : cpu(ports, executors), gpu(ports, executors.tick), fan(ports), ane(ports) {}
+        : cpu(ports, executors),
+          gpu(ports, executors.tick),
+          systemInfo(ports),
+          fan(ports),
+          ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
     TemperatureService temperature;
+    SystemInfoService systemInfo;
     FanMonitor fan;
     ANEMonitor ane;
 };

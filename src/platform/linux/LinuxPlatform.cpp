@@ -6,6 +6,7 @@
 #include "platform/linux/CpuFreq.h"
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
+#include "platform/linux/IdentityNodes.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxHIDEventSystem.h"
 #include "platform/linux/LinuxHostInfo.h"
@@ -30,11 +31,13 @@ struct LinuxPlatform::Members {
     Members(RunLoop& loop, Executor& main, const Options& options)
         : root(options.root),
           clock(loop),
+          slowReads(options.slowReads ? *options.slowReads : slowReadThread),
           bus(loop, main, options.busAddress),
           processors(root),
           cpuFreq(root, processors),
           hostInfo(root, processors),
-          ioRegistry(processors, cpuFreq, registrySources()),
+          ioRegistry(processors, cpuFreq, registrySources(),
+                     {makeMemoryNode(root), makeProductNode(root)}),
           ioReport(root, processors, cpuFreq),
           locale(options.environment),
           powerSources(root),
@@ -57,7 +60,8 @@ struct LinuxPlatform::Members {
 
     LinuxRoot root;
     LinuxClock clock;
-    SlowReadThread slowReads{nameThread("slow reads")};  ///< without a thread until it is used
+    SlowReadThread slowReadThread{nameThread("slow reads")};  ///< without a thread until it is used
+    Executor& slowReads;
     SystemBus bus;
     LinuxProcessors processors;
     CpuFreq cpuFreq;

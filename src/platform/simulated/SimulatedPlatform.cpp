@@ -31,7 +31,7 @@ Ports SimulatedPlatform::ports() {
         .locale = locale,
         .powerSources = powerSources,
         .processInfo = processInfo,
-        .smc = smc,
+        .smc = otherSMC ? *otherSMC : smc,
         .sysctl = sysctl,
         .unifiedLog = unifiedLog,
         .userDefaults = userDefaults,
