@@ -3,6 +3,8 @@
 
 #include <pthread.h>
 
+#include <thread>
+
 #include "platform/linux/CpuFreq.h"
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
@@ -21,6 +23,7 @@
 #include "platform/linux/LinuxSysctl.h"
 #include "platform/linux/LinuxUnifiedLog.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/NvmlLibrary.h"
 #include "platform/linux/SlowReadThread.h"
 #include "platform/linux/SystemBus.h"
 
@@ -50,12 +53,21 @@ struct LinuxPlatform::Members {
 
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;
-        sources.push_back(std::make_unique<GraphicsSource>(root, clock, deviceChanges));
+        sources.push_back(
+            std::make_unique<GraphicsSource>(root, clock, deviceChanges, graphicsTools()));
         return sources;
     }
 
     SensorKeys::Tools sensorTools() {
         return {deviceChanges, userDefaults, {slowReads, clock, &LinuxClock::bootTime}};
+    }
+
+    /// The library tells of the running machine and of no other.
+    GraphicsSource::Tools graphicsTools() {
+        const bool isRunningMachine = root.path("/") == "/";
+        return {slowReads,
+                [isRunningMachine] { return isRunningMachine ? NvmlLibrary::open() : nullptr; },
+                [](Duration span) { std::this_thread::sleep_for(span); }};
     }
 
     LinuxRoot root;

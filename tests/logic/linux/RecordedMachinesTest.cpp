@@ -21,6 +21,7 @@
 #include "smc/SMCBridge.h"
 #include "smc/SharedSensors.h"
 #include "smc/TemperatureService.h"
+#include "support/AtOnceExecutor.h"
 #include "support/TestBench.h"
 #include "telemetry/SystemInfoService.h"
 
@@ -34,7 +35,7 @@ struct NativeMachine {
                    {.root = fixture(name),
                     .configFolder = {},
                     .busAddress = "unix:path=/nowhere",
-                    .environment = {},
+                    .environment = [](std::string_view) { return std::nullopt; },
                     .slowReads = &worker}) {}
 
     [[nodiscard]] std::optional<double> temperature() {
@@ -53,7 +54,7 @@ struct NativeMachine {
     [[nodiscard]] SystemInfo info() { return SystemInfoService::detect(platform.ports()); }
 
     PollRunLoop loop;
-    InlineExecutor worker;
+    AtOnceExecutor worker;
     LinuxPlatform platform;
     SharedSensors sensors{platform.ports()};
     SharedFans sharedFans{platform.ports()};
@@ -72,7 +73,7 @@ TEST(RecordedMachine, a_hybrid_laptop_shows_its_package_and_two_fans) {
     EXPECT_EQ(info.eCoreCount, 8);
     EXPECT_EQ(info.fanCount, 2);
     EXPECT_EQ(info.ramType, "LPDDR5");
-    EXPECT_EQ(info.modelIdentifier, "HL14-B");
+    EXPECT_EQ(info.modelIdentifier, "Hybrid Laptop 14");
     EXPECT_EQ(info.modelFamily, "Hybrid Laptop 14 Gen 2");
 }
 
@@ -178,7 +179,7 @@ struct LaptopUnderLoad : testing::Test {
     LinuxRoot root{tree.path()};
     SimulatedUserDefaults names;
     FakeDeviceChanges changes;
-    InlineExecutor worker;
+    AtOnceExecutor worker;
     TestBench bench;
     LinuxSMCUserClient client{
         root, {changes, names, {worker, bench.clock, [this] { return bench.clock.continuous(); }}}};

@@ -8,6 +8,7 @@
 #include <numeric>
 #include <thread>
 
+#include "fan/SMCFanBridge.h"
 #include "linux/TemporaryTree.h"
 #include "platform/HostInfo.h"
 #include "platform/IORegistry.h"
@@ -20,6 +21,7 @@
 #include "platform/Workspace.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PollRunLoop.h"
+#include "smc/SMCBridge.h"
 #include "telemetry/PMGRReader.h"
 
 namespace vtx::test {
@@ -82,6 +84,17 @@ TEST_F(RunningMachine, has_graphics_with_a_load_within_its_range) {
                               .number();
         EXPECT_TRUE(!load || (*load >= 0 && *load <= 100)) << *load;
     }
+}
+
+TEST_F(RunningMachine, has_sensors_within_their_range) {
+    const auto bridge = SMCBridge::open(ports);
+    if (!bridge) GTEST_SKIP() << "this machine has no sensors";
+    const auto reading = bridge->readTemperatureReading();
+    EXPECT_TRUE(!reading || !reading->cpuMaxC ||
+                (*reading->cpuMaxC > 0 && *reading->cpuMaxC < 127));
+    auto fans = SMCFanBridge::open(ports.smc);
+    ASSERT_TRUE(fans);
+    EXPECT_LE(fans->readFanCount().value_or(0), 10);
 }
 
 TEST_F(RunningMachine, has_levels_that_add_up_to_its_processors) {

@@ -11,23 +11,17 @@
 #include <vector>
 
 #include "base/Bytes.h"
-#include "base/Executor.h"
 #include "platform/linux/SensorKeys.h"
 #include "platform/simulated/ManualClock.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "smc/SMCNumericDecoder.h"
+#include "support/AtOnceExecutor.h"
 
 namespace vtx::test {
 
 struct FakeDeviceChanges final : DeviceChanges {
     std::uint64_t generation() override { return now; }
     std::uint64_t now = 1;
-};
-
-/// A worker that is done before the call returns.
-struct InlineExecutor final : Executor {
-    void post(Job job) override { job(); }
-    [[nodiscard]] bool isCurrent() const override { return true; }
 };
 
 /// What the store of keys needs around it.
@@ -49,7 +43,7 @@ struct SensorBench {
     std::shared_ptr<Instant> time = std::make_shared<Instant>();
     FakeDeviceChanges changes;
     SimulatedUserDefaults defaults;
-    InlineExecutor worker;
+    AtOnceExecutor worker;
 };
 
 /// The keys of a machine, asked as the user client is asked.
