@@ -35,7 +35,9 @@ public:
     CPUMonitor& cpu;
     GPUMonitor& gpu;
     TemperatureService& temperature;
+    NetworkMonitor& network;
     SystemInfoService& systemInfo;
+    DiskIOMonitor& diskIO;
     FanMonitor& fan;
     ANEMonitor& ane;
 

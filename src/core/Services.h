@@ -7,7 +7,9 @@
 #include "smc/TemperatureService.h"
 #include "telemetry/ANEMonitor.h"
 #include "telemetry/CPUMonitor.h"
+#include "telemetry/DiskIOMonitor.h"
 #include "telemetry/GPUMonitor.h"
+#include "telemetry/NetworkMonitor.h"
 #include "telemetry/SystemInfoService.h"
 
 namespace vtx {
@@ -19,14 +21,18 @@ struct Services {
     Services(const Ports& ports, const Executors& executors)
         : cpu(ports, executors),
           gpu(ports, executors.tick),
+          network(ports.networkInterfaces, ports.clock),
           systemInfo(ports),
+          diskIO(ports.ioRegistry, ports.clock),
           fan(ports),
           ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
     TemperatureService temperature;
+    NetworkMonitor network;
     SystemInfoService systemInfo;
+    DiskIOMonitor diskIO;
     FanMonitor fan;
     ANEMonitor ane;
 };

@@ -5,6 +5,7 @@
 
 #include <thread>
 
+#include "platform/linux/BlockStorageSource.h"
 #include "platform/linux/CpuFreq.h"
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
@@ -15,6 +16,7 @@
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxIOReportLibrary.h"
 #include "platform/linux/LinuxLocale.h"
+#include "platform/linux/LinuxNetworkInterfaces.h"
 #include "platform/linux/LinuxPowerSources.h"
 #include "platform/linux/LinuxProcessInfo.h"
 #include "platform/linux/LinuxProcessors.h"
@@ -43,6 +45,7 @@ struct LinuxPlatform::Members {
                      {makeMemoryNode(root), makeProductNode(root)}),
           ioReport(root, processors, cpuFreq),
           locale(options.environment),
+          networkInterfaces(root),
           powerSources(root),
           processInfo(root, options.environment, bus),
           sysctl(root, processors),
@@ -53,6 +56,7 @@ struct LinuxPlatform::Members {
 
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;
+        sources.push_back(std::make_unique<BlockStorageSource>(root, deviceChanges));
         sources.push_back(
             std::make_unique<GraphicsSource>(root, clock, deviceChanges, graphicsTools()));
         return sources;
@@ -83,6 +87,7 @@ struct LinuxPlatform::Members {
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;
     LinuxLocale locale;
+    LinuxNetworkInterfaces networkInterfaces;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
     LinuxSysctl sysctl;
@@ -106,6 +111,7 @@ Ports LinuxPlatform::ports() {
         .ioRegistry = m.ioRegistry,
         .ioReport = m.ioReport,
         .locale = m.locale,
+        .networkInterfaces = m.networkInterfaces,
         .powerSources = m.powerSources,
         .processInfo = m.processInfo,
         .smc = m.smc,
