@@ -32,6 +32,7 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       gpu(services_->gpu),
       temperature(services_->temperature),
       network(services_->network),
+      systemInfo(services_->systemInfo),
       diskIO(services_->diskIO),
       fan(services_->fan),
       ane(services_->ane),
@@ -39,7 +40,7 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       tasks_(executors.main) {
     applyLanguage();
     installPreferenceSink();
-    if (!isRunningTests(ports_)) observeSystemPower();
+    if (!SystemInfoService::isRunningTests(ports_.processInfo)) observeSystemPower();
     bridgeNestedMonitorChanges();
 }
 
@@ -146,12 +147,6 @@ bool MetricsCoordinator::isOnBattery(const Ports& ports) {
     const auto info = ports.powerSources.copyPowerSourcesInfo();
     if (!info) programmingFault("the platform gave no power sources");
     return info->providingPowerSourceType() == "Battery Power";
-}
-
-bool MetricsCoordinator::isRunningTests(const Ports& ports) {
-    if (ports.processInfo.environment("XCTestConfigurationFilePath")) return true;
-    const auto bundles = ports.processInfo.loadedBundlePaths();
-    return std::ranges::any_of(bundles, [](const auto& path) { return path.ends_with(".xctest"); });
 }
 
 void MetricsCoordinator::applyLanguage() {

@@ -36,6 +36,7 @@ public:
     GPUMonitor& gpu;
     TemperatureService& temperature;
     NetworkMonitor& network;
+    SystemInfoService& systemInfo;
     DiskIOMonitor& diskIO;
     FanMonitor& fan;
     ANEMonitor& ane;
@@ -76,7 +77,6 @@ private:
         Subscription wakeToken;
     };
 
-    [[nodiscard]] static bool isRunningTests(const Ports& ports);
     void applyLanguage();
     void installPreferenceSink();
     void observeSystemPower();

@@ -10,6 +10,7 @@
 #include "telemetry/DiskIOMonitor.h"
 #include "telemetry/GPUMonitor.h"
 #include "telemetry/NetworkMonitor.h"
+#include "telemetry/SystemInfoService.h"
 
 namespace vtx {
 
@@ -21,6 +22,7 @@ struct Services {
         : cpu(ports, executors),
           gpu(ports, executors.tick),
           network(ports.networkInterfaces, ports.clock),
+          systemInfo(ports),
           diskIO(ports.ioRegistry, ports.clock),
           fan(ports),
           ane(ports) {}
@@ -29,6 +31,7 @@ struct Services {
     GPUMonitor gpu;
     TemperatureService temperature;
     NetworkMonitor network;
+    SystemInfoService systemInfo;
     DiskIOMonitor diskIO;
     FanMonitor fan;
     ANEMonitor ane;

@@ -25,35 +25,44 @@ std::optional<double> topClock(const std::vector<double>& stepsMHz, Sysctl& sysc
     return stepsMHz.empty() ? CoreLayout::sysctlMaxMHz(sysctl, perflevel) : stepsMHz.back();
 }
 
-CoreLayout layoutOfLevels(Sysctl& sysctl, IORegistry& registry, int levels, int pCoreCount) {
-    const bool isSingleLevel = levels == 1;
+CoreLayout layoutOfLevels(Sysctl& sysctl, IORegistry& registry, int levels) {
     CoreLayout layout;
-    layout.pCoreCount = pCoreCount;
-    if (!isSingleLevel)
-        layout.eCoreCount = SysctlReader(sysctl).int32("hw.perflevel1.logicalcpu").value_or(0);
     if (auto tables = PMGRReader::detectFrequencyTables(registry)) {
         layout.pCoreFrequencyStepsMHz = std::move(tables->performanceStepsMHz);
         layout.eCoreFrequencyStepsMHz = std::move(tables->efficiencyStepsMHz);
     }
     layout.pCoreMaxMHz = topClock(layout.pCoreFrequencyStepsMHz, sysctl, 0);
-    if (!isSingleLevel) layout.eCoreMaxMHz = topClock(layout.eCoreFrequencyStepsMHz, sysctl, 1);
+    if (levels != 1) layout.eCoreMaxMHz = topClock(layout.eCoreFrequencyStepsMHz, sysctl, 1);
     layout.clusterMap = CoreLayout::detectCpuClusterMap(registry);
     return layout;
 }
 
 }  // namespace
 
-std::optional<CoreLayout> CoreLayout::detect(Sysctl& sysctl, IORegistry& registry) {
+std::optional<CoreLayout::Counts> CoreLayout::detectCounts(Sysctl& sysctl) {
     const SysctlReader reader(sysctl);
     if (const auto levels = atLeastOne(reader.int32("hw.nperflevels"))) {
-        if (const auto pCores = atLeastOne(reader.int32("hw.perflevel0.logicalcpu")))
-            return layoutOfLevels(sysctl, registry, *levels, *pCores);
+        if (const auto pCores = atLeastOne(reader.int32("hw.perflevel0.logicalcpu"))) {
+            const int eCores =
+                *levels == 1 ? 0 : reader.int32("hw.perflevel1.logicalcpu").value_or(0);
+            return Counts{*pCores, eCores, *levels};
+        }
     }
     const auto all = atLeastOne(reader.int32("hw.logicalcpu"));
     if (!all) return std::nullopt;
+    return Counts{*all, 0, 0};
+}
+
+std::optional<CoreLayout> CoreLayout::detect(Sysctl& sysctl, IORegistry& registry) {
+    const auto counts = detectCounts(sysctl);
+    if (!counts) return std::nullopt;
     CoreLayout layout;
-    layout.pCoreCount = *all;
-    layout.pCoreMaxMHz = sysctlMaxMHz(sysctl, 0);
+    if (counts->levels > 0)
+        layout = layoutOfLevels(sysctl, registry, counts->levels);
+    else
+        layout.pCoreMaxMHz = sysctlMaxMHz(sysctl, 0);
+    layout.pCoreCount = counts->performance;
+    layout.eCoreCount = counts->efficiency;
     return layout;
 }
 

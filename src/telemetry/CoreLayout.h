@@ -32,6 +32,15 @@ struct CoreLayout {
     /// The layout of this machine, or absent where it tells no number of processors.
     static std::optional<CoreLayout> detect(Sysctl& sysctl, IORegistry& registry);
 
+    /// Numbers of logical processors of each kind.
+    struct Counts {
+        int performance = 0;
+        int efficiency = 0;
+        int levels = 0;  ///< 0 where the kernel knows no performance levels
+    };
+    /// Absent where the machine tells no number of processors.
+    static std::optional<Counts> detectCounts(Sysctl& sysctl);
+
     /// Top clock of a performance level in MHz by the kernel's own values.
     static std::optional<double> sysctlMaxMHz(Sysctl& sysctl, int perflevel);
 

@@ -28,8 +28,6 @@ int makeTimer() {
     return timer;
 }
 
-Instant bootTime() { return Instant(readClock(CLOCK_BOOTTIME)); }
-
 }  // namespace
 
 struct LinuxClock::Core {
@@ -80,6 +78,8 @@ Date LinuxClock::now() const {
 }
 
 Instant LinuxClock::continuous() const { return bootTime(); }
+
+Instant LinuxClock::bootTime() { return Instant(readClock(CLOCK_BOOTTIME)); }
 
 Subscription LinuxClock::schedule(Instant deadline, Duration tolerance, Job job) {
     const auto id = core_->queue.add(deadline, tolerance, std::move(job));

@@ -19,6 +19,8 @@ public:
 
     [[nodiscard]] Date now() const override;
     [[nodiscard]] Instant continuous() const override;
+    /// The same, for those that may outlive the clock. Any thread.
+    [[nodiscard]] static Instant bootTime();
     [[nodiscard]] Subscription schedule(Instant deadline, Duration tolerance, Job job) override;
 
 private:

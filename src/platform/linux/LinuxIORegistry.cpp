@@ -19,13 +19,18 @@ constexpr IOObject placeMask = (IOObject{1} << placeBits) - 1;
 }  // namespace
 
 LinuxIORegistry::LinuxIORegistry(const LinuxProcessors& processors, const CpuFreq& cpuFreq,
-                                 Sources sources)
-    : cpus_(makeProcessorNodes(processors)),
-      powerManager_(makePowerManager(cpuFreq)),
-      sources_(std::move(sources)) {}
+                                 Sources sources, const TreeNodes& nodes)
+    : powerManager_(makePowerManager(cpuFreq)), sources_(std::move(sources)) {
+    const auto place = [this](const Node& node) {
+        if (node) tree_["IODeviceTree:/" + node->name()] = node;
+    };
+    place(makeProcessorNodes(processors));
+    for (const auto& node : nodes) place(node);
+}
 
 RegistryEntry LinuxIORegistry::entryFromPath(std::string_view path) {
-    return path == "IODeviceTree:/cpus" ? entryOf(cpus_) : RegistryEntry{};
+    const auto found = tree_.find(path);
+    return found == tree_.end() ? RegistryEntry{} : entryOf(found->second);
 }
 
 std::optional<ServiceMatch> LinuxIORegistry::serviceMatching(std::string_view className) {

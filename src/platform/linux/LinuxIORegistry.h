@@ -23,6 +23,7 @@ namespace vtx {
 /// | entry | from |
 /// |---|---|
 /// | IODeviceTree:/cpus and its children | `LinuxProcessors`, on a machine of two levels |
+/// | IODeviceTree:/memory and /product | `makeMemoryNode`, `makeProductNode` |
 /// | AppleARMIODevice "pmgr" | `CpuFreq` |
 /// | services of other classes | the `RegistrySource` of the class |
 ///
@@ -31,9 +32,13 @@ class LinuxIORegistry final : public IORegistry {
 public:
     using Sources = std::vector<std::unique_ptr<RegistrySource>>;
 
-    /// `sources` are asked for the services of their classes, besides the power manager.
-    LinuxIORegistry(const LinuxProcessors& processors, const CpuFreq& cpuFreq,
-                    Sources sources = {});
+    /// Nodes directly below the top of the device tree; null ones are left out.
+    using TreeNodes = std::vector<std::shared_ptr<RegistryNode>>;
+
+    /// `sources` are asked for the services of their classes, besides the power manager; `nodes`
+    /// stand in the device tree besides the processors.
+    LinuxIORegistry(const LinuxProcessors& processors, const CpuFreq& cpuFreq, Sources sources = {},
+                    const TreeNodes& nodes = {});
 
     [[nodiscard]] RegistryEntry entryFromPath(std::string_view path) override;
     [[nodiscard]] std::optional<ServiceMatch> serviceMatching(std::string_view className) override;
@@ -83,8 +88,8 @@ private:
     /// The object's place, its node with it.
     [[nodiscard]] std::pair<Place*, Node> find(const RegistryObject& object);
 
-    Node cpus_;          ///< null on a machine of one level
-    Node powerManager_;  ///< null on a machine without cpufreq
+    std::map<std::string, Node, std::less<>> tree_;  ///< by path; no "cpus" on one level
+    Node powerManager_;                              ///< null on a machine without cpufreq
 
     std::mutex sourcesMutex_;  ///< of both below
     Sources sources_;

@@ -9,6 +9,7 @@
 #include "platform/linux/CpuFreq.h"
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
+#include "platform/linux/IdentityNodes.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxHIDEventSystem.h"
 #include "platform/linux/LinuxHostInfo.h"
@@ -35,11 +36,13 @@ struct LinuxPlatform::Members {
     Members(RunLoop& loop, Executor& main, const Options& options)
         : root(options.root),
           clock(loop),
+          slowReads(options.slowReads ? *options.slowReads : slowReadThread),
           bus(loop, main, options.busAddress),
           processors(root),
           cpuFreq(root, processors),
           hostInfo(root, processors),
-          ioRegistry(processors, cpuFreq, registrySources()),
+          ioRegistry(processors, cpuFreq, registrySources(),
+                     {makeMemoryNode(root), makeProductNode(root)}),
           ioReport(root, processors, cpuFreq),
           locale(options.environment),
           networkInterfaces(root),
@@ -48,6 +51,7 @@ struct LinuxPlatform::Members {
           sysctl(root, processors),
           unifiedLog(root, options.environment),
           userDefaults(options.configFolder),
+          smc(root, sensorTools()),
           workspace(bus, main) {}
 
     LinuxIORegistry::Sources registrySources() {
@@ -56,6 +60,10 @@ struct LinuxPlatform::Members {
         sources.push_back(
             std::make_unique<GraphicsSource>(root, clock, deviceChanges, graphicsTools()));
         return sources;
+    }
+
+    SensorKeys::Tools sensorTools() {
+        return {deviceChanges, userDefaults, {slowReads, clock, &LinuxClock::bootTime}};
     }
 
     /// The library tells of the running machine and of no other.
@@ -68,7 +76,8 @@ struct LinuxPlatform::Members {
 
     LinuxRoot root;
     LinuxClock clock;
-    SlowReadThread slowReads{nameThread("slow reads")};  ///< without a thread until it is used
+    SlowReadThread slowReadThread{nameThread("slow reads")};  ///< without a thread until it is used
+    Executor& slowReads;
     SystemBus bus;
     LinuxProcessors processors;
     CpuFreq cpuFreq;
@@ -81,10 +90,10 @@ struct LinuxPlatform::Members {
     LinuxNetworkInterfaces networkInterfaces;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
-    LinuxSMCUserClient smc;
     LinuxSysctl sysctl;
     LinuxUnifiedLog unifiedLog;
     LinuxUserDefaults userDefaults;
+    LinuxSMCUserClient smc;
     LinuxWorkspace workspace;
 };
 

@@ -27,6 +27,8 @@ public:
         /// The message bus; empty for the system's own.
         std::string busAddress;
         Environment environment = processEnvironment();
+        /// Where what may block is read; null for a thread of the platform's own.
+        Executor* slowReads = nullptr;
     };
 
     /// Throws `std::system_error` when the system has no descriptor left for the timers.

@@ -74,6 +74,18 @@ std::optional<std::string> LinuxRoot::linkName(std::string_view absolute) const 
     return target.filename().string();
 }
 
+std::optional<std::string> LinuxRoot::resolve(std::string_view absolute) const {
+    std::error_code error;
+    std::string top = std::filesystem::canonical(path("/"), error).string();
+    if (error) return std::nullopt;
+    while (top.ends_with('/')) top.pop_back();
+    const std::string whole = std::filesystem::canonical(path(absolute), error).string();
+    if (error || !whole.starts_with(top)) return std::nullopt;
+    if (whole.size() == top.size()) return "/";
+    if (whole[top.size()] != '/') return std::nullopt;
+    return whole.substr(top.size());
+}
+
 std::vector<std::string> LinuxRoot::list(std::string_view absolute) const {
     std::vector<std::string> names;
     std::error_code error;

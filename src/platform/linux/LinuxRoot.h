@@ -35,6 +35,10 @@ public:
     /// The last name of what a link leads to; absent for what is no link.
     [[nodiscard]] std::optional<std::string> linkName(std::string_view absolute) const;
 
+    /// Where a path leads through every link, as a path on the machine; absent where it leads
+    /// nowhere or out of the folder.
+    [[nodiscard]] std::optional<std::string> resolve(std::string_view absolute) const;
+
     /// Names in a folder, sorted; empty when it cannot be read.
     [[nodiscard]] std::vector<std::string> list(std::string_view absolute) const;
 

@@ -66,6 +66,7 @@ MachineIdentity::MachineIdentity(const LinuxRoot& root) {
                              "/proc/device-tree/model"}) {
         if (!model) model = firmwareText(root, path);
     }
+    family = firmwareText(root, "/sys/class/dmi/id/product_family");
 }
 
 bool MachineIdentity::isMadeBy(std::string_view maker) const {

@@ -17,6 +17,9 @@ struct MachineIdentity {
     std::optional<std::string> chip;
     /// The machine's name; absent where firmware left it blank or with words that say nothing.
     std::optional<std::string> model;
+    /// The family that its maker counts it to; absent on the same terms, and without firmware of a
+    /// PC.
+    std::optional<std::string> family;
     /// "GenuineIntel" and the like; absent on anything but x86.
     std::optional<std::string> processorVendor;
     /// The device tree's `compatible`, most specific first; empty where there is no tree.

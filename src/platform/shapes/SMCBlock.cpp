@@ -16,6 +16,7 @@ constexpr std::size_t resultAt = 40;
 constexpr std::size_t commandAt = 42;
 constexpr std::size_t indexAt = 44;
 constexpr std::size_t bytesAt = 48;
+constexpr std::size_t shortCommandAt = 22;
 
 std::uint32_t number(std::span<const std::byte> block, std::size_t offset) {
     return readLittleEndian32(block.subspan(offset).first<4>());
@@ -44,6 +45,11 @@ std::optional<SMCRequest> decodeSMCRequest(std::span<const std::byte> block) {
     request.command = std::to_integer<std::uint8_t>(block[commandAt]);
     request.index = number(block, indexAt);
     std::ranges::copy(block.subspan(bytesAt), request.bytes.begin());
+    const auto shortCommand = std::to_integer<std::uint8_t>(block[shortCommandAt]);
+    if (request.command == 0 && shortCommand == smcCommands::readValue) {
+        request.command = shortCommand;
+        request.key = packSMCCode(asText(block.first<4>()));
+    }
     return request;
 }
 

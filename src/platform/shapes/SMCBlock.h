@@ -61,7 +61,9 @@ struct SMCAnswer {
 /// four count.
 [[nodiscard]] std::uint32_t packSMCCode(std::string_view text);
 
-/// Absent for anything but 80 bytes.
+/// Absent for anything but 80 bytes. A block may also ask for a value in the short form, for which
+/// no key information is needed: the key's four characters in reading order at its start, the
+/// command at byte 22, and nothing else.
 [[nodiscard]] std::optional<SMCRequest> decodeSMCRequest(std::span<const std::byte> block);
 
 [[nodiscard]] SMCBlock encodeSMCAnswer(const SMCAnswer& answer);

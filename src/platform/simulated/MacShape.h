@@ -40,6 +40,12 @@ struct MacShape {
     std::string chip = "Apple M2 Max";
     std::string model = "Mac14,6";
     std::string osBuild = "24C101";
+    /// What firmware says of the machine and of its memory; empty, or 0, where it says nothing.
+    std::string productName = "MacBook Pro (16-inch, 2023)";
+    std::string memoryType = "LPDDR5";
+    std::uint32_t memoryTransfersPerSecond = 3'200'000'000;
+    std::string graphicsName = "Apple M2 Max";
+    std::int64_t graphicsCores = 38;
     /// Keys of the SMC; of more than the machine needs the others mean nothing. 0: it has no SMC.
     std::size_t smcKeyCount = 300;
     /// Sensors that stand far above their neighbours; those that the machine lacks do not matter.

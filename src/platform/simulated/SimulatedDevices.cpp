@@ -44,9 +44,22 @@ void installPowerManager(SimulatedRegistry& registry, const MacShape& shape) {
     registry.set(pmgr, "acc-clusters", encodeClusters(clusters));
 }
 
+void installIdentity(SimulatedRegistry& registry, const MacShape& shape) {
+    const auto tree = registry.root(planes::deviceTree);
+    const auto memory = registry.add(tree, "memory", "IOPlatformDevice");
+    if (!shape.memoryType.empty())
+        registry.set(memory, "dram-type", toData(shape.memoryType + '\0'));
+    if (shape.memoryTransfersPerSecond != 0)
+        registry.set(memory, "dram-speed", encodeDeviceTreeNumber(shape.memoryTransfersPerSecond));
+    const auto product = registry.add(tree, "product", "IOPlatformDevice");
+    if (!shape.productName.empty())
+        registry.set(product, "product-name", toData(shape.productName + '\0'));
+}
+
 }  // namespace
 
 void install(SimulatedRegistry& registry, const MacShape& shape) {
+    installIdentity(registry, shape);
     if (!shape.performanceLevels) return;
     installProcessors(registry, shape);
     installPowerManager(registry, shape);

@@ -41,6 +41,10 @@ SimulatedRegistry::Node SimulatedMac::addAccelerator() {
         registry.add(registry.root(planes::service), "AGXAccelerator", acceleratorClass);
     registry.setSource(node, "PerformanceStatistics",
                        [this] { return Property(graphics.performanceStatistics()); });
+    registry.set(node, "IOClass", "AGXAccelerator");
+    const MacShape& shape = processors.shape();
+    if (!shape.graphicsName.empty()) registry.set(node, "model", toData(shape.graphicsName + '\0'));
+    if (shape.graphicsCores != 0) registry.set(node, "gpu-core-count", shape.graphicsCores);
     return node;
 }
 

@@ -33,7 +33,7 @@ Ports SimulatedPlatform::ports() {
         .networkInterfaces = networkInterfaces,
         .powerSources = powerSources,
         .processInfo = processInfo,
-        .smc = smc,
+        .smc = otherSMC ? *otherSMC : smc,
         .sysctl = sysctl,
         .unifiedLog = unifiedLog,
         .userDefaults = userDefaults,

@@ -53,6 +53,8 @@ public:
     SimulatedPowerSources powerSources;
     SimulatedProcessInfo processInfo;
     SimulatedSMCUserClient smc;
+    /// In the place of `smc` in the ports, where a test sets one; outlives what was given them.
+    SMCUserClient* otherSMC = nullptr;
     SimulatedSysctl sysctl;
     SimulatedUnifiedLog unifiedLog;
     SimulatedUserDefaults userDefaults;

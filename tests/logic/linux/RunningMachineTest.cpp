@@ -19,6 +19,7 @@
 #include <thread>
 #include <vector>
 
+#include "fan/SMCFanBridge.h"
 #include "linux/TemporaryTree.h"
 #include "platform/HostInfo.h"
 #include "platform/IORegistry.h"
@@ -33,6 +34,7 @@
 #include "platform/linux/FileDescriptor.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PollRunLoop.h"
+#include "smc/SMCBridge.h"
 #include "telemetry/DiskIOMonitor.h"
 #include "telemetry/NetworkMonitor.h"
 #include "telemetry/PMGRReader.h"
@@ -97,6 +99,17 @@ TEST_F(RunningMachine, has_graphics_with_a_load_within_its_range) {
                               .number();
         EXPECT_TRUE(!load || (*load >= 0 && *load <= 100)) << *load;
     }
+}
+
+TEST_F(RunningMachine, has_sensors_within_their_range) {
+    const auto bridge = SMCBridge::open(ports);
+    if (!bridge) GTEST_SKIP() << "this machine has no sensors";
+    const auto reading = bridge->readTemperatureReading();
+    EXPECT_TRUE(!reading || !reading->cpuMaxC ||
+                (*reading->cpuMaxC > 0 && *reading->cpuMaxC < 127));
+    auto fans = SMCFanBridge::open(ports.smc);
+    ASSERT_TRUE(fans);
+    EXPECT_LE(fans->readFanCount().value_or(0), 10);
 }
 
 // The whole disk behind a folder's device, or nothing: behind some folders there is none.

@@ -88,5 +88,21 @@ TEST(SMCShapes, numbers_that_do_not_fit_become_the_nearest_that_do) {
     EXPECT_EQ(encodeSMCSigned256ths(none).size(), 2U);
 }
 
+TEST(SMCShapes, a_value_may_be_asked_for_in_the_short_form) {
+    SMCBlock block{};
+    std::ranges::copy(toData("FNum"), block.begin());
+    block[22] = std::byte{smcCommands::readValue};
+    const auto request = decodeSMCRequest(block);
+    ASSERT_TRUE(request);
+    EXPECT_EQ(request->command, smcCommands::readValue);
+    EXPECT_EQ(request->key, packSMCCode("FNum"));
+    // Nothing else is asked for so, and the byte means nothing beside a command of the usual form.
+    block[22] = std::byte{smcCommands::keyInformation};
+    EXPECT_EQ(decodeSMCRequest(block)->command, 0);
+    block[22] = std::byte{smcCommands::readValue};
+    block[42] = std::byte{smcCommands::keyInformation};
+    EXPECT_EQ(decodeSMCRequest(block)->command, smcCommands::keyInformation);
+}
+
 }  // namespace
 }  // namespace vtx

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/PacedSensor.h"
+
+#include <utility>
+
+namespace vtx {
+
+PacedSensor::PacedSensor(std::shared_ptr<SensorFile> file, std::shared_ptr<ReadPace> pace,
+                         const Tools& tools)
+    : file_(std::move(file)),
+      pace_(std::move(pace)),
+      now_(tools.now),
+      patience_(tools.patience),
+      slow_(
+          tools.worker, tools.clock,
+          [file = file_, pace = pace_, now = tools.now] {
+              const Instant before = now();
+              const auto value = file->read();
+              const Instant after = now();
+              pace->note(ReadPace::Reader::worker, after - before, after);
+              return value;
+          },
+          tools.patience) {}
+
+std::optional<double> PacedSensor::value() {
+    const Instant before = now_();
+    const bool isFirst = !wasAsked_.exchange(true);
+    if (pace_->isFast(before)) {
+        std::optional<double> value;
+        if (file_->tryRead(value)) {
+            const Instant after = now_();
+            pace_->note(ReadPace::Reader::caller, after - before, after);
+            // The next call finds something at the worker's.
+            if (!pace_->isFast(after)) (void)slow_.latest();
+            return value;
+        }
+    }
+    return isFirst && pace_->isWorthWaiting() ? first() : slow_.latest();
+}
+
+std::optional<double> PacedSensor::first() {
+    const Instant before = now_();
+    const auto value = slow_.read();
+    if (!value && now_() - before >= patience_) pace_->noteUnanswered();
+    return value;
+}
+
+}  // namespace vtx

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <optional>
+
+#include "base/Clock.h"
+#include "base/Executor.h"
+#include "platform/linux/ReadPace.h"
+#include "platform/linux/SensorFile.h"
+#include "platform/linux/SlowRead.h"
+
+namespace vtx {
+
+/// A sensor that never holds up who asks: read at once where its chip is fast, else on the worker.
+/// The first call waits for the worker a short while, since nothing is known yet; later ones give
+/// what the worker read last and ask for the next. Owned by the key store; the worker and the clock
+/// outlive it. Any thread.
+class PacedSensor {
+public:
+    /// What sensors are read with.
+    struct Tools {
+        Executor& worker;
+        const Clock& clock;
+        TimeSource now;
+        Duration patience = SlowRead<double>::usualPatience;
+    };
+
+    PacedSensor(std::shared_ptr<SensorFile> file, std::shared_ptr<ReadPace> pace,
+                const Tools& tools);
+
+    [[nodiscard]] std::optional<double> value();
+
+private:
+    [[nodiscard]] std::optional<double> first();
+
+    const std::shared_ptr<SensorFile> file_;
+    const std::shared_ptr<ReadPace> pace_;
+    const TimeSource now_;
+    const Duration patience_;
+    SlowRead<double> slow_;
+    std::atomic<bool> wasAsked_ = false;
+};
+
+}  // namespace vtx
