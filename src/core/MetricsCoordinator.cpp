@@ -30,6 +30,7 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       services_(std::move(services)),
       cpu(services_->cpu),
       gpu(services_->gpu),
+      memory(services_->memory),
       ane(services_->ane),
       preferences(*this, DisplayPreferences::load(ports.userDefaults)),
       tasks_(executors.main) {
@@ -173,7 +174,7 @@ void MetricsCoordinator::bridgeNestedMonitorChanges() {
     // While nobody looks at the coordinator there is nobody to tell, and no timer need run.
     Stream<Changed> merged = [this](std::function<void(const Changed&)> next) {
         return merge<Changed>({changes(cpu.objectWillChange), changes(gpu.objectWillChange),
-                               changes(ane.objectWillChange)})(
+                               changes(memory.objectWillChange), changes(ane.objectWillChange)})(
             [this, next = std::move(next)](const Changed& change) {
                 if (objectWillChange.hasSubscribers()) next(change);
             });

@@ -34,6 +34,7 @@ public:
 
     CPUMonitor& cpu;
     GPUMonitor& gpu;
+    MemoryMonitor& memory;
     ANEMonitor& ane;
 
     /// What the user set. Each change is saved and put in force at once.

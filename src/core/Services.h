@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Executors.h"
+#include "memory/MemoryMonitor.h"
 #include "platform/Ports.h"
 #include "telemetry/ANEMonitor.h"
 #include "telemetry/CPUMonitor.h"
@@ -14,10 +15,11 @@ namespace vtx {
 struct Services {
     /// The ports and executors must outlive the services.
     Services(const Ports& ports, const Executors& executors)
-        : cpu(ports, executors), gpu(ports, executors.tick), ane(ports) {}
+        : cpu(ports, executors), gpu(ports, executors.tick), memory(ports, executors), ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
+    MemoryMonitor memory;
     ANEMonitor ane;
 };
 

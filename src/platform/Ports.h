@@ -8,6 +8,7 @@ class HostInfo;
 class IORegistry;
 class IOReportLibrary;
 class Locale;
+class MemoryPressureSources;
 class PowerSources;
 class ProcessInfo;
 class Sysctl;
@@ -23,6 +24,7 @@ struct Ports {
     IORegistry& ioRegistry;
     IOReportLibrary& ioReport;
     Locale& locale;
+    MemoryPressureSources& memoryPressure;
     PowerSources& powerSources;
     ProcessInfo& processInfo;
     Sysctl& sysctl;

@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxIOReportLibrary.h"
 #include "platform/linux/LinuxLocale.h"
+#include "platform/linux/LinuxMemoryPressure.h"
 #include "platform/linux/LinuxPowerSources.h"
 #include "platform/linux/LinuxProcessInfo.h"
 #include "platform/linux/LinuxProcessors.h"
@@ -18,6 +19,8 @@
 #include "platform/linux/LinuxSysctl.h"
 #include "platform/linux/LinuxUnifiedLog.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/MemInfoReader.h"
+#include "platform/linux/PressureTriggers.h"
 #include "platform/linux/SystemBus.h"
 
 namespace vtx {
@@ -30,13 +33,16 @@ struct LinuxPlatform::Members {
           bus(loop, main, options.busAddress),
           processors(root),
           cpuFreq(root, processors),
-          hostInfo(root, processors),
+          memInfo(root, clock, deviceChanges),
+          hostInfo(root, processors, memInfo),
           ioRegistry(processors, cpuFreq, registrySources()),
           ioReport(root, processors, cpuFreq),
           locale(options.environment),
+          pressureTriggers(root),
+          memoryPressure(root, loop, clock, pressureTriggers, memInfo),
           powerSources(root),
           processInfo(root, options.environment, bus),
-          sysctl(root, processors),
+          sysctl(root, processors, memInfo),
           unifiedLog(root, options.environment),
           userDefaults(options.configFolder),
           workspace(bus, main) {}
@@ -53,10 +59,13 @@ struct LinuxPlatform::Members {
     LinuxProcessors processors;
     CpuFreq cpuFreq;
     KernelDeviceChanges deviceChanges;
+    MemInfoReader memInfo;
     LinuxHostInfo hostInfo;
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;
     LinuxLocale locale;
+    KernelPressureTriggers pressureTriggers;
+    LinuxMemoryPressure memoryPressure;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
     LinuxSysctl sysctl;
@@ -72,8 +81,9 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
-    return {m.clock,       m.hostInfo, m.ioRegistry, m.ioReport,     m.locale,   m.powerSources,
-            m.processInfo, m.sysctl,   m.unifiedLog, m.userDefaults, m.workspace};
+    return {m.clock,  m.hostInfo,       m.ioRegistry,   m.ioReport,
+            m.locale, m.memoryPressure, m.powerSources, m.processInfo,
+            m.sysctl, m.unifiedLog,     m.userDefaults, m.workspace};
 }
 
 Job LinuxPlatform::nameThread(std::string_view name) {

@@ -19,6 +19,8 @@ double unit(std::uint64_t key) {
 constexpr std::uint64_t burstChannel = 1;
 constexpr std::uint64_t widthChannel = 2;
 constexpr std::uint64_t graphicsChannel = 3;
+constexpr std::uint64_t memoryChannel = 4;
+constexpr std::uint64_t crowdChannel = 5;
 constexpr std::uint64_t firstCoreChannel = 16;
 
 }  // namespace
@@ -35,6 +37,12 @@ double LivingLoad::graphics(Duration sinceStart) const {
     const double burst = std::pow(noise(burstChannel, time, 12.0), 3.0);
     const double scene = noise(graphicsChannel, time, 5.0);
     return std::clamp(0.02 + 0.12 * scene + 0.6 * burst * (0.5 + 0.5 * scene), 0.0, 1.0);
+}
+
+double LivingLoad::memory(Duration sinceStart) const {
+    const double time = toSeconds(sinceStart);
+    const double crowd = std::pow(noise(crowdChannel, time, 180.0), 4.0);
+    return 0.40 + 0.12 * noise(memoryChannel, time, 25.0) + 0.45 * crowd;
 }
 
 double LivingLoad::busy(CoreKind kind, std::size_t core, double time) const {

@@ -21,6 +21,8 @@ public:
     [[nodiscard]] CoreLoad at(CoreKind kind, std::size_t core, Duration sinceStart) const;
     /// The load of the graphics processor, which joins in the larger bursts.
     [[nodiscard]] double graphics(Duration sinceStart) const;
+    /// The part of the memory that is in use, which is rarely more than nine tenths.
+    [[nodiscard]] double memory(Duration sinceStart) const;
 
 private:
     [[nodiscard]] double busy(CoreKind kind, std::size_t core, double time) const;

@@ -9,19 +9,20 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
                                      SimulatedUserDefaults::Values settings)
     : clock(time),
       mac(time, std::move(shape)),
-      hostInfo(mac.processors, instruments),
+      hostInfo(mac.processors, mac.memory, instruments),
       ioRegistry(mac.registry, instruments),
       ioReport(mac.channels, instruments),
       locale(mac, instruments),
+      memoryPressure(mac, instruments),
       powerSources(mac, instruments),
       processInfo(mac, instruments),
-      sysctl(mac.processors, instruments),
+      sysctl(mac.processors, mac.memory, instruments),
       userDefaults(std::move(settings)),
       workspace(mac, instruments) {}
 
 Ports SimulatedPlatform::ports() {
-    return {clock,       hostInfo, ioRegistry, ioReport,     locale,   powerSources,
-            processInfo, sysctl,   unifiedLog, userDefaults, workspace};
+    return {clock,        hostInfo,    ioRegistry, ioReport,   locale,       memoryPressure,
+            powerSources, processInfo, sysctl,     unifiedLog, userDefaults, workspace};
 }
 
 }  // namespace vtx

@@ -8,6 +8,7 @@
 #include "platform/simulated/SimulatedIOReportLibrary.h"
 #include "platform/simulated/SimulatedLocale.h"
 #include "platform/simulated/SimulatedMac.h"
+#include "platform/simulated/SimulatedMemoryPressure.h"
 #include "platform/simulated/SimulatedPowerSources.h"
 #include "platform/simulated/SimulatedProcessInfo.h"
 #include "platform/simulated/SimulatedSysctl.h"
@@ -45,6 +46,7 @@ public:
     SimulatedIORegistry ioRegistry;
     SimulatedIOReportLibrary ioReport;
     SimulatedLocale locale;
+    SimulatedMemoryPressure memoryPressure;
     SimulatedPowerSources powerSources;
     SimulatedProcessInfo processInfo;
     SimulatedSysctl sysctl;
