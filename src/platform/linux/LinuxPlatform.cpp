@@ -21,6 +21,7 @@
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/MemInfoReader.h"
 #include "platform/linux/PressureTriggers.h"
+#include "platform/linux/SlowReadThread.h"
 #include "platform/linux/SystemBus.h"
 
 namespace vtx {
@@ -55,6 +56,7 @@ struct LinuxPlatform::Members {
 
     LinuxRoot root;
     LinuxClock clock;
+    SlowReadThread slowReads{nameThread("slow reads")};  ///< without a thread until it is used
     SystemBus bus;
     LinuxProcessors processors;
     CpuFreq cpuFreq;
