@@ -31,6 +31,8 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       cpu(services_->cpu),
       gpu(services_->gpu),
       memory(services_->memory),
+      thermal(services_->thermal),
+      battery(services_->battery),
       ane(services_->ane),
       preferences(*this, DisplayPreferences::load(ports.userDefaults)),
       tasks_(executors.main) {
@@ -110,6 +112,10 @@ Task<> MetricsCoordinator::refreshAll() {
     for (auto& task : concurrent) co_await task;
 }
 
+void MetricsCoordinator::refreshBattery() {
+    battery.refresh(std::nullopt, ports_.processInfo.isLowPowerModeEnabled());
+}
+
 bool MetricsCoordinator::needsCPU() const {
     const DisplayPreferences& p = *preferences;
     return *pollingMode == PollingMode::active || p.menuBarCompact || p.showCPU ||
@@ -174,7 +180,8 @@ void MetricsCoordinator::bridgeNestedMonitorChanges() {
     // While nobody looks at the coordinator there is nobody to tell, and no timer need run.
     Stream<Changed> merged = [this](std::function<void(const Changed&)> next) {
         return merge<Changed>({changes(cpu.objectWillChange), changes(gpu.objectWillChange),
-                               changes(memory.objectWillChange), changes(ane.objectWillChange)})(
+                               changes(memory.objectWillChange), changes(thermal.objectWillChange),
+                               changes(battery.objectWillChange), changes(ane.objectWillChange)})(
             [this, next = std::move(next)](const Changed& change) {
                 if (objectWillChange.hasSubscribers()) next(change);
             });

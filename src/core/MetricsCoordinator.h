@@ -35,6 +35,8 @@ public:
     CPUMonitor& cpu;
     GPUMonitor& gpu;
     MemoryMonitor& memory;
+    ThermalMonitor& thermal;
+    BatteryMonitor& battery;
     ANEMonitor& ane;
 
     /// What the user set. Each change is saved and put in force at once.
@@ -55,6 +57,9 @@ public:
 
     /// One pass: samples all that is needed now. Passes may overlap.
     Task<> refreshAll();
+
+    /// The battery's step of a pass: hands over what its monitor does not read itself.
+    void refreshBattery();
 
     /// Whether a pass samples the subsystem now.
     [[nodiscard]] bool needsSubsystem(Subsystem subsystem) const;

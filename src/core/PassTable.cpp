@@ -20,6 +20,10 @@ constexpr std::array table{
                 return coordinator.needsSubsystem(Subsystem::memory);
             },
             [](MetricsCoordinator& coordinator) { return coordinator.memory.refresh(); }, nullptr},
+    PassRow{"thermal", PassPhase::main, nullptr, nullptr,
+            [](MetricsCoordinator& coordinator) { coordinator.thermal.refresh(); }},
+    PassRow{"battery", PassPhase::activeOnly, nullptr, nullptr,
+            [](MetricsCoordinator& coordinator) { coordinator.refreshBattery(); }},
 };
 
 }  // namespace

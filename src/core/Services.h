@@ -5,8 +5,10 @@
 #include "memory/MemoryMonitor.h"
 #include "platform/Ports.h"
 #include "telemetry/ANEMonitor.h"
+#include "telemetry/BatteryMonitor.h"
 #include "telemetry/CPUMonitor.h"
 #include "telemetry/GPUMonitor.h"
+#include "telemetry/ThermalMonitor.h"
 
 namespace vtx {
 
@@ -15,11 +17,18 @@ namespace vtx {
 struct Services {
     /// The ports and executors must outlive the services.
     Services(const Ports& ports, const Executors& executors)
-        : cpu(ports, executors), gpu(ports, executors.tick), memory(ports, executors), ane(ports) {}
+        : cpu(ports, executors),
+          gpu(ports, executors.tick),
+          memory(ports, executors),
+          thermal(ports),
+          battery(ports),
+          ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
     MemoryMonitor memory;
+    ThermalMonitor thermal;
+    BatteryMonitor battery;
     ANEMonitor ane;
 };
 

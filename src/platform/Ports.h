@@ -12,6 +12,7 @@ class MemoryPressureSources;
 class PowerSources;
 class ProcessInfo;
 class Sysctl;
+class ThermalState;
 class UnifiedLog;
 class UserDefaults;
 class Workspace;
@@ -28,6 +29,7 @@ struct Ports {
     PowerSources& powerSources;
     ProcessInfo& processInfo;
     Sysctl& sysctl;
+    ThermalState& thermalState;
     UnifiedLog& unifiedLog;
     UserDefaults& userDefaults;
     Workspace& workspace;

@@ -3,6 +3,8 @@
 
 #include <pthread.h>
 
+#include "platform/linux/BatteryGauge.h"
+#include "platform/linux/BatterySource.h"
 #include "platform/linux/CpuFreq.h"
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
@@ -17,6 +19,7 @@
 #include "platform/linux/LinuxProcessors.h"
 #include "platform/linux/LinuxRoot.h"
 #include "platform/linux/LinuxSysctl.h"
+#include "platform/linux/LinuxThermalState.h"
 #include "platform/linux/LinuxUnifiedLog.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/MemInfoReader.h"
@@ -36,14 +39,16 @@ struct LinuxPlatform::Members {
           cpuFreq(root, processors),
           memInfo(root, clock, deviceChanges),
           hostInfo(root, processors, memInfo),
+          battery(root, clock, slowReads, slowChanges),
           ioRegistry(processors, cpuFreq, registrySources()),
           ioReport(root, processors, cpuFreq),
           locale(options.environment),
           pressureTriggers(root),
           memoryPressure(root, loop, clock, pressureTriggers, memInfo),
-          powerSources(root),
+          powerSources(root, battery),
           processInfo(root, options.environment, bus),
           sysctl(root, processors, memInfo),
+          thermalState(root, clock, main, slowReads, slowChanges),
           unifiedLog(root, options.environment),
           userDefaults(options.configFolder),
           workspace(bus, main) {}
@@ -51,6 +56,7 @@ struct LinuxPlatform::Members {
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;
         sources.push_back(std::make_unique<GraphicsSource>(root, clock, deviceChanges));
+        sources.push_back(std::make_unique<BatterySource>(battery));
         return sources;
     }
 
@@ -61,8 +67,11 @@ struct LinuxPlatform::Members {
     LinuxProcessors processors;
     CpuFreq cpuFreq;
     KernelDeviceChanges deviceChanges;
+    /// For what is read there, since a read that hangs keeps what it uses.
+    std::shared_ptr<DeviceChanges> slowChanges = std::make_shared<KernelDeviceChanges>();
     MemInfoReader memInfo;
     LinuxHostInfo hostInfo;
+    BatteryGauge battery;
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;
     LinuxLocale locale;
@@ -71,6 +80,7 @@ struct LinuxPlatform::Members {
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
     LinuxSysctl sysctl;
+    LinuxThermalState thermalState;
     LinuxUnifiedLog unifiedLog;
     LinuxUserDefaults userDefaults;
     LinuxWorkspace workspace;
@@ -83,9 +93,9 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
-    return {m.clock,  m.hostInfo,       m.ioRegistry,   m.ioReport,
-            m.locale, m.memoryPressure, m.powerSources, m.processInfo,
-            m.sysctl, m.unifiedLog,     m.userDefaults, m.workspace};
+    return {m.clock,          m.hostInfo,     m.ioRegistry,  m.ioReport, m.locale,
+            m.memoryPressure, m.powerSources, m.processInfo, m.sysctl,   m.thermalState,
+            m.unifiedLog,     m.userDefaults, m.workspace};
 }
 
 Job LinuxPlatform::nameThread(std::string_view name) {

@@ -35,6 +35,7 @@ struct MacShape {
     /// What the chip calls its efficiency cores where it counts their states.
     std::string efficiencyChannel = "ECPU";
     bool hasAccelerator = true;
+    bool hasBattery = true;
 
     /// Two clusters, the efficiency cores having the low numbers.
     static MacShape standard(std::size_t performanceCores = 8, std::size_t efficiencyCores = 4);

@@ -38,6 +38,12 @@ inline constexpr std::string_view powerSourcesCopy = "powerSources:copy";
 /// Failing gives no snapshot, or one that knows no type.
 inline constexpr std::string_view powerSourcesNull = "powerSources:null";
 inline constexpr std::string_view powerSourcesType = "powerSources:type";
+/// Failing gives no list, or a source without a description.
+inline constexpr std::string_view powerSourcesList = "powerSources:list";
+inline constexpr std::string_view powerSourcesDescription = "powerSources:description";
+
+/// Counted; cannot fail.
+inline constexpr std::string_view thermalState = "processInfo:thermalState";
 
 /// Counted; a failing beginning gives no token.
 inline constexpr std::string_view beginActivity = "processInfo:beginActivity";

@@ -46,6 +46,7 @@ inline constexpr std::string_view activity = "Activity";
 inline constexpr std::string_view willSleep = "Subscription:willSleep";
 inline constexpr std::string_view didWake = "Subscription:didWake";
 inline constexpr std::string_view powerStateDidChange = "Subscription:powerStateDidChange";
+inline constexpr std::string_view thermalStateDidChange = "Subscription:thermalStateDidChange";
 }  // namespace handles
 
 }  // namespace vtx

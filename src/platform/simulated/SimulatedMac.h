@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/Signal.h"
+#include "platform/simulated/SimulatedBattery.h"
 #include "platform/simulated/SimulatedChannels.h"
 #include "platform/simulated/SimulatedGraphics.h"
 #include "platform/simulated/SimulatedMemory.h"
@@ -30,6 +31,8 @@ public:
     SimulatedProcessors processors;
     SimulatedGraphics graphics;
     SimulatedMemory memory;
+    /// Of use where the shape has one; set by `setBattery`.
+    SimulatedBattery battery;
     /// Its devices and what its chip counts.
     SimulatedRegistry registry;
     SimulatedChannels channels;
@@ -50,8 +53,17 @@ public:
     /// Accelerators in their order. One can be removed from the registry or made to tell nothing.
     [[nodiscard]] std::vector<SimulatedRegistry::Node> accelerators() const;
 
+    /// What the battery says of itself from now on, in both places.
+    void setBattery(const BatteryFigures& figures);
+
     void setPower(SimulatedPower power) { power_ = power; }
-    [[nodiscard]] SimulatedPower power() const { return power_; }
+    /// What was set, or, while the battery lives, what goes with it.
+    [[nodiscard]] SimulatedPower power() const;
+
+    /// Tells of it, whether or not that changes something, as the system does. Any number.
+    void setThermalState(std::int64_t state);
+    /// What was set, or, while the machine lives, what its load brings with it.
+    [[nodiscard]] std::int64_t thermalState() const;
 
     /// Tells of it where that changes something.
     void setLowPowerMode(bool enabled);
@@ -66,9 +78,14 @@ public:
     Signal<> willSleep;
     Signal<> didWake;
     Signal<> powerStateDidChange;
+    Signal<> thermalStateDidChange;
 
 private:
+    void addBattery();
+
     SimulatedPower power_ = SimulatedPower::mains;
+    std::int64_t thermalState_ = 0;
+    bool isThermalStateLiving_ = false;
     bool isLowPowerMode_ = false;
     bool isAsleep_ = false;
 };

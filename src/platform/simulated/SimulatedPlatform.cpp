@@ -17,12 +17,14 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
       powerSources(mac, instruments),
       processInfo(mac, instruments),
       sysctl(mac.processors, mac.memory, instruments),
+      thermalState(mac, instruments),
       userDefaults(std::move(settings)),
       workspace(mac, instruments) {}
 
 Ports SimulatedPlatform::ports() {
-    return {clock,        hostInfo,    ioRegistry, ioReport,   locale,       memoryPressure,
-            powerSources, processInfo, sysctl,     unifiedLog, userDefaults, workspace};
+    return {clock,          hostInfo,     ioRegistry,  ioReport, locale,
+            memoryPressure, powerSources, processInfo, sysctl,   thermalState,
+            unifiedLog,     userDefaults, workspace};
 }
 
 }  // namespace vtx

@@ -12,6 +12,7 @@
 #include "platform/simulated/SimulatedPowerSources.h"
 #include "platform/simulated/SimulatedProcessInfo.h"
 #include "platform/simulated/SimulatedSysctl.h"
+#include "platform/simulated/SimulatedThermalState.h"
 #include "platform/simulated/SimulatedUnifiedLog.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "platform/simulated/SimulatedWorkspace.h"
@@ -50,6 +51,7 @@ public:
     SimulatedPowerSources powerSources;
     SimulatedProcessInfo processInfo;
     SimulatedSysctl sysctl;
+    SimulatedThermalState thermalState;
     SimulatedUnifiedLog unifiedLog;
     SimulatedUserDefaults userDefaults;
     SimulatedWorkspace workspace;
