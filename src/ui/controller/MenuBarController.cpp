@@ -103,11 +103,19 @@ void MenuBarController::observeStripSizeSignals() {
     const auto gpuLabel = [](const std::optional<GPUStats>& reading) {
         return compactPercent(reading ? std::optional(reading->deviceUtilization) : std::nullopt);
     };
+    const auto memoryLabel = [](const std::optional<MemoryStats>& reading) {
+        return compactPercent(reading ? std::optional(reading->usedFraction()) : std::nullopt);
+    };
+    const auto thermalLabel = [](const ThermalStats& reading) {
+        return thermalLevelName(reading.level);
+    };
     const auto changed = [](const auto&) { return Changed{}; };
     const auto signals = merge<Changed>({
         map(coordinator_.preferences.stream(), changed),
         map(removeDuplicates(map(coordinator_.cpu.latest.stream(), cpuLabel)), changed),
         map(removeDuplicates(map(coordinator_.gpu.latest.stream(), gpuLabel)), changed),
+        map(removeDuplicates(map(coordinator_.memory.latest.stream(), memoryLabel)), changed),
+        map(removeDuplicates(map(coordinator_.thermal.latest.stream(), thermalLabel)), changed),
         [this](std::function<void(const Changed&)> next) {
             statusItem_->onIntrinsicWidthChange = [next = std::move(next)] { next(Changed{}); };
             return Subscription([this] { statusItem_->onIntrinsicWidthChange = nullptr; });

@@ -21,6 +21,9 @@ StripReadings readingsOf(const MetricsCoordinator& coordinator) {
     if (const auto& cpu = *coordinator.cpu.latest) readings.cpuUsage = cpu->totalUsage;
     readings.isGPUAvailable = *coordinator.gpu.isAvailable;
     if (const auto& gpu = *coordinator.gpu.latest) readings.gpuUtilization = gpu->deviceUtilization;
+    readings.thermalLevel = thermalLevelName(coordinator.thermal.latest->level);
+    if (const auto& memory = *coordinator.memory.latest)
+        readings.memoryFraction = memory->usedFraction();
     readings.criticalMetric = *coordinator.criticalMetric;
     return readings;
 }
@@ -62,6 +65,8 @@ void StripView::showEvent(QShowEvent* event) {
     subscriptions_.push_back(coordinator_.cpu.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.gpu.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.gpu.isAvailable.subscribe(follow));
+    subscriptions_.push_back(coordinator_.memory.latest.subscribe(follow));
+    subscriptions_.push_back(coordinator_.thermal.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.preferences.subscribe(follow));
     subscriptions_.push_back(coordinator_.criticalMetric.subscribe(follow));
 }

@@ -30,7 +30,9 @@ TEST(OverviewModel, before_any_reading_the_rows_stand_with_dashes) {
                 ElementsAre(MetricRowModel{"cpu", "CPU", "—", Tint::primary},
                             MetricRowModel{"p.circle", "P-cores (8)", "—", Tint::primary},
                             MetricRowModel{"e.circle", "E-cores (4)", "—", Tint::primary},
-                            MetricRowModel{"display", "GPU", "—", Tint::primary}));
+                            MetricRowModel{"display", "GPU", "—", Tint::primary},
+                            MetricRowModel{"memorychip", "Memory used", "—", Tint::primary},
+                            MetricRowModel{"arrow.triangle.swap", "Swap", "—", Tint::primary}));
 }
 
 TEST(OverviewModel, rows_show_the_loads_with_their_tints) {
@@ -38,14 +40,16 @@ TEST(OverviewModel, rows_show_the_loads_with_their_tints) {
                 ElementsAre(MetricRowModel{"cpu", "CPU", "97 %", Tint::red},
                             MetricRowModel{"p.circle", "P-cores (8)", "88 %", Tint::orange},
                             MetricRowModel{"e.circle", "E-cores (4)", "74 %", Tint::yellow},
-                            MetricRowModel{"display", "GPU", "—", Tint::primary}));
+                            MetricRowModel{"display", "GPU", "—", Tint::primary},
+                            MetricRowModel{"memorychip", "Memory used", "—", Tint::primary},
+                            MetricRowModel{"arrow.triangle.swap", "Swap", "—", Tint::primary}));
 }
 
 TEST(OverviewModel, a_cluster_without_cores_has_no_row) {
     auto reading = readingOf(0.1, 0.1, 0.0);
     reading.layout.eCoreCount = 0;
     const auto rows = describeOverview({reading.layout, reading}).liveRows;
-    ASSERT_EQ(rows.size(), 3U);
+    ASSERT_EQ(rows.size(), 5U);
     EXPECT_EQ(rows[1].title, "P-cores (8)");
     EXPECT_EQ(rows[2].title, "GPU");
 }
@@ -54,7 +58,7 @@ TEST(OverviewModel, clocks_have_rows_where_they_are_measured) {
     auto reading = readingOf(0.1, 0.1, 0.1);
     reading.pCoreCurrentFrequencyMHz = 3228;
     const auto rows = describeOverview({eightAndFour(), reading}).liveRows;
-    ASSERT_EQ(rows.size(), 5U);
+    ASSERT_EQ(rows.size(), 7U);
     EXPECT_EQ(rows[3], (MetricRowModel{"waveform.path.ecg", "P-Core Clock", "3.23 GHz"}));
     EXPECT_EQ(rows[4].title, "GPU");
 }
@@ -65,10 +69,10 @@ TEST(OverviewModel, a_clock_that_is_missing_for_a_tick_keeps_its_row_where_there
     reading.layout.eCoreFrequencyStepsMHz = {600, 2064};
     reading.eCoreCurrentFrequencyMHz = 999.6;
     const auto rows = describeOverview({reading.layout, reading}).liveRows;
-    ASSERT_EQ(rows.size(), 6U);
+    ASSERT_EQ(rows.size(), 8U);
     EXPECT_EQ(rows[3], (MetricRowModel{"waveform.path.ecg", "P-Core Clock", "—"}));
     EXPECT_EQ(rows[4], (MetricRowModel{"waveform.path.ecg", "E-Core Clock", "1000 MHz"}));
-    EXPECT_EQ(describeOverview({reading.layout, std::nullopt}).liveRows.size(), 6U);
+    EXPECT_EQ(describeOverview({reading.layout, std::nullopt}).liveRows.size(), 8U);
 }
 
 TEST(OverviewModel, a_cluster_without_cores_has_no_clock_row_for_its_table) {
@@ -76,20 +80,38 @@ TEST(OverviewModel, a_cluster_without_cores_has_no_clock_row_for_its_table) {
     reading.layout.eCoreCount = 0;
     reading.layout.eCoreFrequencyStepsMHz = {600, 2064};
     const auto rows = describeOverview({reading.layout, reading}).liveRows;
-    EXPECT_EQ(rows.size(), 3U);
+    EXPECT_EQ(rows.size(), 5U);
 }
 
 TEST(OverviewModel, the_graphics_load_has_its_row_and_tint) {
     GPUStats gpu;
     gpu.deviceUtilization = 0.86;
     const auto rows = describeOverview({eightAndFour(), readingOf(0.1, 0.1, 0.1), gpu}).liveRows;
-    EXPECT_EQ(rows.back(), (MetricRowModel{"display", "GPU", "86 %", Tint::orange}));
+    EXPECT_EQ(rows[3], (MetricRowModel{"display", "GPU", "86 %", Tint::orange}));
+}
+
+TEST(OverviewModel, memory_and_swap_have_their_rows_and_memory_its_tint) {
+    MemoryStats memory;
+    memory.totalBytes = std::uint64_t{10} << 30;
+    memory.usedBytes = std::uint64_t{9} << 30;
+    memory.swapUsedBytes = std::uint64_t{3} << 29;
+    OverviewReadings readings;
+    readings.memory = memory;
+    auto rows = describeOverview(readings).liveRows;
+    EXPECT_EQ(rows[rows.size() - 2],
+              (MetricRowModel{"memorychip", "Memory used", "9.0G", Tint::red}));
+    EXPECT_EQ(rows.back(), (MetricRowModel{"arrow.triangle.swap", "Swap", "1.5G", Tint::primary}));
+    --readings.memory->usedBytes;
+    rows = describeOverview(readings).liveRows;
+    EXPECT_EQ(rows[rows.size() - 2].tint, Tint::orange);
 }
 
 TEST(OverviewModel, a_machine_that_tells_no_layout_still_has_its_cpu_row) {
     EXPECT_THAT(describeOverview({}).liveRows,
                 ElementsAre(MetricRowModel{"cpu", "CPU", "—", Tint::primary},
-                            MetricRowModel{"display", "GPU", "—", Tint::primary}));
+                            MetricRowModel{"display", "GPU", "—", Tint::primary},
+                            MetricRowModel{"memorychip", "Memory used", "—", Tint::primary},
+                            MetricRowModel{"arrow.triangle.swap", "Swap", "—", Tint::primary}));
 }
 
 }  // namespace

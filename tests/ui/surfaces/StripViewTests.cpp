@@ -108,9 +108,9 @@ TEST_F(StripViewTest, follows_readings_only_while_it_is_shown) {
     EXPECT_FALSE(bench.isCPUFollowed());
     EXPECT_FALSE(bench.coordinator.criticalMetric.hasSubscribers());
     bench.readCPU(0.9);
-    EXPECT_EQ(view.spokenSummary(), "CPU 34 percent");
+    EXPECT_EQ(view.spokenSummary(), "CPU 34 percent, Thermal Nominal");
     test::show(view);
-    EXPECT_EQ(view.spokenSummary(), "CPU 90 percent");
+    EXPECT_EQ(view.spokenSummary(), "CPU 90 percent, Thermal Nominal");
 }
 
 TEST_F(StripViewTest, takes_no_clicks_itself) {
