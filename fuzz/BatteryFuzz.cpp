@@ -12,7 +12,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto end = text.find('\0');
     const std::array both{parseBatteryFacts(text.substr(0, end)),
                           parseBatteryFacts(end == text.npos ? text : text.substr(end + 1))};
-    for (const std::size_t count : {1, 2}) {
+    for (const std::size_t count : {1U, 2U}) {
         const auto state = mergeBatteries(std::span(both).first(count));
         fuzz::expect(!state.percent || (*state.percent >= 0 && *state.percent <= 100));
         for (const auto& minutes : {state.minutesToEmpty, state.minutesToFull})

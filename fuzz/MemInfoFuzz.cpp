@@ -10,7 +10,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto info = parseMemInfo(text);
     if (!info) return 0;
     const auto available = info->available < info->total ? info->available : info->total;
-    for (const std::uint64_t pageSize : {4096, 16'384, 65'536}) {
+    for (const std::uint64_t pageSize : {4096U, 16'384U, 65'536U}) {
         const std::uint64_t perPage = pageSize / 1024;
         const auto pages = pageCountsOf(*info, zram.value_or(0), pageSize);
         fuzz::expect(pages.active + pages.wired + pages.compressor ==

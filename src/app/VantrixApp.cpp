@@ -6,8 +6,10 @@
 #include "app/AppDelegate.h"
 #include "app/PictureTour.h"
 #include "base/Shared.h"
+#include "fan/SharedFans.h"
 #include "language/Localization.h"
 #include "platform/UnifiedLog.h"
+#include "smc/SharedSensors.h"
 #include "telemetry/SharedTelemetry.h"
 #include "ui/shell/NativeWindowSystem.h"
 #include "ui/shell/WindowSystem.h"
@@ -20,7 +22,10 @@ namespace {
 class SharedObjects {
 public:
     explicit SharedObjects(const Ports& ports)
-        : previous_(AppLog::install(&ports.unifiedLog)), telemetry_(ports) {
+        : previous_(AppLog::install(&ports.unifiedLog)),
+          telemetry_(ports),
+          sensors_(ports),
+          fans_(ports) {
         Shared<Localization>::setFactory(
             [&locale = ports.locale] { return std::make_unique<Localization>(locale); });
     }
@@ -34,17 +39,20 @@ public:
 private:
     LogSink* previous_;
     SharedTelemetry telemetry_;
+    SharedSensors sensors_;
+    SharedFans fans_;
 };
 
 }  // namespace
 
 struct VantrixApp::Parts {
-    Parts(const Ports& ports, const Executors& executors, LaunchOptions launch)
+    Parts(const Ports& ports, const Executors& executors, LaunchOptions launch, TrayHost* tray)
         : options(std::move(launch)),
           shared(ports),
           windowSystem(nativeWindowSystem()),
           surfaces(*windowSystem, ports.userDefaults, options.title),
           delegate(ports, executors, surfaces) {
+        if (tray) surfaces.useTray(*tray, ports.clock);
         if (!options.picturesFolder.isEmpty())
             tour = std::make_unique<PictureTour>(options.picturesFolder, ports.clock,
                                                  executors.main, surfaces);
@@ -58,8 +66,9 @@ struct VantrixApp::Parts {
     std::unique_ptr<PictureTour> tour;
 };
 
-VantrixApp::VantrixApp(const Ports& ports, const Executors& executors, LaunchOptions options)
-    : parts_(std::make_unique<Parts>(ports, executors, std::move(options))) {}
+VantrixApp::VantrixApp(const Ports& ports, const Executors& executors, LaunchOptions options,
+                       TrayHost* tray)
+    : parts_(std::make_unique<Parts>(ports, executors, std::move(options), tray)) {}
 
 VantrixApp::~VantrixApp() = default;
 

@@ -34,6 +34,7 @@ private:
     struct State : Suspension {
         std::tuple<Parameters...> arguments;
         std::optional<Result> result;
+        Executor* executor = nullptr;  ///< that of the step
     };
 
     template <class Result, class... Parameters>
@@ -51,12 +52,14 @@ private:
             state = std::make_shared<State<Result, Parameters...>>();
             state->arguments = std::move(arguments);
             point.arm(handle, state);
+            state->executor = &executor;
             executor.post([engine = std::move(engine), step = step, state = state]() mutable {
                 const auto call = [&](Parameters&... each) {
                     return ((*engine).*step)(std::move(each)...);
                 };
                 state->result.emplace(std::apply(call, state->arguments));
-                resumeLater(std::move(state));
+                Executor& home = *state->home;
+                state->executor->tell(home, [state = std::move(state)] { resumeNow(state); });
             });
         }
         Result await_resume() { return std::move(*state->result); }

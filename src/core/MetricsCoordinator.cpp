@@ -32,7 +32,9 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       gpu(services_->gpu),
       memory(services_->memory),
       thermal(services_->thermal),
+      temperature(services_->temperature),
       battery(services_->battery),
+      fan(services_->fan),
       ane(services_->ane),
       preferences(*this, DisplayPreferences::load(ports.userDefaults)),
       tasks_(executors.main) {
@@ -113,7 +115,9 @@ Task<> MetricsCoordinator::refreshAll() {
 }
 
 void MetricsCoordinator::refreshBattery() {
-    battery.refresh(std::nullopt, ports_.processInfo.isLowPowerModeEnabled());
+    const auto& reading = *temperature.latest;
+    battery.refresh(reading ? reading->batteryC : std::nullopt,
+                    ports_.processInfo.isLowPowerModeEnabled());
 }
 
 bool MetricsCoordinator::needsCPU() const {
@@ -181,7 +185,9 @@ void MetricsCoordinator::bridgeNestedMonitorChanges() {
     Stream<Changed> merged = [this](std::function<void(const Changed&)> next) {
         return merge<Changed>({changes(cpu.objectWillChange), changes(gpu.objectWillChange),
                                changes(memory.objectWillChange), changes(thermal.objectWillChange),
-                               changes(battery.objectWillChange), changes(ane.objectWillChange)})(
+                               changes(temperature.objectWillChange),
+                               changes(battery.objectWillChange), changes(fan.objectWillChange),
+                               changes(ane.objectWillChange)})(
             [this, next = std::move(next)](const Changed& change) {
                 if (objectWillChange.hasSubscribers()) next(change);
             });

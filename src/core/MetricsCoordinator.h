@@ -36,7 +36,9 @@ public:
     GPUMonitor& gpu;
     MemoryMonitor& memory;
     ThermalMonitor& thermal;
+    TemperatureService& temperature;
     BatteryMonitor& battery;
+    FanMonitor& fan;
     ANEMonitor& ane;
 
     /// What the user set. Each change is saved and put in force at once.

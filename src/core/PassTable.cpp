@@ -22,6 +22,16 @@ constexpr std::array table{
             [](MetricsCoordinator& coordinator) { return coordinator.memory.refresh(); }, nullptr},
     PassRow{"thermal", PassPhase::main, nullptr, nullptr,
             [](MetricsCoordinator& coordinator) { coordinator.thermal.refresh(); }},
+    PassRow{"temperature", PassPhase::main,
+            [](const MetricsCoordinator& coordinator) {
+                return coordinator.needsSubsystem(Subsystem::temperature);
+            },
+            nullptr, [](MetricsCoordinator& coordinator) { coordinator.temperature.refresh(); }},
+    PassRow{"fan", PassPhase::main,
+            [](const MetricsCoordinator& coordinator) {
+                return coordinator.needsSubsystem(Subsystem::fan);
+            },
+            nullptr, [](MetricsCoordinator& coordinator) { coordinator.fan.refresh(); }},
     PassRow{"battery", PassPhase::activeOnly, nullptr, nullptr,
             [](MetricsCoordinator& coordinator) { coordinator.refreshBattery(); }},
 };

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "base/Executors.h"
+#include "fan/FanMonitor.h"
 #include "memory/MemoryMonitor.h"
 #include "platform/Ports.h"
+#include "smc/TemperatureService.h"
 #include "telemetry/ANEMonitor.h"
 #include "telemetry/BatteryMonitor.h"
 #include "telemetry/CPUMonitor.h"
@@ -22,13 +24,16 @@ struct Services {
           memory(ports, executors),
           thermal(ports),
           battery(ports),
+          fan(ports),
           ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
     MemoryMonitor memory;
     ThermalMonitor thermal;
+    TemperatureService temperature;
     BatteryMonitor battery;
+    FanMonitor fan;
     ANEMonitor ane;
 };
 

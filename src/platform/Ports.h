@@ -4,6 +4,7 @@
 namespace vtx {
 
 class Clock;
+class HIDEventSystem;
 class HostInfo;
 class IORegistry;
 class IOReportLibrary;
@@ -11,6 +12,7 @@ class Locale;
 class MemoryPressureSources;
 class PowerSources;
 class ProcessInfo;
+class SMCUserClient;
 class Sysctl;
 class ThermalState;
 class UnifiedLog;
@@ -21,6 +23,7 @@ class Workspace;
 /// platform and hands its ports over; they outlive all that was given them.
 struct Ports {
     Clock& clock;
+    HIDEventSystem& hidEventSystem;
     HostInfo& hostInfo;
     IORegistry& ioRegistry;
     IOReportLibrary& ioReport;
@@ -28,6 +31,7 @@ struct Ports {
     MemoryPressureSources& memoryPressure;
     PowerSources& powerSources;
     ProcessInfo& processInfo;
+    SMCUserClient& smc;
     Sysctl& sysctl;
     ThermalState& thermalState;
     UnifiedLog& unifiedLog;

@@ -26,14 +26,15 @@ int main(int argc, char** argv) {
 
     vtx::QtMainExecutor mainExecutor;
     vtx::QtRunLoop runLoop;
-    const vtx::LinuxDesktop desktop(runLoop, mainExecutor);
+    vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxClock clock(runLoop);
-    vtx::SimulatedPlatform platform(clock);
+    vtx::SimulatedPlatform platform(clock, vtx::MacShape::laptop());
     platform.mac.live(1);
     platform.unifiedLog.setLowestLevel(vtx::LogLevel::standard);
     platform.unifiedLog.setEcho(true);
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });
-    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick}, std::move(options));
+    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick}, std::move(options),
+                            desktop.tray());
     return vantrix.run();
 }

@@ -3,12 +3,15 @@
 
 #include <pthread.h>
 
+#include <thread>
+
 #include "platform/linux/BatteryGauge.h"
 #include "platform/linux/BatterySource.h"
 #include "platform/linux/CpuFreq.h"
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
 #include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxHIDEventSystem.h"
 #include "platform/linux/LinuxHostInfo.h"
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxIOReportLibrary.h"
@@ -18,11 +21,13 @@
 #include "platform/linux/LinuxProcessInfo.h"
 #include "platform/linux/LinuxProcessors.h"
 #include "platform/linux/LinuxRoot.h"
+#include "platform/linux/LinuxSMCUserClient.h"
 #include "platform/linux/LinuxSysctl.h"
 #include "platform/linux/LinuxThermalState.h"
 #include "platform/linux/LinuxUnifiedLog.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/MemInfoReader.h"
+#include "platform/linux/NvmlLibrary.h"
 #include "platform/linux/PressureTriggers.h"
 #include "platform/linux/SlowReadThread.h"
 #include "platform/linux/SystemBus.h"
@@ -55,9 +60,18 @@ struct LinuxPlatform::Members {
 
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;
-        sources.push_back(std::make_unique<GraphicsSource>(root, clock, deviceChanges));
+        sources.push_back(
+            std::make_unique<GraphicsSource>(root, clock, deviceChanges, graphicsTools()));
         sources.push_back(std::make_unique<BatterySource>(battery));
         return sources;
+    }
+
+    /// The library tells of the running machine and of no other.
+    GraphicsSource::Tools graphicsTools() {
+        const bool isRunningMachine = root.path("/") == "/";
+        return {slowReads,
+                [isRunningMachine] { return isRunningMachine ? NvmlLibrary::open() : nullptr; },
+                [](Duration span) { std::this_thread::sleep_for(span); }};
     }
 
     LinuxRoot root;
@@ -70,6 +84,7 @@ struct LinuxPlatform::Members {
     /// For what is read there, since a read that hangs keeps what it uses.
     std::shared_ptr<DeviceChanges> slowChanges = std::make_shared<KernelDeviceChanges>();
     MemInfoReader memInfo;
+    LinuxHIDEventSystem hidEventSystem;
     LinuxHostInfo hostInfo;
     BatteryGauge battery;
     LinuxIORegistry ioRegistry;
@@ -79,6 +94,7 @@ struct LinuxPlatform::Members {
     LinuxMemoryPressure memoryPressure;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
+    LinuxSMCUserClient smc;
     LinuxSysctl sysctl;
     LinuxThermalState thermalState;
     LinuxUnifiedLog unifiedLog;
@@ -93,9 +109,23 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
-    return {m.clock,          m.hostInfo,     m.ioRegistry,  m.ioReport, m.locale,
-            m.memoryPressure, m.powerSources, m.processInfo, m.sysctl,   m.thermalState,
-            m.unifiedLog,     m.userDefaults, m.workspace};
+    return {
+        .clock = m.clock,
+        .hidEventSystem = m.hidEventSystem,
+        .hostInfo = m.hostInfo,
+        .ioRegistry = m.ioRegistry,
+        .ioReport = m.ioReport,
+        .locale = m.locale,
+        .memoryPressure = m.memoryPressure,
+        .powerSources = m.powerSources,
+        .processInfo = m.processInfo,
+        .smc = m.smc,
+        .sysctl = m.sysctl,
+        .thermalState = m.thermalState,
+        .unifiedLog = m.unifiedLog,
+        .userDefaults = m.userDefaults,
+        .workspace = m.workspace,
+    };
 }
 
 Job LinuxPlatform::nameThread(std::string_view name) {

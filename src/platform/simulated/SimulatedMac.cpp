@@ -5,6 +5,7 @@
 
 #include "platform/IORegistry.h"
 #include "platform/simulated/SimulatedDevices.h"
+#include "platform/simulated/SimulatedSensors.h"
 
 namespace vtx {
 namespace {
@@ -17,7 +18,13 @@ constexpr double warmLoad = 0.45;
 }  // namespace
 
 SimulatedMac::SimulatedMac(Clock& clock, MacShape shape)
-    : processors(clock, std::move(shape)), graphics(clock), memory(clock), battery(clock) {
+    : processors(clock, std::move(shape)),
+      graphics(clock),
+      memory(clock),
+      battery(clock),
+      thermals(clock, processors) {
+    sensors::install(smc, thermals, processors.shape());
+    sensors::install(hidSensors, thermals, processors.shape());
     devices::install(registry, processors.shape());
     if (processors.shape().hasAccelerator) addAccelerator();
     if (processors.shape().hasBattery) addBattery();

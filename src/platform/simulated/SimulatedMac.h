@@ -11,9 +11,12 @@
 #include "platform/simulated/SimulatedBattery.h"
 #include "platform/simulated/SimulatedChannels.h"
 #include "platform/simulated/SimulatedGraphics.h"
+#include "platform/simulated/SimulatedHIDSensors.h"
 #include "platform/simulated/SimulatedMemory.h"
 #include "platform/simulated/SimulatedProcessors.h"
 #include "platform/simulated/SimulatedRegistry.h"
+#include "platform/simulated/SimulatedSMC.h"
+#include "platform/simulated/SimulatedThermals.h"
 
 namespace vtx {
 
@@ -33,6 +36,10 @@ public:
     SimulatedMemory memory;
     /// Of use where the shape has one; set by `setBattery`.
     SimulatedBattery battery;
+    SimulatedThermals thermals;
+    /// Its sensors and fans, twice: as keys, and as human interface devices.
+    SimulatedSMC smc;
+    SimulatedHIDSensors hidSensors;
     /// Its devices and what its chip counts.
     SimulatedRegistry registry;
     SimulatedChannels channels;

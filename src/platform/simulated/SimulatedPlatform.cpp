@@ -9,6 +9,7 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
                                      SimulatedUserDefaults::Values settings)
     : clock(time),
       mac(time, std::move(shape)),
+      hidEventSystem(mac.hidSensors, instruments),
       hostInfo(mac.processors, mac.memory, instruments),
       ioRegistry(mac.registry, instruments),
       ioReport(mac.channels, instruments),
@@ -16,15 +17,30 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
       memoryPressure(mac, instruments),
       powerSources(mac, instruments),
       processInfo(mac, instruments),
+      smc(mac.smc, instruments),
       sysctl(mac.processors, mac.memory, instruments),
       thermalState(mac, instruments),
       userDefaults(std::move(settings)),
       workspace(mac, instruments) {}
 
 Ports SimulatedPlatform::ports() {
-    return {clock,          hostInfo,     ioRegistry,  ioReport, locale,
-            memoryPressure, powerSources, processInfo, sysctl,   thermalState,
-            unifiedLog,     userDefaults, workspace};
+    return {
+        .clock = clock,
+        .hidEventSystem = hidEventSystem,
+        .hostInfo = hostInfo,
+        .ioRegistry = ioRegistry,
+        .ioReport = ioReport,
+        .locale = locale,
+        .memoryPressure = memoryPressure,
+        .powerSources = powerSources,
+        .processInfo = processInfo,
+        .smc = smc,
+        .sysctl = sysctl,
+        .thermalState = thermalState,
+        .unifiedLog = unifiedLog,
+        .userDefaults = userDefaults,
+        .workspace = workspace,
+    };
 }
 
 }  // namespace vtx

@@ -3,6 +3,7 @@
 
 #include "platform/Ports.h"
 #include "platform/simulated/Instruments.h"
+#include "platform/simulated/SimulatedHIDEventSystem.h"
 #include "platform/simulated/SimulatedHostInfo.h"
 #include "platform/simulated/SimulatedIORegistry.h"
 #include "platform/simulated/SimulatedIOReportLibrary.h"
@@ -11,6 +12,7 @@
 #include "platform/simulated/SimulatedMemoryPressure.h"
 #include "platform/simulated/SimulatedPowerSources.h"
 #include "platform/simulated/SimulatedProcessInfo.h"
+#include "platform/simulated/SimulatedSMCUserClient.h"
 #include "platform/simulated/SimulatedSysctl.h"
 #include "platform/simulated/SimulatedThermalState.h"
 #include "platform/simulated/SimulatedUnifiedLog.h"
@@ -43,6 +45,7 @@ public:
     Failures& failures = instruments.failures;
     SimulatedMac mac;
 
+    SimulatedHIDEventSystem hidEventSystem;
     SimulatedHostInfo hostInfo;
     SimulatedIORegistry ioRegistry;
     SimulatedIOReportLibrary ioReport;
@@ -50,6 +53,7 @@ public:
     SimulatedMemoryPressure memoryPressure;
     SimulatedPowerSources powerSources;
     SimulatedProcessInfo processInfo;
+    SimulatedSMCUserClient smc;
     SimulatedSysctl sysctl;
     SimulatedThermalState thermalState;
     SimulatedUnifiedLog unifiedLog;

@@ -109,6 +109,10 @@ void MenuBarController::observeStripSizeSignals() {
     const auto thermalLabel = [](const ThermalStats& reading) {
         return thermalLevelName(reading.level);
     };
+    const auto temperatureLabel = [](const std::optional<TemperatureReading>& reading) {
+        return formatTemp(reading ? reading->cpuMaxC : std::nullopt);
+    };
+    const auto fanLabel = [](const FanStats& reading) { return reading.maxRPM(); };
     const auto changed = [](const auto&) { return Changed{}; };
     const auto signals = merge<Changed>({
         map(coordinator_.preferences.stream(), changed),
@@ -116,6 +120,9 @@ void MenuBarController::observeStripSizeSignals() {
         map(removeDuplicates(map(coordinator_.gpu.latest.stream(), gpuLabel)), changed),
         map(removeDuplicates(map(coordinator_.memory.latest.stream(), memoryLabel)), changed),
         map(removeDuplicates(map(coordinator_.thermal.latest.stream(), thermalLabel)), changed),
+        map(removeDuplicates(map(coordinator_.temperature.latest.stream(), temperatureLabel)),
+            changed),
+        map(removeDuplicates(map(coordinator_.fan.latest.stream(), fanLabel)), changed),
         [this](std::function<void(const Changed&)> next) {
             statusItem_->onIntrinsicWidthChange = [next = std::move(next)] { next(Changed{}); };
             return Subscription([this] { statusItem_->onIntrinsicWidthChange = nullptr; });

@@ -26,6 +26,8 @@ std::string formatMHz(double mhz);
 std::string gigabytes(std::uint64_t bytes);
 /// Degrees as "63°C" for the strip, or `fallback`.
 std::string temperatureLabel(std::optional<double> celsius, std::string_view fallback);
+/// Degrees as "63 °C", for pages.
+std::string formatTemp(std::optional<double> celsius);
 /// The system's thermal level as a word: its case's name, capitalised.
 std::string thermalLevelName(ThermalStats::Level level);
 /// Bytes a second in at most four characters for usual values: "500K", "2.0M", "50M", "150M".

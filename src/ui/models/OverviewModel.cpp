@@ -56,6 +56,9 @@ OverviewModel describeOverview(const OverviewReadings& readings) {
     rows.push_back(
         loadRow("display", "GPU",
                 readings.gpu ? std::optional(readings.gpu->deviceUtilization) : std::nullopt));
+    const auto& temperature = readings.temperature;
+    rows.push_back({"thermometer.variable", "Temperature",
+                    formatTemp(temperature ? temperature->cpuMaxC : std::nullopt)});
     addMemoryRows(rows, readings.memory);
     return model;
 }

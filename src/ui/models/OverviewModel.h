@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "memory/MemoryStats.h"
+#include "smc/TemperatureReading.h"
 #include "telemetry/CPUStats.h"
 #include "telemetry/GPUStats.h"
 #include "ui/models/Formatters.h"
@@ -21,6 +22,8 @@ struct OverviewReadings {
     std::optional<CPUStats> cpu;
     /// Absent until there is one, and on a machine that tells no load of its graphics.
     std::optional<GPUStats> gpu = std::nullopt;
+    /// Absent until there is one, and on a machine without sensors.
+    std::optional<TemperatureReading> temperature = std::nullopt;
     /// Absent until there is one.
     std::optional<MemoryStats> memory = std::nullopt;
 };

@@ -11,14 +11,8 @@ namespace {
 
 using State = BatteryReading::ChargingState;
 
-MacShape withoutBattery() {
-    MacShape shape = MacShape::standard();
-    shape.hasBattery = false;
-    return shape;
-}
-
 struct Monitored {
-    explicit Monitored(MacShape shape = MacShape::standard()) : bench(std::move(shape)) {}
+    explicit Monitored(MacShape shape = MacShape::laptop()) : bench(std::move(shape)) {}
     TestBench bench;
     BatteryMonitor monitor{bench.ports()};
 
@@ -54,7 +48,7 @@ TEST(BatteryMonitor, a_refresh_merges_both_views_and_what_the_caller_knows) {
 }
 
 TEST(BatteryMonitor, a_machine_without_a_battery_never_has_a_reading) {
-    Monitored m(withoutBattery());
+    Monitored m(MacShape::standard());
     EXPECT_FALSE(m.monitor.isAvailable());
     m.bench.platform.resetCalls();
     m.monitor.refresh(20.0, true);

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "ui/surfaces/StripSource.h"
+
+#include "core/MetricsCoordinator.h"
+#include "ui/models/Formatters.h"
+
+namespace vtx {
+
+StripReadings stripReadingsOf(const MetricsCoordinator& coordinator) {
+    StripReadings readings;
+    if (const auto& cpu = *coordinator.cpu.latest) readings.cpuUsage = cpu->totalUsage;
+    readings.isGPUAvailable = *coordinator.gpu.isAvailable;
+    if (const auto& gpu = *coordinator.gpu.latest) readings.gpuUtilization = gpu->deviceUtilization;
+    if (const auto& temperature = *coordinator.temperature.latest)
+        readings.cpuMaxC = temperature->cpuMaxC;
+    readings.fanMaxRPM = coordinator.fan.latest->maxRPM();
+    readings.thermalLevel = thermalLevelName(coordinator.thermal.latest->level);
+    if (const auto& memory = *coordinator.memory.latest)
+        readings.memoryFraction = memory->usedFraction();
+    readings.criticalMetric = *coordinator.criticalMetric;
+    return readings;
+}
+
+Subscriptions followStripReadings(MetricsCoordinator& coordinator,
+                                  const std::function<void()>& follow) {
+    const auto changed = [follow](const auto&) { follow(); };
+    Subscriptions tokens;
+    tokens.push_back(coordinator.cpu.latest.subscribe(changed));
+    tokens.push_back(coordinator.gpu.latest.subscribe(changed));
+    tokens.push_back(coordinator.gpu.isAvailable.subscribe(changed));
+    tokens.push_back(coordinator.memory.latest.subscribe(changed));
+    tokens.push_back(coordinator.thermal.latest.subscribe(changed));
+    tokens.push_back(coordinator.temperature.latest.subscribe(changed));
+    tokens.push_back(coordinator.fan.latest.subscribe(changed));
+    tokens.push_back(coordinator.preferences.subscribe(changed));
+    tokens.push_back(coordinator.criticalMetric.subscribe(changed));
+    return tokens;
+}
+
+}  // namespace vtx
