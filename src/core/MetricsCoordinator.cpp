@@ -30,8 +30,11 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       services_(std::move(services)),
       cpu(services_->cpu),
       gpu(services_->gpu),
+      memory(services_->memory),
+      thermal(services_->thermal),
       temperature(services_->temperature),
       network(services_->network),
+      battery(services_->battery),
       systemInfo(services_->systemInfo),
       diskIO(services_->diskIO),
       fan(services_->fan),
@@ -114,6 +117,12 @@ Task<> MetricsCoordinator::refreshAll() {
     for (auto& task : concurrent) co_await task;
 }
 
+void MetricsCoordinator::refreshBattery() {
+    const auto& reading = *temperature.latest;
+    battery.refresh(reading ? reading->batteryC : std::nullopt,
+                    ports_.processInfo.isLowPowerModeEnabled());
+}
+
 bool MetricsCoordinator::needsCPU() const {
     const DisplayPreferences& p = *preferences;
     return *pollingMode == PollingMode::active || p.menuBarCompact || p.showCPU ||
@@ -172,9 +181,11 @@ void MetricsCoordinator::bridgeNestedMonitorChanges() {
     // While nobody looks at the coordinator there is nobody to tell, and no timer need run.
     Stream<Changed> merged = [this](std::function<void(const Changed&)> next) {
         return merge<Changed>({changes(cpu.objectWillChange), changes(gpu.objectWillChange),
+                               changes(memory.objectWillChange), changes(thermal.objectWillChange),
                                changes(temperature.objectWillChange),
-                               changes(network.objectWillChange), changes(diskIO.objectWillChange),
-                               changes(fan.objectWillChange), changes(ane.objectWillChange)})(
+                               changes(network.objectWillChange), changes(battery.objectWillChange),
+                               changes(diskIO.objectWillChange), changes(fan.objectWillChange),
+                               changes(ane.objectWillChange)})(
             [this, next = std::move(next)](const Changed& change) {
                 if (objectWillChange.hasSubscribers()) next(change);
             });

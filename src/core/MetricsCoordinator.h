@@ -34,8 +34,11 @@ public:
 
     CPUMonitor& cpu;
     GPUMonitor& gpu;
+    MemoryMonitor& memory;
+    ThermalMonitor& thermal;
     TemperatureService& temperature;
     NetworkMonitor& network;
+    BatteryMonitor& battery;
     SystemInfoService& systemInfo;
     DiskIOMonitor& diskIO;
     FanMonitor& fan;
@@ -59,6 +62,9 @@ public:
 
     /// One pass: samples all that is needed now. Passes may overlap.
     Task<> refreshAll();
+
+    /// The battery's step of a pass: hands over what its monitor does not read itself.
+    void refreshBattery();
 
     /// Whether a pass samples the subsystem now.
     [[nodiscard]] bool needsSubsystem(Subsystem subsystem) const;

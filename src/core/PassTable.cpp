@@ -15,6 +15,13 @@ constexpr std::array table{
                 return coordinator.needsSubsystem(Subsystem::gpu);
             },
             [](MetricsCoordinator& coordinator) { return coordinator.gpu.refresh(); }, nullptr},
+    PassRow{"memory", PassPhase::concurrent,
+            [](const MetricsCoordinator& coordinator) {
+                return coordinator.needsSubsystem(Subsystem::memory);
+            },
+            [](MetricsCoordinator& coordinator) { return coordinator.memory.refresh(); }, nullptr},
+    PassRow{"thermal", PassPhase::main, nullptr, nullptr,
+            [](MetricsCoordinator& coordinator) { coordinator.thermal.refresh(); }},
     PassRow{"temperature", PassPhase::main,
             [](const MetricsCoordinator& coordinator) {
                 return coordinator.needsSubsystem(Subsystem::temperature);
@@ -32,6 +39,8 @@ constexpr std::array table{
             nullptr, [](MetricsCoordinator& coordinator) { coordinator.fan.refresh(); }},
     PassRow{"network", PassPhase::activeOnly, nullptr, nullptr,
             [](MetricsCoordinator& coordinator) { coordinator.network.refresh(); }},
+    PassRow{"battery", PassPhase::activeOnly, nullptr, nullptr,
+            [](MetricsCoordinator& coordinator) { coordinator.refreshBattery(); }},
 };
 
 }  // namespace

@@ -3,14 +3,17 @@
 
 #include "base/Executors.h"
 #include "fan/FanMonitor.h"
+#include "memory/MemoryMonitor.h"
 #include "platform/Ports.h"
 #include "smc/TemperatureService.h"
 #include "telemetry/ANEMonitor.h"
+#include "telemetry/BatteryMonitor.h"
 #include "telemetry/CPUMonitor.h"
 #include "telemetry/DiskIOMonitor.h"
 #include "telemetry/GPUMonitor.h"
 #include "telemetry/NetworkMonitor.h"
 #include "telemetry/SystemInfoService.h"
+#include "telemetry/ThermalMonitor.h"
 
 namespace vtx {
 
@@ -21,7 +24,10 @@ struct Services {
     Services(const Ports& ports, const Executors& executors)
         : cpu(ports, executors),
           gpu(ports, executors.tick),
+          memory(ports, executors),
+          thermal(ports),
           network(ports.networkInterfaces, ports.clock),
+          battery(ports),
           systemInfo(ports),
           diskIO(ports.ioRegistry, ports.clock),
           fan(ports),
@@ -29,8 +35,11 @@ struct Services {
 
     CPUMonitor cpu;
     GPUMonitor gpu;
+    MemoryMonitor memory;
+    ThermalMonitor thermal;
     TemperatureService temperature;
     NetworkMonitor network;
+    BatteryMonitor battery;
     SystemInfoService systemInfo;
     DiskIOMonitor diskIO;
     FanMonitor fan;

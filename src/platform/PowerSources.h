@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
+
+#include "base/Property.h"
 
 namespace vtx {
 
@@ -17,6 +20,13 @@ public:
 
     /// "Battery Power" while the machine runs on a battery, another text on mains, or absent.
     [[nodiscard]] virtual std::optional<std::string> providingPowerSourceType() const = 0;
+
+    /// `IOPSCopyPowerSourcesList`: how many sources there are; absent if there is no list.
+    [[nodiscard]] virtual std::optional<std::size_t> powerSourceCount() const = 0;
+
+    /// `IOPSGetPowerSourceDescription`: what the source says of itself by the platform's names, or
+    /// nothing. Valid as long as this object.
+    [[nodiscard]] virtual PropertyView powerSourceDescription(std::size_t index) const = 0;
 };
 
 /// The power sources of the machine. Main executor.

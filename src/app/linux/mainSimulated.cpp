@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
     vtx::QtRunLoop runLoop;
     vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxClock clock(runLoop);
-    vtx::SimulatedPlatform platform(clock);
+    vtx::SimulatedPlatform platform(clock, vtx::MacShape::laptop());
     platform.mac.live(1);
     platform.unifiedLog.setLowestLevel(vtx::LogLevel::standard);
     platform.unifiedLog.setEcho(true);

@@ -5,6 +5,8 @@
 
 #include <thread>
 
+#include "platform/linux/BatteryGauge.h"
+#include "platform/linux/BatterySource.h"
 #include "platform/linux/BlockStorageSource.h"
 #include "platform/linux/CpuFreq.h"
 #include "platform/linux/DeviceChanges.h"
@@ -16,6 +18,7 @@
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxIOReportLibrary.h"
 #include "platform/linux/LinuxLocale.h"
+#include "platform/linux/LinuxMemoryPressure.h"
 #include "platform/linux/LinuxNetworkInterfaces.h"
 #include "platform/linux/LinuxPowerSources.h"
 #include "platform/linux/LinuxProcessInfo.h"
@@ -23,9 +26,12 @@
 #include "platform/linux/LinuxRoot.h"
 #include "platform/linux/LinuxSMCUserClient.h"
 #include "platform/linux/LinuxSysctl.h"
+#include "platform/linux/LinuxThermalState.h"
 #include "platform/linux/LinuxUnifiedLog.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/MemInfoReader.h"
 #include "platform/linux/NvmlLibrary.h"
+#include "platform/linux/PressureTriggers.h"
 #include "platform/linux/SlowReadThread.h"
 #include "platform/linux/SystemBus.h"
 
@@ -40,15 +46,20 @@ struct LinuxPlatform::Members {
           bus(loop, main, options.busAddress),
           processors(root),
           cpuFreq(root, processors),
-          hostInfo(root, processors),
+          memInfo(root, clock, deviceChanges),
+          hostInfo(root, processors, memInfo),
+          battery(root, clock, slowReads, slowChanges),
           ioRegistry(processors, cpuFreq, registrySources(),
                      {makeMemoryNode(root), makeProductNode(root)}),
           ioReport(root, processors, cpuFreq),
           locale(options.environment),
+          pressureTriggers(root),
+          memoryPressure(root, loop, clock, pressureTriggers, memInfo),
           networkInterfaces(root),
-          powerSources(root),
+          powerSources(root, battery),
           processInfo(root, options.environment, bus),
-          sysctl(root, processors),
+          sysctl(root, processors, memInfo),
+          thermalState(root, clock, main, slowReads, slowChanges),
           unifiedLog(root, options.environment),
           userDefaults(options.configFolder),
           smc(root, sensorTools()),
@@ -59,6 +70,7 @@ struct LinuxPlatform::Members {
         sources.push_back(std::make_unique<BlockStorageSource>(root, deviceChanges));
         sources.push_back(
             std::make_unique<GraphicsSource>(root, clock, deviceChanges, graphicsTools()));
+        sources.push_back(std::make_unique<BatterySource>(battery));
         return sources;
     }
 
@@ -82,15 +94,22 @@ struct LinuxPlatform::Members {
     LinuxProcessors processors;
     CpuFreq cpuFreq;
     KernelDeviceChanges deviceChanges;
+    /// For what is read there, since a read that hangs keeps what it uses.
+    std::shared_ptr<DeviceChanges> slowChanges = std::make_shared<KernelDeviceChanges>();
+    MemInfoReader memInfo;
     LinuxHIDEventSystem hidEventSystem;
     LinuxHostInfo hostInfo;
+    BatteryGauge battery;
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;
     LinuxLocale locale;
+    KernelPressureTriggers pressureTriggers;
+    LinuxMemoryPressure memoryPressure;
     LinuxNetworkInterfaces networkInterfaces;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
     LinuxSysctl sysctl;
+    LinuxThermalState thermalState;
     LinuxUnifiedLog unifiedLog;
     LinuxUserDefaults userDefaults;
     LinuxSMCUserClient smc;
@@ -111,11 +130,13 @@ Ports LinuxPlatform::ports() {
         .ioRegistry = m.ioRegistry,
         .ioReport = m.ioReport,
         .locale = m.locale,
+        .memoryPressure = m.memoryPressure,
         .networkInterfaces = m.networkInterfaces,
         .powerSources = m.powerSources,
         .processInfo = m.processInfo,
         .smc = m.smc,
         .sysctl = m.sysctl,
+        .thermalState = m.thermalState,
         .unifiedLog = m.unifiedLog,
         .userDefaults = m.userDefaults,
         .workspace = m.workspace,

@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "platform/linux/SensorText.h"
-#include "platform/linux/ThermalZones.h"
+#include "platform/linux/SensorZones.h"
 
 namespace vtx {
 namespace {

@@ -23,6 +23,8 @@ constexpr std::uint64_t readChannel = 4;
 constexpr std::uint64_t writeChannel = 5;
 constexpr std::uint64_t receiveChannel = 6;
 constexpr std::uint64_t sendChannel = 7;
+constexpr std::uint64_t memoryChannel = 8;
+constexpr std::uint64_t crowdChannel = 9;
 constexpr std::uint64_t firstCoreChannel = 16;
 
 }  // namespace
@@ -52,6 +54,12 @@ LivingRates LivingLoad::network(Duration sinceStart) const {
     const double time = toSeconds(sinceStart);
     return {2e3 + 2e7 * std::pow(noise(receiveChannel, time, 9.0), 6.0),
             1e3 + 2e6 * std::pow(noise(sendChannel, time, 7.0), 6.0)};
+}
+
+double LivingLoad::memory(Duration sinceStart) const {
+    const double time = toSeconds(sinceStart);
+    const double crowd = std::pow(noise(crowdChannel, time, 180.0), 4.0);
+    return 0.40 + 0.12 * noise(memoryChannel, time, 25.0) + 0.45 * crowd;
 }
 
 double LivingLoad::busy(CoreKind kind, std::size_t core, double time) const {

@@ -31,6 +31,8 @@ public:
     [[nodiscard]] LivingRates disk(Duration sinceStart) const;
     /// What goes over the network: a trickle, and now and then a download.
     [[nodiscard]] LivingRates network(Duration sinceStart) const;
+    /// The part of the memory that is in use, which is rarely more than nine tenths.
+    [[nodiscard]] double memory(Duration sinceStart) const;
 
 private:
     [[nodiscard]] double busy(CoreKind kind, std::size_t core, double time) const;

@@ -24,6 +24,12 @@ MacShape MacShape::threeClusters(std::size_t performanceCores, std::size_t effic
     return shape;
 }
 
+MacShape MacShape::laptop() {
+    MacShape shape = standard();
+    shape.hasBattery = true;
+    return shape;
+}
+
 MacShape MacShape::singleLevel(std::size_t coreCount) {
     MacShape shape = standard(coreCount, 0);
     shape.performanceLevels = 1;

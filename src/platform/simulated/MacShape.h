@@ -35,6 +35,7 @@ struct MacShape {
     /// What the chip calls its efficiency cores where it counts their states.
     std::string efficiencyChannel = "ECPU";
     bool hasAccelerator = true;
+    bool hasBattery = false;
 
     /// What the kernel calls the chip, the machine, and the build of its system.
     std::string chip = "Apple M2 Max";
@@ -58,6 +59,8 @@ struct MacShape {
     /// chips.
     static MacShape threeClusters(std::size_t performanceCores = 8,
                                   std::size_t efficiencyCores = 4);
+    /// The standard one with a battery.
+    static MacShape laptop();
     /// One performance level that all cores belong to.
     static MacShape singleLevel(std::size_t coreCount = 8);
     /// A kernel that knows no performance levels, and firmware that tells nothing.

@@ -19,6 +19,17 @@ inline constexpr std::string_view hostProcessorInfoSurplusEntries =
 inline constexpr std::string_view hostProcessorInfoZeroProcessors =
     "host_processor_info:zeroProcessors";
 
+/// The result is the kernel's; the first one counts pages alone.
+inline constexpr std::string_view hostStatistics64 = "host_statistics64";
+inline constexpr std::string_view hostPageSize = "host_page_size";
+/// Success with a size of 0; not counted apart.
+inline constexpr std::string_view hostPageSizeZero = "host_page_size:zero";
+
+/// Failing gives no source. The others are counted and cannot fail.
+inline constexpr std::string_view memoryPressureCreate = "memoryPressure:create";
+inline constexpr std::string_view memoryPressureActivate = "memoryPressure:activate";
+inline constexpr std::string_view memoryPressureCancel = "memoryPressure:cancel";
+
 /// Counted; cannot fail.
 inline constexpr std::string_view vmDeallocate = "vm_deallocate";
 
@@ -37,6 +48,12 @@ inline constexpr std::string_view powerSourcesCopy = "powerSources:copy";
 /// Failing gives no snapshot, or one that knows no type.
 inline constexpr std::string_view powerSourcesNull = "powerSources:null";
 inline constexpr std::string_view powerSourcesType = "powerSources:type";
+/// Failing gives no list, or a source without a description.
+inline constexpr std::string_view powerSourcesList = "powerSources:list";
+inline constexpr std::string_view powerSourcesDescription = "powerSources:description";
+
+/// Counted; cannot fail.
+inline constexpr std::string_view thermalState = "processInfo:thermalState";
 
 /// Counted; a failing beginning gives no token.
 inline constexpr std::string_view beginActivity = "processInfo:beginActivity";

@@ -37,6 +37,7 @@ private:
 namespace handles {
 inline constexpr std::string_view interfaceList = "InterfaceList";
 inline constexpr std::string_view kernelArray = "KernelArray";
+inline constexpr std::string_view memoryPressureSource = "MemoryPressureSource";
 inline constexpr std::string_view powerSourcesInfo = "PowerSourcesInfo";
 inline constexpr std::string_view registryEntry = "RegistryEntry";
 inline constexpr std::string_view registryIterator = "RegistryIterator";
@@ -50,6 +51,7 @@ inline constexpr std::string_view activity = "Activity";
 inline constexpr std::string_view willSleep = "Subscription:willSleep";
 inline constexpr std::string_view didWake = "Subscription:didWake";
 inline constexpr std::string_view powerStateDidChange = "Subscription:powerStateDidChange";
+inline constexpr std::string_view thermalStateDidChange = "Subscription:thermalStateDidChange";
 }  // namespace handles
 
 }  // namespace vtx

@@ -11,12 +11,17 @@ namespace vtx {
 namespace {
 
 constexpr std::string_view acceleratorClass = "IOAccelerator";
+constexpr std::string_view batteryClass = "AppleSmartBattery";
+/// The graphics' load from which the living machine is called warm.
+constexpr double warmLoad = 0.45;
 
 }  // namespace
 
-SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
+SimulatedMac::SimulatedMac(Clock& clock, MacShape shape)
     : processors(clock, std::move(shape)),
       graphics(clock),
+      memory(clock),
+      battery(clock),
       thermals(clock, processors),
       disks(registry, clock),
       network(clock) {
@@ -25,6 +30,7 @@ SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
     devices::install(registry, processors.shape());
     if (processors.shape().hasAccelerator) addAccelerator();
     disks.attach({"APPLE SSD AP0512R", "disk0"});
+    if (processors.shape().hasBattery) addBattery();
     channels.addSource([this] { return devices::coreStates(processors); });
     channels.addSource(devices::energyCounters);
 }
@@ -34,6 +40,45 @@ void SimulatedMac::live(std::uint64_t seed) {
     graphics.live(seed);
     disks.live(seed);
     network.live(seed);
+    memory.live(seed);
+    if (processors.shape().hasBattery) battery.live();
+    isThermalStateLiving_ = true;
+}
+
+void SimulatedMac::addBattery() {
+    registry.add(registry.root(planes::service), "AppleSmartBattery", batteryClass);
+    setBattery(BatteryFigures());
+}
+
+void SimulatedMac::setBattery(const BatteryFigures& figures) {
+    const auto before = battery.properties();
+    battery.set(figures);
+    for (const auto node : registry.ofClass(batteryClass)) {
+        for (const auto& [key, value] : before) registry.unset(node, key);
+        for (const auto& [key, value] : battery.properties())
+            registry.setSource(node, key, [this, name = key] {
+                const auto now = battery.properties();
+                const auto found = now.find(name);
+                return found == now.end() ? Property(PropertyList{}) : found->second;
+            });
+    }
+}
+
+SimulatedPower SimulatedMac::power() const {
+    const auto drains = battery.isDraining();
+    if (!drains) return power_;
+    return *drains ? SimulatedPower::battery : SimulatedPower::mains;
+}
+
+void SimulatedMac::setThermalState(std::int64_t state) {
+    isThermalStateLiving_ = false;
+    thermalState_ = state;
+    thermalStateDidChange.emit();
+}
+
+std::int64_t SimulatedMac::thermalState() const {
+    if (!isThermalStateLiving_) return thermalState_;
+    return graphics.load().device >= warmLoad ? 1 : 0;
 }
 
 SimulatedRegistry::Node SimulatedMac::addAccelerator() {

@@ -8,10 +8,12 @@
 #include <vector>
 
 #include "base/Signal.h"
+#include "platform/simulated/SimulatedBattery.h"
 #include "platform/simulated/SimulatedChannels.h"
 #include "platform/simulated/SimulatedDisks.h"
 #include "platform/simulated/SimulatedGraphics.h"
 #include "platform/simulated/SimulatedHIDSensors.h"
+#include "platform/simulated/SimulatedMemory.h"
 #include "platform/simulated/SimulatedNetwork.h"
 #include "platform/simulated/SimulatedProcessors.h"
 #include "platform/simulated/SimulatedRegistry.h"
@@ -27,12 +29,15 @@ enum class SimulatedPower { mains, battery, uninterruptible, unknown };
 /// ports read. Main executor, except for the parts that any thread may use.
 class SimulatedMac {
 public:
-    SimulatedMac(const Clock& clock, MacShape shape);
+    SimulatedMac(Clock& clock, MacShape shape);
     SimulatedMac(const SimulatedMac&) = delete;
     SimulatedMac& operator=(const SimulatedMac&) = delete;
 
     SimulatedProcessors processors;
     SimulatedGraphics graphics;
+    SimulatedMemory memory;
+    /// Of use where the shape has one; set by `setBattery`.
+    SimulatedBattery battery;
     SimulatedThermals thermals;
     /// Its sensors and fans, twice: as keys, and as human interface devices.
     SimulatedSMC smc;
@@ -60,8 +65,17 @@ public:
     /// Accelerators in their order. One can be removed from the registry or made to tell nothing.
     [[nodiscard]] std::vector<SimulatedRegistry::Node> accelerators() const;
 
+    /// What the battery says of itself from now on, in both places.
+    void setBattery(const BatteryFigures& figures);
+
     void setPower(SimulatedPower power) { power_ = power; }
-    [[nodiscard]] SimulatedPower power() const { return power_; }
+    /// What was set, or, while the battery lives, what goes with it.
+    [[nodiscard]] SimulatedPower power() const;
+
+    /// Tells of it, whether or not that changes something, as the system does. Any number.
+    void setThermalState(std::int64_t state);
+    /// What was set, or, while the machine lives, what its load brings with it.
+    [[nodiscard]] std::int64_t thermalState() const;
 
     /// Tells of it where that changes something.
     void setLowPowerMode(bool enabled);
@@ -76,9 +90,14 @@ public:
     Signal<> willSleep;
     Signal<> didWake;
     Signal<> powerStateDidChange;
+    Signal<> thermalStateDidChange;
 
 private:
+    void addBattery();
+
     SimulatedPower power_ = SimulatedPower::mains;
+    std::int64_t thermalState_ = 0;
+    bool isThermalStateLiving_ = false;
     bool isLowPowerMode_ = false;
     bool isAsleep_ = false;
 };

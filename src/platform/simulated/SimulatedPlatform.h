@@ -9,11 +9,13 @@
 #include "platform/simulated/SimulatedIOReportLibrary.h"
 #include "platform/simulated/SimulatedLocale.h"
 #include "platform/simulated/SimulatedMac.h"
+#include "platform/simulated/SimulatedMemoryPressure.h"
 #include "platform/simulated/SimulatedNetworkInterfaces.h"
 #include "platform/simulated/SimulatedPowerSources.h"
 #include "platform/simulated/SimulatedProcessInfo.h"
 #include "platform/simulated/SimulatedSMCUserClient.h"
 #include "platform/simulated/SimulatedSysctl.h"
+#include "platform/simulated/SimulatedThermalState.h"
 #include "platform/simulated/SimulatedUnifiedLog.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
 #include "platform/simulated/SimulatedWorkspace.h"
@@ -49,6 +51,7 @@ public:
     SimulatedIORegistry ioRegistry;
     SimulatedIOReportLibrary ioReport;
     SimulatedLocale locale;
+    SimulatedMemoryPressure memoryPressure;
     SimulatedNetworkInterfaces networkInterfaces;
     SimulatedPowerSources powerSources;
     SimulatedProcessInfo processInfo;
@@ -56,6 +59,7 @@ public:
     /// In the place of `smc` in the ports, where a test sets one; outlives what was given them.
     SMCUserClient* otherSMC = nullptr;
     SimulatedSysctl sysctl;
+    SimulatedThermalState thermalState;
     SimulatedUnifiedLog unifiedLog;
     SimulatedUserDefaults userDefaults;
     SimulatedWorkspace workspace;

@@ -25,8 +25,10 @@ std::optional<std::string> typeOf(SimulatedPower power) {
 /// What the machine ran on when it was asked.
 class Snapshot final : public PowerSourcesInfo {
 public:
-    Snapshot(SimulatedPower power, Instruments& instruments)
-        : power_(power),
+    Snapshot(const SimulatedMac& mac, Instruments& instruments)
+        : power_(mac.power()),
+          description_(mac.battery.description()),
+          hasBattery_(mac.processors.shape().hasBattery),
           instruments_(instruments),
           held_(instruments.handles.hold(handles::powerSourcesInfo)) {}
 
@@ -34,9 +36,19 @@ public:
         if (instruments_.enter(operations::powerSourcesType)) return std::nullopt;
         return typeOf(power_);
     }
+    [[nodiscard]] std::optional<std::size_t> powerSourceCount() const override {
+        if (instruments_.enter(operations::powerSourcesList)) return std::nullopt;
+        return hasBattery_ ? 1 : 0;
+    }
+    [[nodiscard]] PropertyView powerSourceDescription(std::size_t index) const override {
+        if (instruments_.enter(operations::powerSourcesDescription)) return {};
+        return hasBattery_ && index == 0 ? PropertyView(description_) : PropertyView();
+    }
 
 private:
     SimulatedPower power_;
+    Property description_;
+    bool hasBattery_;
     Instruments& instruments_;
     Subscription held_;
 };
@@ -46,7 +58,7 @@ private:
 std::unique_ptr<PowerSourcesInfo> SimulatedPowerSources::copyPowerSourcesInfo() {
     instruments_.counter.count(operations::powerSourcesCopy);
     if (instruments_.failures.take(operations::powerSourcesNull)) return nullptr;
-    return std::make_unique<Snapshot>(mac_.power(), instruments_);
+    return std::make_unique<Snapshot>(mac_, instruments_);
 }
 
 }  // namespace vtx

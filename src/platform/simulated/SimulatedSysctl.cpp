@@ -67,6 +67,11 @@ std::optional<Data> SimulatedSysctl::value(std::string_view name) const {
 std::optional<Data> SimulatedSysctl::derived(std::string_view name) const {
     const MacShape& shape = processors_.shape();
     if (name == "hw.logicalcpu") return count32(processors_.processorCount());
+    if (name == "hw.memsize") return bytesOf(SimulatedMemory::totalBytes);
+    if (name == "vm.swapusage") {
+        const auto record = encodeSwapUsage(memory_.swap());
+        return Data(record.begin(), record.end());
+    }
     if (name == "machdep.cpu.brand_string") return textOf(shape.chip);
     if (name == "hw.model") return textOf(shape.model);
     if (name == "kern.osversion") return textOf(shape.osBuild);

@@ -103,6 +103,12 @@ void MenuBarController::observeStripSizeSignals() {
     const auto gpuLabel = [](const std::optional<GPUStats>& reading) {
         return compactPercent(reading ? std::optional(reading->deviceUtilization) : std::nullopt);
     };
+    const auto memoryLabel = [](const std::optional<MemoryStats>& reading) {
+        return compactPercent(reading ? std::optional(reading->usedFraction()) : std::nullopt);
+    };
+    const auto thermalLabel = [](const ThermalStats& reading) {
+        return thermalLevelName(reading.level);
+    };
     const auto temperatureLabel = [](const std::optional<TemperatureReading>& reading) {
         return formatTemp(reading ? reading->cpuMaxC : std::nullopt);
     };
@@ -116,6 +122,8 @@ void MenuBarController::observeStripSizeSignals() {
         map(coordinator_.preferences.stream(), changed),
         map(removeDuplicates(map(coordinator_.cpu.latest.stream(), cpuLabel)), changed),
         map(removeDuplicates(map(coordinator_.gpu.latest.stream(), gpuLabel)), changed),
+        map(removeDuplicates(map(coordinator_.memory.latest.stream(), memoryLabel)), changed),
+        map(removeDuplicates(map(coordinator_.thermal.latest.stream(), thermalLabel)), changed),
         map(removeDuplicates(map(coordinator_.temperature.latest.stream(), temperatureLabel)),
             changed),
         map(removeDuplicates(map(coordinator_.fan.latest.stream(), fanLabel)), changed),

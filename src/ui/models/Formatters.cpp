@@ -10,6 +10,7 @@ namespace {
 
 constexpr double kib = 1024.0;
 constexpr double mib = 1048576.0;
+constexpr double gib = 1073741824.0;
 
 std::optional<double> wholePercent(std::optional<double> fraction) {
     if (!fraction || !std::isfinite(*fraction)) return std::nullopt;
@@ -33,9 +34,19 @@ std::string formatMHz(double mhz) {
     return mhz >= 1000.0 ? fmt::format("{:.2f} GHz", mhz / 1000.0) : fmt::format("{:.0f} MHz", mhz);
 }
 
+std::string gigabytes(std::uint64_t bytes) {
+    return fmt::format("{:.1f}G", static_cast<double>(bytes) / gib);
+}
+
 std::string temperatureLabel(std::optional<double> celsius, std::string_view fallback) {
     if (!celsius || !std::isfinite(*celsius)) return std::string(fallback);
     return fmt::format("{:.0f}°C", std::round(*celsius) + 0.0);
+}
+
+std::string thermalLevelName(ThermalStats::Level level) {
+    std::string name(rawValue(level));
+    name.front() = static_cast<char>(name.front() - 'a' + 'A');
+    return name;
 }
 
 std::string formatTemp(std::optional<double> celsius) {
@@ -56,6 +67,14 @@ Tint loadTint(std::optional<double> fraction) {
     if (!fraction || !(*fraction >= 0.7)) return Tint::primary;
     if (*fraction >= 0.95) return Tint::red;
     return *fraction >= 0.85 ? Tint::orange : Tint::yellow;
+}
+
+Tint memoryTint(std::uint64_t used, std::uint64_t total) {
+    if (total == 0) return Tint::primary;
+    const double fraction = static_cast<double>(used) / static_cast<double>(total);
+    if (fraction >= 0.9) return Tint::red;
+    if (fraction >= 0.8) return Tint::orange;
+    return fraction >= 0.65 ? Tint::yellow : Tint::primary;
 }
 
 }  // namespace vtx

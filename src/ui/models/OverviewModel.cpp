@@ -22,6 +22,14 @@ MetricRowModel clockRow(std::string title, const std::optional<double>& mhz) {
     return {"waveform.path.ecg", std::move(title), mhz ? formatMHz(*mhz) : std::string(emptyMark)};
 }
 
+void addMemoryRows(std::vector<MetricRowModel>& rows, const std::optional<MemoryStats>& memory) {
+    const std::string none(emptyMark);
+    rows.push_back({"memorychip", "Memory used", memory ? gigabytes(memory->usedBytes) : none,
+                    memory ? memoryTint(memory->usedBytes, memory->totalBytes) : Tint::primary});
+    rows.push_back(
+        {"arrow.triangle.swap", "Swap", memory ? gigabytes(memory->swapUsedBytes) : none});
+}
+
 }  // namespace
 
 OverviewModel describeOverview(const OverviewReadings& readings) {
@@ -51,6 +59,7 @@ OverviewModel describeOverview(const OverviewReadings& readings) {
     const auto& temperature = readings.temperature;
     rows.push_back({"thermometer.variable", "Temperature",
                     formatTemp(temperature ? temperature->cpuMaxC : std::nullopt)});
+    addMemoryRows(rows, readings.memory);
     return model;
 }
 

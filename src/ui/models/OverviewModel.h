@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "memory/MemoryStats.h"
 #include "smc/TemperatureReading.h"
 #include "telemetry/CPUStats.h"
 #include "telemetry/GPUStats.h"
@@ -23,6 +24,8 @@ struct OverviewReadings {
     std::optional<GPUStats> gpu = std::nullopt;
     /// Absent until there is one, and on a machine without sensors.
     std::optional<TemperatureReading> temperature = std::nullopt;
+    /// Absent until there is one.
+    std::optional<MemoryStats> memory = std::nullopt;
 };
 
 /// One live row: a symbol, what it is, how much it is.

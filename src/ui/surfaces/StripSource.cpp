@@ -2,6 +2,7 @@
 #include "ui/surfaces/StripSource.h"
 
 #include "core/MetricsCoordinator.h"
+#include "ui/models/Formatters.h"
 
 namespace vtx {
 
@@ -17,6 +18,9 @@ StripReadings stripReadingsOf(const MetricsCoordinator& coordinator) {
         readings.diskWrittenPerSecond = disk->bytesWrittenPerSecond;
     }
     readings.fanMaxRPM = coordinator.fan.latest->maxRPM();
+    readings.thermalLevel = thermalLevelName(coordinator.thermal.latest->level);
+    if (const auto& memory = *coordinator.memory.latest)
+        readings.memoryFraction = memory->usedFraction();
     readings.criticalMetric = *coordinator.criticalMetric;
     return readings;
 }
@@ -28,6 +32,8 @@ Subscriptions followStripReadings(MetricsCoordinator& coordinator,
     tokens.push_back(coordinator.cpu.latest.subscribe(changed));
     tokens.push_back(coordinator.gpu.latest.subscribe(changed));
     tokens.push_back(coordinator.gpu.isAvailable.subscribe(changed));
+    tokens.push_back(coordinator.memory.latest.subscribe(changed));
+    tokens.push_back(coordinator.thermal.latest.subscribe(changed));
     tokens.push_back(coordinator.temperature.latest.subscribe(changed));
     tokens.push_back(coordinator.diskIO.latest.subscribe(changed));
     tokens.push_back(coordinator.fan.latest.subscribe(changed));

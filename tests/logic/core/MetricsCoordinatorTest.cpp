@@ -153,6 +153,21 @@ TEST(MetricsCoordinator, while_nobody_observes_it_monitors_changes_start_no_time
     EXPECT_TRUE(b.clock.pending().empty());
 }
 
+TEST(MetricsCoordinator, readings_of_memory_heat_and_battery_tell_its_observers) {
+    CoordinatorBench b;
+    int told = 0;
+    const auto token = b.coordinator.objectWillChange.subscribe([&told] { ++told; });
+    b.coordinator.memory.pressure = MemoryStats::Pressure::warning;
+    b.advance(seconds(1));
+    EXPECT_EQ(told, 1);
+    b.mac.setThermalState(1);
+    b.advance(seconds(1));
+    EXPECT_EQ(told, 2);
+    b.coordinator.refreshBattery();
+    b.advance(seconds(1));
+    EXPECT_EQ(told, 3);
+}
+
 TEST(MetricsCoordinator, a_graphics_reading_tells_the_coordinators_observers) {
     CoordinatorBench b;
     int told = 0;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "support/CoordinatorBench.h"
 
@@ -133,6 +134,68 @@ TEST(PassTable, samplers_stand_in_their_laid_down_order_and_phase) {
         EXPECT_EQ(row.refreshNow != nullptr, row.phase != concurrent) << row.name;
     }
     EXPECT_FALSE(passTable().empty());
+}
+
+TEST(PassNeeds, an_idle_pass_samples_the_memory_where_a_preference_asks_for_it) {
+    for (bool DisplayPreferences::* const wish :
+         {&DisplayPreferences::showMemory, &DisplayPreferences::menuBarLiveMemory,
+          &DisplayPreferences::alertMemoryEnabled, &DisplayPreferences::alertPressureEnabled,
+          &DisplayPreferences::autoRelieveOnPressure, &DisplayPreferences::menuBarCompact}) {
+        CoordinatorBench b;
+        b.coordinator.preferences = nothingWanted();
+        b.coordinator.start();
+        b.settle();
+        EXPECT_EQ(*b.coordinator.memory.latest, std::nullopt);
+        b.change([wish](auto& p) { p.*wish = true; });
+        b.advance(seconds(1));
+        EXPECT_TRUE(b.coordinator.memory.latest->has_value());
+    }
+}
+
+TEST(PassNeeds, the_thermal_level_is_read_in_every_pass) {
+    CoordinatorBench b;
+    b.coordinator.preferences = nothingWanted();
+    b.coordinator.start();
+    b.settle();
+    const auto before = b.coordinator.thermal.latest->timestamp;
+    b.advance(seconds(1));
+    EXPECT_GT(b.coordinator.thermal.latest->timestamp, before);
+}
+
+TEST(PassNeeds, the_battery_is_sampled_while_a_surface_is_open_and_never_else) {
+    CoordinatorBench b;
+    b.mac.setLowPowerMode(true);
+    b.change([](auto& p) { p.menuBarCompact = true; });
+    b.coordinator.start();
+    b.advance(seconds(3));
+    EXPECT_EQ(*b.coordinator.battery.latest, std::nullopt);
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.settle();
+    ASSERT_TRUE(b.coordinator.battery.latest->has_value());
+    EXPECT_TRUE(b.coordinator.battery.latest->value().lowPowerModeEnabled);
+    ASSERT_TRUE(b.coordinator.temperature.latest->has_value());
+    EXPECT_EQ(b.coordinator.battery.latest->value().temperatureC,
+              b.coordinator.temperature.latest->value().batteryC);
+    EXPECT_TRUE(b.coordinator.battery.latest->value().temperatureC);
+}
+
+// The surfaces may close while the samplers before it run.
+TEST(PassNeeds, the_mode_is_read_again_before_what_only_open_surfaces_want) {
+    CoordinatorBench b;
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.settle();
+    const auto before = b.coordinator.battery.latest->value().timestamp;
+    auto closing =
+        b.coordinator.thermal.latest.subscribe([&b, isFirst = true](const auto&) mutable {
+            if (!std::exchange(isFirst, false)) b.coordinator.pollingMode = PollingMode::background;
+        });
+    b.advance(seconds(1));
+    EXPECT_EQ(b.coordinator.battery.latest->value().timestamp, before);
+    closing = b.coordinator.thermal.latest.subscribe(
+        [&b](const auto&) { b.coordinator.pollingMode = PollingMode::active; });
+    b.coordinator.pollingMode = PollingMode::background;
+    b.advance(seconds(1));
+    EXPECT_GT(b.coordinator.battery.latest->value().timestamp, before);
 }
 
 TEST(PassNeeds, an_idle_pass_samples_the_graphics_where_a_preference_asks_for_it) {

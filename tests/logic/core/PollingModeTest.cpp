@@ -162,6 +162,7 @@ TEST(PollingModes, closing_every_surface_stops_what_only_they_need) {
     preferences.showCPU = preferences.menuBarLiveCPU = false;
     preferences.showGPU = preferences.menuBarLiveGPU = false;
     preferences.showDiskIO = preferences.menuBarLiveDisk = false;
+    preferences.showMemory = preferences.menuBarLiveMemory = false;
     preferences.showThermal = preferences.menuBarLiveTemp = false;
     preferences.showFan = preferences.menuBarLiveFan = false;
     m.controller.coordinator().preferences = preferences;
@@ -171,8 +172,10 @@ TEST(PollingModes, closing_every_surface_stops_what_only_they_need) {
         m.bench.advance(seconds(10));
         return m.bench.platform.calls("host_processor_info");
     };
+    // The thermal level is watched in every mode.
+    const CallCounter::Counts idle{{"processInfo:thermalState", 10}};
     EXPECT_EQ(samplesInTenSeconds(), 0U);
-    EXPECT_EQ(m.bench.platform.totalCalls(), 0U);
+    EXPECT_EQ(m.bench.platform.instruments.counter.all(), idle);
     m.controller.togglePopover();
     EXPECT_EQ(samplesInTenSeconds(), 10U);
     m.controller.togglePopover();
@@ -181,7 +184,7 @@ TEST(PollingModes, closing_every_surface_stops_what_only_they_need) {
     EXPECT_EQ(samplesInTenSeconds(), 10U);
     m.surfaces.dashboard->userCloses();
     EXPECT_EQ(samplesInTenSeconds(), 0U);
-    EXPECT_EQ(m.bench.platform.totalCalls(), 0U);
+    EXPECT_EQ(m.bench.platform.instruments.counter.all(), idle);
 }
 
 // The processor's sensors and the battery's, the number of fans, and four speeds of each.
@@ -206,6 +209,9 @@ TEST(PollingModes, each_mode_asks_the_platform_for_this_and_no_more_in_a_pass) {
                                      {"IORegistryEntryGetRegistryEntryID", 1},
                                      {"IOObjectRelease", 2},
                                      {"vm_deallocate", 1},
+                                     {"host_statistics64", 1},
+                                     {"sysctlbyname:vm.swapusage", 1},
+                                     {"processInfo:thermalState", 1},
                                      {"IOReportCreateSamples", 1},
                                      {"IOReportCreateSamplesDelta", 1},
                                      {"IORegistryEntryCreateCFProperties", 1},
@@ -213,6 +219,12 @@ TEST(PollingModes, each_mode_asks_the_platform_for_this_and_no_more_in_a_pass) {
                                      {"SMC:readValue", values}};
         if (mode == active) {
             expected.insert({{"getifaddrs", 1}, {"getnameinfo", 8}, {"freeifaddrs", 1}});
+            ++expected["IORegistryEntryCreateCFProperties"];
+            for (const auto* call :
+                 {"powerSources:copy", "powerSources:type", "powerSources:list",
+                  "powerSources:description", "IOServiceMatching", "IOServiceGetMatchingService",
+                  "IOObjectRelease", "processInfo:isLowPowerModeEnabled"})
+                ++expected[call];
         }
         EXPECT_EQ(b.platform.instruments.counter.all(), expected) << name(mode);
     }

@@ -3,14 +3,22 @@
 
 #include <gtest/gtest.h>
 
+#include "linux/SteadyMemory.h"
 #include "linux/TemporaryTree.h"
+#include "support/AtOnceExecutor.h"
 
 namespace vtx::test {
 namespace {
 
 std::string sourceOf(const std::string& folder) {
     const LinuxRoot root(folder);
-    return LinuxPowerSources(root).copyPowerSourcesInfo()->providingPowerSourceType().value();
+    const ManualClock clock;
+    AtOnceExecutor worker;
+    BatteryGauge gauge(root, clock, worker, std::make_shared<NoChanges>());
+    return LinuxPowerSources(root, gauge)
+        .copyPowerSourcesInfo()
+        ->providingPowerSourceType()
+        .value();
 }
 
 /// A machine with the supplies that a test gives it.

@@ -25,20 +25,22 @@ const std::map<std::string, std::set<std::string>>& layers() {
         {"platform/linux", {"base", "platform", "platform/shapes"}},
         {"platform/simulated", {"base", "platform", "platform/shapes"}},
         {"telemetry", {"base", "platform"}},
+        {"memory", {"base", "platform", "telemetry"}},
         {"smc", {"base", "platform", "telemetry"}},
         {"fan", {"base", "platform", "smc"}},
         {"language", {"base", "platform"}},
-        {"core", {"base", "platform", "telemetry", "smc", "fan", "language"}},
-        {"ui/models", {"base", "telemetry", "smc", "language", "core"}},
-        {"ui/controller", {"base", "platform", "telemetry", "core", "ui/models"}},
+        {"core", {"base", "platform", "telemetry", "memory", "smc", "fan", "language"}},
+        {"ui/models", {"base", "telemetry", "memory", "smc", "language", "core"}},
+        {"ui/controller", {"base", "platform", "telemetry", "memory", "core", "ui/models"}},
         {"ui/kit", {"base"}},
         {"ui/shell", {"base", "platform", "platform/linux", "ui/kit"}},
         {"ui/surfaces",
-         {"base", "platform", "telemetry", "language", "core", "ui/models", "ui/controller",
-          "ui/kit", "ui/shell"}},
+         {"base", "platform", "telemetry", "memory", "language", "core", "ui/models",
+          "ui/controller", "ui/kit", "ui/shell"}},
         {"app",
-         {"base", "platform", "platform/linux", "platform/simulated", "telemetry", "smc", "fan",
-          "language", "core", "ui/models", "ui/controller", "ui/kit", "ui/shell", "ui/surfaces"}},
+         {"base", "platform", "platform/linux", "platform/simulated", "telemetry", "memory", "smc",
+          "fan", "language", "core", "ui/models", "ui/controller", "ui/kit", "ui/shell",
+          "ui/surfaces"}},
     };
     return all;
 }
@@ -107,8 +109,9 @@ TEST(IncludeDirection, no_arrow_points_up) {
 }
 
 TEST(IncludeDirection, logic_includes_neither_a_toolkit_nor_the_operating_system) {
-    const std::set<std::string> logic{"base",     "platform", "telemetry", "smc",          "fan",
-                                      "language", "core",     "ui/models", "ui/controller"};
+    const std::set<std::string> logic{"base",      "platform",     "telemetry", "memory",
+                                      "smc",       "fan",          "language",  "core",
+                                      "ui/models", "ui/controller"};
     for (const auto& file : sourceFiles()) {
         if (!logic.contains(layerOf(file))) continue;
         for (const auto& include : includesOf(file))

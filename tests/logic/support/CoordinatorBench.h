@@ -24,7 +24,7 @@ public:
 class CoordinatorBench : public AppBench {
 public:
     explicit CoordinatorBench(SimulatedUserDefaults::Values settings = {})
-        : AppBench(MacShape::standard(), std::move(settings)) {}
+        : AppBench(MacShape::laptop(), std::move(settings)) {}
 
     MetricsCoordinator coordinator{std::make_unique<Services>(ports(), executors()), ports(),
                                    executors()};

@@ -48,6 +48,8 @@ public:
     /// The process ends, as far as its shared sensors go: what they hold of the machine they give
     /// back.
     void dropSensors() { sensors_.reset(); }
+    /// Another run of the program begins on the same machine.
+    void restartSensors() { sensors_.emplace(platform.ports()); }
 
 private:
     LogSink* previousSink_;

@@ -85,5 +85,26 @@ TEST(Formatters, loads_are_tinted_from_70_85_and_95_percent) {
     EXPECT_EQ(loadTint(nan), Tint::primary);
 }
 
+TEST(Formatters, gigabytes_are_units_of_two_to_the_thirtieth) {
+    EXPECT_EQ(gigabytes(0), "0.0G");
+    EXPECT_EQ(gigabytes(std::uint64_t{1} << 30), "1.0G");
+    EXPECT_EQ(gigabytes(8'482'560'410), "7.9G");
+}
+
+TEST(Formatters, memory_is_tinted_by_its_used_part) {
+    const std::pair<std::uint64_t, Tint> cases[] = {
+        {0, Tint::primary},  {649, Tint::primary}, {650, Tint::yellow},
+        {799, Tint::yellow}, {800, Tint::orange},  {899, Tint::orange},
+        {900, Tint::red},    {1000, Tint::red},    {1200, Tint::red}};
+    for (const auto& [used, tint] : cases) EXPECT_EQ(memoryTint(used, 1000), tint) << used;
+    EXPECT_EQ(memoryTint(5, 0), Tint::primary);
+}
+
+TEST(Formatters, thermal_levels_are_capitalised) {
+    std::string names;
+    for (const auto level : ThermalStats::allLevels) names.append(thermalLevelName(level) + " ");
+    EXPECT_EQ(names, "Nominal Fair Serious Critical ");
+}
+
 }  // namespace
 }  // namespace vtx

@@ -41,7 +41,9 @@ TEST(OverviewModel, before_any_reading_the_rows_stand_with_dashes) {
                             MetricRowModel{"p.circle", "P-cores (8)", "—", Tint::primary},
                             MetricRowModel{"e.circle", "E-cores (4)", "—", Tint::primary},
                             MetricRowModel{"display", "GPU", "—", Tint::primary},
-                            MetricRowModel{"thermometer.variable", "Temperature", "—"}));
+                            MetricRowModel{"thermometer.variable", "Temperature", "—"},
+                            MetricRowModel{"memorychip", "Memory used", "—"},
+                            MetricRowModel{"arrow.triangle.swap", "Swap", "—"}));
 }
 
 TEST(OverviewModel, rows_show_the_loads_with_their_tints) {
@@ -50,7 +52,9 @@ TEST(OverviewModel, rows_show_the_loads_with_their_tints) {
                             MetricRowModel{"p.circle", "P-cores (8)", "88 %", Tint::orange},
                             MetricRowModel{"e.circle", "E-cores (4)", "74 %", Tint::yellow},
                             MetricRowModel{"display", "GPU", "—", Tint::primary},
-                            MetricRowModel{"thermometer.variable", "Temperature", "—"}));
+                            MetricRowModel{"thermometer.variable", "Temperature", "—"},
+                            MetricRowModel{"memorychip", "Memory used", "—"},
+                            MetricRowModel{"arrow.triangle.swap", "Swap", "—"}));
 }
 
 TEST(OverviewModel, a_cluster_without_cores_has_no_row) {
@@ -108,11 +112,29 @@ TEST(OverviewModel, the_temperature_has_its_row_after_the_graphics) {
     EXPECT_EQ(rowOf(rowsWith(std::nullopt), "Temperature").value, "—");
 }
 
+TEST(OverviewModel, memory_and_swap_have_their_rows_and_memory_its_tint) {
+    MemoryStats memory;
+    memory.totalBytes = std::uint64_t{10} << 30;
+    memory.usedBytes = std::uint64_t{9} << 30;
+    memory.swapUsedBytes = std::uint64_t{3} << 29;
+    OverviewReadings readings;
+    readings.memory = memory;
+    auto rows = describeOverview(readings).liveRows;
+    EXPECT_EQ(rows[rows.size() - 2],
+              (MetricRowModel{"memorychip", "Memory used", "9.0G", Tint::red}));
+    EXPECT_EQ(rows.back(), (MetricRowModel{"arrow.triangle.swap", "Swap", "1.5G", Tint::primary}));
+    --readings.memory->usedBytes;
+    rows = describeOverview(readings).liveRows;
+    EXPECT_EQ(rows[rows.size() - 2].tint, Tint::orange);
+}
+
 TEST(OverviewModel, a_machine_that_tells_no_layout_still_has_its_cpu_row) {
     EXPECT_THAT(describeOverview({}).liveRows,
                 ElementsAre(MetricRowModel{"cpu", "CPU", "—", Tint::primary},
                             MetricRowModel{"display", "GPU", "—", Tint::primary},
-                            MetricRowModel{"thermometer.variable", "Temperature", "—"}));
+                            MetricRowModel{"thermometer.variable", "Temperature", "—"},
+                            MetricRowModel{"memorychip", "Memory used", "—"},
+                            MetricRowModel{"arrow.triangle.swap", "Swap", "—"}));
 }
 
 }  // namespace

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include "Fuzz.h"
+#include "platform/linux/MemInfo.h"
+
+using namespace vtx;
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const auto text = fuzz::asInputText(data, size);
+    const auto zram = parseZramPool(text);
+    const auto info = parseMemInfo(text);
+    if (!info) return 0;
+    const auto available = info->available < info->total ? info->available : info->total;
+    for (const std::uint64_t pageSize : {4096U, 16'384U, 65'536U}) {
+        const std::uint64_t perPage = pageSize / 1024;
+        const auto pages = pageCountsOf(*info, zram.value_or(0), pageSize);
+        fuzz::expect(pages.active + pages.wired + pages.compressor ==
+                     info->total / perPage - available / perPage);
+        fuzz::expect(pages.free + pages.inactive == available / perPage);
+    }
+    return 0;
+}
