@@ -25,6 +25,7 @@ const std::map<std::string, std::set<std::string>>& layers() {
         {"platform/simulated", {"base", "platform", "platform/shapes"}},
         {"telemetry", {"base", "platform"}},
         {"language", {"base", "platform"}},
+        {"language/linux", {"base", "language"}},
         {"core", {"base", "platform", "telemetry", "language"}},
         {"ui/models", {"base", "telemetry", "language", "core"}},
         {"ui/controller", {"base", "platform", "telemetry", "core", "ui/models"}},
@@ -35,7 +36,8 @@ const std::map<std::string, std::set<std::string>>& layers() {
           "ui/kit", "ui/shell"}},
         {"app",
          {"base", "platform", "platform/linux", "platform/simulated", "telemetry", "language",
-          "core", "ui/models", "ui/controller", "ui/kit", "ui/shell", "ui/surfaces"}},
+          "language/linux", "core", "ui/models", "ui/controller", "ui/kit", "ui/shell",
+          "ui/surfaces"}},
     };
     return all;
 }
