@@ -25,10 +25,11 @@ int main(int argc, char** argv) {
 
     vtx::QtMainExecutor mainExecutor;
     vtx::QtRunLoop runLoop;
-    const vtx::LinuxDesktop desktop(runLoop, mainExecutor);
+    vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxPlatform platform(runLoop, mainExecutor, {});
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });
-    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick}, std::move(options));
+    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick}, std::move(options),
+                            desktop.tray());
     return vantrix.run();
 }

@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
 
     vtx::QtMainExecutor mainExecutor;
     vtx::QtRunLoop runLoop;
-    const vtx::LinuxDesktop desktop(runLoop, mainExecutor);
+    vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxClock clock(runLoop);
     vtx::SimulatedPlatform platform(clock);
     platform.mac.live(1);
@@ -34,6 +34,7 @@ int main(int argc, char** argv) {
     platform.unifiedLog.setEcho(true);
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });
-    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick}, std::move(options));
+    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick}, std::move(options),
+                            desktop.tray());
     return vantrix.run();
 }
