@@ -139,10 +139,10 @@ constexpr auto itWording = std::to_array<TextEntry>({
     {memory_pressureCritical,
      "Il sistema sta limitando le prestazioni. Chiudi qualcosa dall'elenco qui sotto."},
     {gpu_unavailableBody,
-     "Su questo sistema nessun driver grafico riporta il proprio carico. È frequente nelle "
+     "Su questo sistema nessun driver grafico segnala il proprio carico. È frequente nelle "
      "macchine virtuali e con hardware molto recente."},
     {fan_unavailable, "Questo computer non segnala alcuna ventola."},
-    {ane_unavailableBody, "Il computer non ha una ANE oppure il suo driver non riporta nulla."},
+    {ane_unavailableBody, "Il computer non ha una ANE oppure il suo driver non segnala nulla."},
     {settings_alertsDenied,
      "⚠️ Le notifiche di Vantrix sono disattivate — attivale nelle impostazioni del tuo desktop → "
      "Notifiche."},

@@ -64,7 +64,7 @@ constexpr auto deTable = std::to_array<TextEntry>({
 
     // Background hogs
     {hog_title, "Hintergrund-Hogs"},
-    {hog_empty, "Noch nichts hat die Schwelle überschritten."},
+    {hog_empty, "Bisher hat nichts die Schwelle überschritten."},
     {hog_disabledHint,
      "Aktiviere die Erkennung in den Einstellungen, um Hintergrund-Hogs zu sehen."},
 
@@ -119,7 +119,7 @@ constexpr auto deTable = std::to_array<TextEntry>({
     {settings_graphECore, "E-Kerne"},
     {settings_graphGPU, "GPU"},
     {settings_graphMemory, "Arbeitsspeicher"},
-    {settings_colors, "Farben (statt der Standardfarben)"},
+    {settings_colors, "Farben (Standard überschreiben)"},
     {settings_colorsFooter, "Für den Standard leer lassen. Zum Ändern klicken."},
     {settings_alerts, "Benachrichtigungen"},
     {settings_alertsFooter,
@@ -250,7 +250,7 @@ constexpr auto deTableV3Additions = std::to_array<TextEntry>({
     // Fan control
     {fanControl_title, "Lüftersteuerung"},
     {fanControl_warning,
-     "Eingriff in die Hardware. Wer die Lüfter von Hand steuert, kann die Temperaturen erhöhen. "
+     "Eingriff in die Hardware. Die Lüfter von Hand zu steuern kann die Temperaturen erhöhen. "
      "Vantrix kehrt beim Beenden, im Ruhezustand und nach einer Sicherheitsfrist automatisch zur "
      "Firmware-Steuerung zurück."},
     {fanControl_failsafeNote,

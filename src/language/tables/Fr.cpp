@@ -120,7 +120,7 @@ constexpr auto frTable = std::to_array<TextEntry>({
     {settings_graphECore, "Cœurs E"},
     {settings_graphGPU, "GPU"},
     {settings_graphMemory, "Mémoire"},
-    {settings_colors, "Couleurs (à la place des couleurs par défaut)"},
+    {settings_colors, "Couleurs (remplacent celles par défaut)"},
     {settings_colorsFooter, "Laissez vide pour la couleur par défaut. Cliquez pour modifier."},
     {settings_alerts, "Notifications"},
     {settings_alertsFooter,

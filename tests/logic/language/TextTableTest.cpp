@@ -33,6 +33,11 @@ TEST(TextTable, a_key_in_neither_list_is_absent_whereas_an_empty_text_is_there) 
     EXPECT_EQ(table.text(Key::cpu_idle), "");
 }
 
+TEST(TextTable, takes_one_view_for_each_key_and_copies_no_text) {
+    EXPECT_EQ(sizeof(TextTable), L10n::keyCount * sizeof(std::string_view));
+    EXPECT_EQ(TextTable({overview, {}}).text(Key::section_overview)->data(), overview[0].text);
+}
+
 TEST(TextTableDeathTest, a_key_twice_in_one_list_stops_the_program_and_is_named) {
     EXPECT_DEATH(TextTable({idleTwice, {}}), "cpu_idle twice");
     EXPECT_DEATH(TextTable({{}, idleTwice}), "cpu_idle twice");
