@@ -26,7 +26,8 @@ Prints what one pass costs beside bare reads of the files it needs.
   --help         shows this text
 )";
 
-constexpr int worksInARound = 3;
+constexpr int worksInARound = 7;
+constexpr int passesForWakeUps = 30;
 
 int number(const std::string& text) {
     int value = 0;
@@ -40,6 +41,11 @@ int number(const std::string& text) {
 std::string row(const char* name, const Statistics& times, const Statistics& floor) {
     return fmt::format("  {:<24}{:>12.1f}{:>12.1f}{:>12.2f}\n", name, times.median().count(),
                        times.p95().count(), times.median() / floor.median());
+}
+
+std::string where(const std::string& recorded) {
+    if (recorded.empty()) return {};
+    return fmt::format("    (this machine has none: on a copy of the recorded {})\n", recorded);
 }
 
 int run(const std::vector<std::string>& arguments) {
@@ -59,7 +65,8 @@ int run(const std::vector<std::string>& arguments) {
         *option = number(arguments[++i]);
     }
     const std::chrono::milliseconds gap(interval / worksInARound);
-    const PassCosts costs = PassMeter().measure(passes, gap);
+    PassMeter meter;
+    const PassCosts costs = meter.measure(passes, gap);
     std::fputs(
         fmt::format("CPU time of one pass ({} passes, {} ms apart)\n", passes, interval).c_str(),
         stdout);
@@ -69,6 +76,14 @@ int run(const std::vector<std::string>& arguments) {
     std::fputs(row("the pass, both threads", costs.pass, costs.preads).c_str(), stdout);
     std::fputs(row("its system part", costs.system, costs.preads).c_str(), stdout);
     std::fputs(row("preads of its files", costs.preads, costs.preads).c_str(), stdout);
+    std::fputs("CPU time of one step of an engine alone\n", stdout);
+    std::fputs(row("the clocks", costs.clocks, costs.clockPreads).c_str(), stdout);
+    std::fputs(where(meter.clocksRecorded()).c_str(), stdout);
+    std::fputs(row("the graphics", costs.graphics, costs.graphicsPreads).c_str(), stdout);
+    std::fputs(where(meter.graphicsRecorded()).c_str(), stdout);
+    const auto wakeUps = meter.wakeUps(passesForWakeUps, std::chrono::milliseconds(interval));
+    std::fputs(fmt::format("Wake-ups of one pass, its timer's included: {:.2f}\n", wakeUps).c_str(),
+               stdout);
     return EXIT_SUCCESS;
 }
 

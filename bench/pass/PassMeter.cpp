@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "pass/PassMeter.h"
 
+#include <unistd.h>
+
 #include <stdexcept>
 
+#include "ProcessCost.h"
 #include "base/Executors.h"
 #include "base/Shared.h"
 #include "language/Localization.h"
@@ -47,6 +50,10 @@ PassCosts PassMeter::measure(int rounds, std::chrono::milliseconds gap) {
         const auto system = timeSystem();
         wait(gap);
         const auto preads = timePreads();
+        PassCosts ignored;
+        PassCosts& chip = round < 0 ? ignored : costs;
+        timeChip(*clocks_, chip.clocks, chip.clockPreads, gap);
+        timeChip(*graphics_, chip.graphics, chip.graphicsPreads, gap);
         if (round < 0) continue;
         costs.pass.add(pass);
         costs.system.add(system);
@@ -89,12 +96,36 @@ std::chrono::nanoseconds PassMeter::onWorker(const std::function<bool()>& work) 
 std::chrono::nanoseconds PassMeter::timePass(std::chrono::milliseconds gap) {
     const auto worker = workerClock_->used();
     const auto main = mainClock_.used();
-    isPassDone_ = false;
-    tasks_.spawn([this](std::stop_token) { return pass(); });
-    runUntil(isPassDone_);
+    runPass();
     const auto mainUsed = mainClock_.used() - main;
     wait(gap);  // until the worker waits again
     return mainUsed + workerClock_->used() - worker;
+}
+
+void PassMeter::runPass() {
+    isPassDone_ = false;
+    tasks_.spawn([this](std::stop_token) { return pass(); });
+    runUntil(isPassDone_);
+}
+
+double PassMeter::wakeUps(int rounds, std::chrono::milliseconds interval) {
+    runPass();
+    const auto before = readCost(::getpid());
+    for (int round = 0; round < rounds; ++round) {
+        wait(interval);
+        runPass();
+    }
+    return static_cast<double>(between(before, readCost(::getpid())).wakeUps) / rounds;
+}
+
+void PassMeter::timeChip(ChipEngine& engine, Statistics& ticks, Statistics& preads,
+                         std::chrono::milliseconds gap) {
+    engine.goOn();
+    wait(gap);
+    // The first step sets the baseline, so that the first round may give no reading.
+    ticks.add(onWorker([&] { return (void)engine.tick(), true; }));
+    wait(gap);
+    preads.add(onWorker([&] { return engine.read(); }));
 }
 
 std::chrono::nanoseconds PassMeter::timeSystem() {

@@ -5,16 +5,21 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "TemporaryFolder.h"
 #include "base/SerialExecutor.h"
 #include "base/TaskScope.h"
 #include "core/MetricsCoordinator.h"
+
+#include "fan/SharedFans.h"
+#include "pass/ChipEngines.h"
 #include "pass/Statistics.h"
 #include "pass/ThreadClock.h"
 #include "platform/linux/KeptFile.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PollRunLoop.h"
+#include "smc/SharedSensors.h"
 #include "telemetry/SharedTelemetry.h"
 
 namespace vtx::bench {
@@ -27,6 +32,10 @@ struct PassCosts {
     Statistics system;
     /// One read each of the files that these need, kept open.
     Statistics preads;
+    /// A step of the engine of the clocks, and reads of its files.
+    Statistics clocks, clockPreads;
+    /// The same of the graphics.
+    Statistics graphics, graphicsPreads;
 };
 
 /// A coordinator on this machine with the preferences of a first start, and no surface. Lives on
@@ -40,6 +49,13 @@ public:
     /// leaves them. The first rounds are not counted.
     [[nodiscard]] PassCosts measure(int rounds, std::chrono::milliseconds gap);
 
+    /// How often a thread of this process is woken for one pass, the timer before it included.
+    [[nodiscard]] double wakeUps(int rounds, std::chrono::milliseconds interval);
+
+    /// The recorded machine on which the engine is measured; empty for this one.
+    [[nodiscard]] const std::string& clocksRecorded() const { return clocks_->recorded(); }
+    [[nodiscard]] const std::string& graphicsRecorded() const { return graphics_->recorded(); }
+
 private:
     Task<> pass();
     void wait(std::chrono::milliseconds gap);
@@ -49,13 +65,20 @@ private:
     [[nodiscard]] std::chrono::nanoseconds timePass(std::chrono::milliseconds gap);
     [[nodiscard]] std::chrono::nanoseconds timeSystem();
     [[nodiscard]] std::chrono::nanoseconds timePreads();
+    void timeChip(ChipEngine& engine, Statistics& ticks, Statistics& preads,
+                  std::chrono::milliseconds gap);
+    void runPass();
 
     TemporaryFolder settings_;
     PollRunLoop loop_;
     SerialExecutor tick_;
     LinuxPlatform platform_;
     KeptFile stat_;
+    std::unique_ptr<ChipEngine> clocks_ = ChipEngine::clocks(loop_);
+    std::unique_ptr<ChipEngine> graphics_ = ChipEngine::graphics(loop_);
     SharedTelemetry shared_{platform_.ports()};
+    SharedSensors sensors_{platform_.ports()};
+    SharedFans fans_{platform_.ports()};
     std::unique_ptr<MetricsCoordinator> coordinator_;
     ThreadClock mainClock_;
     std::optional<ThreadClock> workerClock_;

@@ -6,8 +6,10 @@
 #include "app/AppDelegate.h"
 #include "app/PictureTour.h"
 #include "base/Shared.h"
+#include "fan/SharedFans.h"
 #include "language/Localization.h"
 #include "platform/UnifiedLog.h"
+#include "smc/SharedSensors.h"
 #include "telemetry/SharedTelemetry.h"
 #include "ui/shell/NativeWindowSystem.h"
 #include "ui/shell/WindowSystem.h"
@@ -20,7 +22,10 @@ namespace {
 class SharedObjects {
 public:
     SharedObjects(const Ports& ports, PlatformWording wording)
-        : previous_(AppLog::install(&ports.unifiedLog)), telemetry_(ports) {
+        : previous_(AppLog::install(&ports.unifiedLog)),
+          telemetry_(ports),
+          sensors_(ports),
+          fans_(ports) {
         Shared<Localization>::setFactory([&locale = ports.locale, wording] {
             return std::make_unique<Localization>(locale, wording);
         });
@@ -35,6 +40,8 @@ public:
 private:
     LogSink* previous_;
     SharedTelemetry telemetry_;
+    SharedSensors sensors_;
+    SharedFans fans_;
 };
 
 }  // namespace

@@ -27,6 +27,7 @@ private:
     template <class Result>
     struct State : Suspension {
         std::optional<Result> result;
+        Executor* executor = nullptr;  ///< that of the step
     };
 
     template <class Result>
@@ -42,9 +43,11 @@ private:
         void await_suspend(std::coroutine_handle<Promise> handle) {
             state = std::make_shared<State<Result>>();
             point.arm(handle, state);
+            state->executor = &executor;
             executor.post([engine = std::move(engine), step = step, state = state]() mutable {
                 state->result.emplace(((*engine).*step)());
-                resumeLater(std::move(state));
+                Executor& home = *state->home;
+                state->executor->tell(home, [state = std::move(state)] { resumeNow(state); });
             });
         }
         Result await_resume() { return std::move(*state->result); }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <utility>
+
 #include "base/Job.h"
 
 namespace vtx {
@@ -17,6 +19,11 @@ public:
     /// Any thread. The job runs later, never inside the call, and is dropped unrun if the executor
     /// goes first.
     virtual void post(Job job) = 0;
+
+    /// From within a job of this executor: has `home` run a job that tells what this one did. An
+    /// executor of jobs that often come in a row may tell of them together, in their order, so that
+    /// `home` is woken once.
+    virtual void tell(Executor& home, Job job) { home.post(std::move(job)); }
 
     /// Whether the calling code runs on this executor; for assertions.
     [[nodiscard]] virtual bool isCurrent() const = 0;

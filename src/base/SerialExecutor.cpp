@@ -1,7 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "base/SerialExecutor.h"
 
+#include <utility>
+
 namespace vtx {
+namespace {
+
+/// Where jobs keep coming, what was done is told after so many.
+constexpr int mostInARow = 16;
+
+}  // namespace
 
 SerialExecutor::~SerialExecutor() {
     {
@@ -10,6 +18,7 @@ SerialExecutor::~SerialExecutor() {
     }
     wake_.notify_one();
     if (thread_.joinable()) thread_.join();
+    told_.clear();
     // One by one, for what a dropped job owned may post again as it goes.
     while (!jobs_.empty()) {
         const Job dropped = std::move(jobs_.front());
@@ -26,6 +35,22 @@ void SerialExecutor::post(Job job) {
     wake_.notify_one();
 }
 
+void SerialExecutor::tell(Executor& home, Job job) {
+    if (told_.empty() || told_.back().home != &home) told_.push_back({&home, {}});
+    told_.back().jobs.push_back(std::move(job));
+}
+
+void SerialExecutor::passOn() {
+    for (Told& told : std::exchange(told_, {})) {
+        told.home->post([jobs = std::move(told.jobs)]() mutable {
+            for (Job& job : jobs) {
+                job();
+                job.reset();
+            }
+        });
+    }
+}
+
 bool SerialExecutor::isCurrent() const {
     const std::lock_guard lock(mutex_);
     return thread_.get_id() == std::this_thread::get_id();
@@ -33,8 +58,15 @@ bool SerialExecutor::isCurrent() const {
 
 void SerialExecutor::run() {
     if (onStart_) onStart_();
+    int jobsInARow = 0;
     std::unique_lock lock(mutex_);
     for (;;) {
+        if (!told_.empty() && (jobs_.empty() || jobsInARow >= mostInARow) && !stopping_) {
+            lock.unlock();
+            passOn();
+            lock.lock();
+        }
+        if (jobs_.empty() || jobsInARow >= mostInARow) jobsInARow = 0;
         wake_.wait(lock, [this] { return stopping_ || !jobs_.empty(); });
         if (stopping_) return;
         Job job = std::move(jobs_.front());
@@ -42,6 +74,7 @@ void SerialExecutor::run() {
         lock.unlock();
         job();
         job.reset();  // what it owned goes here, before the next one runs, and without the lock
+        ++jobsInARow;
         lock.lock();
     }
 }

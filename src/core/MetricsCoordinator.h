@@ -36,6 +36,8 @@ public:
 
     CPUMonitor& cpu;
     GPUMonitor& gpu;
+    TemperatureService& temperature;
+    FanMonitor& fan;
     ANEMonitor& ane;
 
     /// What the user set. Each change is saved and put in force at once.

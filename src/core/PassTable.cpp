@@ -15,6 +15,16 @@ constexpr std::array table{
                 return coordinator.needsSubsystem(Subsystem::gpu);
             },
             [](MetricsCoordinator& coordinator) { return coordinator.gpu.refresh(); }, nullptr},
+    PassRow{"temperature", PassPhase::main,
+            [](const MetricsCoordinator& coordinator) {
+                return coordinator.needsSubsystem(Subsystem::temperature);
+            },
+            nullptr, [](MetricsCoordinator& coordinator) { coordinator.temperature.refresh(); }},
+    PassRow{"fan", PassPhase::main,
+            [](const MetricsCoordinator& coordinator) {
+                return coordinator.needsSubsystem(Subsystem::fan);
+            },
+            nullptr, [](MetricsCoordinator& coordinator) { coordinator.fan.refresh(); }},
 };
 
 }  // namespace

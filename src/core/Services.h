@@ -2,7 +2,9 @@
 #pragma once
 
 #include "base/Executors.h"
+#include "fan/FanMonitor.h"
 #include "platform/Ports.h"
+#include "smc/TemperatureService.h"
 #include "telemetry/ANEMonitor.h"
 #include "telemetry/CPUMonitor.h"
 #include "telemetry/GPUMonitor.h"
@@ -14,10 +16,12 @@ namespace vtx {
 struct Services {
     /// The ports and executors must outlive the services.
     Services(const Ports& ports, const Executors& executors)
-        : cpu(ports, executors), gpu(ports, executors.tick), ane(ports) {}
+        : cpu(ports, executors), gpu(ports, executors.tick), fan(ports), ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
+    TemperatureService temperature;
+    FanMonitor fan;
     ANEMonitor ane;
 };
 

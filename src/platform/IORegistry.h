@@ -9,20 +9,9 @@
 #include "base/Property.h"
 #include "platform/KernReturn.h"
 #include "platform/RegistryObject.h"
+#include "platform/RegistryWalk.h"
 
 namespace vtx {
-
-/// Which services a search is for.
-struct ServiceMatch {
-    std::string className;
-};
-
-/// The answer of a search or of a walk to the children.
-struct RegistryWalk {
-    KernReturn result = kernFailure;
-    /// May be null on success too: then there is nothing to walk.
-    RegistryIterator iterator;
-};
 
 /// All properties of an entry, copied. On success a dictionary as a rule, and nothing or something
 /// else where the driver gives just that.

@@ -4,12 +4,14 @@
 namespace vtx {
 
 class Clock;
+class HIDEventSystem;
 class HostInfo;
 class IORegistry;
 class IOReportLibrary;
 class Locale;
 class PowerSources;
 class ProcessInfo;
+class SMCUserClient;
 class Sysctl;
 class UnifiedLog;
 class UserDefaults;
@@ -19,12 +21,14 @@ class Workspace;
 /// platform and hands its ports over; they outlive all that was given them.
 struct Ports {
     Clock& clock;
+    HIDEventSystem& hidEventSystem;
     HostInfo& hostInfo;
     IORegistry& ioRegistry;
     IOReportLibrary& ioReport;
     Locale& locale;
     PowerSources& powerSources;
     ProcessInfo& processInfo;
+    SMCUserClient& smc;
     Sysctl& sysctl;
     UnifiedLog& unifiedLog;
     UserDefaults& userDefaults;

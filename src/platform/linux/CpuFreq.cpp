@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/CpuFreq.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <map>
 #include <optional>
@@ -21,14 +23,25 @@ constexpr std::size_t levelLimit = 384;
 constexpr std::uint64_t usualSpacingKHz = 50'000;
 constexpr std::uint64_t syntheticLimit = 128;
 
-/// The places that a policy names and that no policy before it named.
-std::vector<std::size_t> takePlaces(const LinuxRoot& root, const std::string& folder,
+/// The processors of a policy. One whose processors are all offline tells nothing, but each of them
+/// that was online before still leads to it.
+std::vector<std::uint64_t> processorsOf(const LinuxRoot& root, const std::string& policy,
+                                        const LinuxProcessors& processors) {
+    const auto text = root.read(fmt::format("{}/{}/related_cpus", policiesFolder, policy));
+    if (auto numbers = text ? parseNumbers(*text) : std::nullopt) return *std::move(numbers);
+    std::vector<std::uint64_t> leading;
+    for (const auto number : processors.numbers()) {
+        const auto link = fmt::format("/sys/devices/system/cpu/cpu{}/cpufreq", number);
+        if (root.linkName(link) == policy) leading.push_back(number);
+    }
+    return leading;
+}
+
+/// The places of a policy that no policy before it had.
+std::vector<std::size_t> takePlaces(const std::vector<std::uint64_t>& numbers,
                                     const LinuxProcessors& processors, std::vector<bool>& taken) {
     std::vector<std::size_t> places;
-    const auto text = root.read(folder + "/related_cpus");
-    const auto numbers = text ? parseNumbers(*text) : std::nullopt;
-    if (!numbers) return places;
-    for (const auto number : *numbers) {
+    for (const auto number : numbers) {
         if (number >= cpuNumberLimit) continue;
         const auto place = processors.placeOf(static_cast<std::uint32_t>(number));
         if (!place || taken[*place]) continue;
@@ -45,7 +58,7 @@ std::vector<CpuFreqPolicy> findPolicies(const LinuxRoot& root, const LinuxProces
     for (const auto& name : root.list(policiesFolder)) {
         if (!name.starts_with("policy")) continue;
         auto folder = std::string(policiesFolder).append("/").append(name);
-        auto places = takePlaces(root, folder, processors, taken);
+        auto places = takePlaces(processorsOf(root, name, processors), processors, taken);
         if (!places.empty()) policies.push_back({std::move(folder), std::move(places)});
     }
     std::ranges::sort(policies, {}, [](const CpuFreqPolicy& policy) { return policy.places[0]; });

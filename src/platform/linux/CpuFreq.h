@@ -20,7 +20,9 @@ struct CpuFreqPolicy {
 };
 
 /// The machine's cpufreq policies and the clock steps of its performance levels, as they were found
-/// at start: a policy whose processors are all offline then has no part. Constant, any thread.
+/// at start. A policy whose processors are all offline then tells no steps, and is booked on those
+/// of its level once they are online; one whose processors never were online has no part. Constant,
+/// any thread.
 ///
 /// A level's steps are those of its policies together, read of one policy for each highest clock:
 /// `scaling_available_frequencies` and `scaling_boost_frequencies`. Many drivers list none, and

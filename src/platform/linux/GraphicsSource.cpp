@@ -2,8 +2,10 @@
 #include "platform/linux/GraphicsSource.h"
 
 #include <algorithm>
-#include <optional>
-#include <utility>
+
+#include "platform/linux/AmdLoad.h"
+#include "platform/linux/NvidiaLoad.h"
+#include "platform/linux/SlowGraphicsLoad.h"
 
 namespace vtx {
 namespace {
@@ -31,6 +33,11 @@ bool isPciAddress(std::string_view text) {
            });
 }
 
+/// Where a processor has the graphics that are part of it; a card is behind a bridge.
+bool isOnRootBus(std::string_view address) {
+    return address.substr(address.find(':') + 1).starts_with("00:");
+}
+
 }  // namespace
 
 RegistryNodes GraphicsSource::services() {
@@ -44,28 +51,67 @@ RegistryNodes GraphicsSource::services() {
 }
 
 void GraphicsSource::look() {
-    std::map<Key, std::shared_ptr<AmdGraphics>> found;
+    Devices found;
     for (const auto& name : root_.list("/sys/class/drm")) {
-        const auto key = isCard(name) ? keyOf("/sys/class/drm/" + name) : std::nullopt;
-        if (!key) continue;
-        const auto known = devices_.find(*key);
-        found[*key] = known != devices_.end()
-                          ? known->second
-                          : std::make_shared<AmdGraphics>(root_, key->second, clock_);
+        if (isCard(name)) lookAtCard("/sys/class/drm/" + name, found);
     }
+    lookAtNvidia(found);
     devices_ = std::move(found);
 }
 
-std::optional<GraphicsSource::Key> GraphicsSource::keyOf(const std::string& card) const {
-    if (root_.linkName(card + "/device/driver") != "amdgpu") return std::nullopt;
-    auto address = root_.linkName(card + "/device");
-    if (!address || !isPciAddress(*address)) return std::nullopt;
-    const std::string folder = AmdGraphics::folderOf(*address);
-    if (!root_.exists(folder + "/gpu_busy_percent")) return std::nullopt;
-    // The driver gives a device with memory or a bus link of its own the load of at least one.
-    const bool isDiscrete =
-        root_.exists(folder + "/mem_busy_percent") || root_.exists(folder + "/pcie_bw");
-    return Key{isDiscrete, *std::move(address)};
+void GraphicsSource::lookAtCard(const std::string& card, Devices& found) {
+    const auto driver = root_.linkName(card + "/device/driver");
+    const auto address = root_.linkName(card + "/device");
+    if (!driver || !address || !isPciAddress(*address)) return;
+    const std::string folder = GraphicsDevice::folderOf(*address);
+    if (*driver == "amdgpu" && root_.exists(folder + "/gpu_busy_percent")) {
+        // The driver gives a device with memory or a bus link of its own the load of at least one.
+        const bool isDiscrete =
+            root_.exists(folder + "/mem_busy_percent") || root_.exists(folder + "/pcie_bw");
+        const auto load = [&] {
+            return slowly(folder,
+                          std::make_shared<AmdLoad>(root_.path(folder + "/gpu_busy_percent")));
+        };
+        add(isDiscrete, *driver, *address, load, found);
+    } else if (*driver == "i915" || *driver == "xe") {
+        auto counters = IntelLoad::countersOf(root_, card, folder);
+        if (counters.empty()) return;
+        for (auto& counter : counters) counter = root_.path(counter);
+        const auto load = [&] {
+            return std::make_unique<IntelLoad>(clock_, tools_.pause, counters);
+        };
+        add(!isOnRootBus(*address), *driver, *address, load, found);
+    }
+}
+
+void GraphicsSource::lookAtNvidia(Devices& found) {
+    for (const auto& address : root_.list("/sys/bus/pci/drivers/nvidia")) {
+        if (!isPciAddress(address)) continue;
+        if (!nvml_) nvml_ = tools_.openNvml();
+        if (!nvml_) return;
+        const auto load = [&] {
+            return slowly(GraphicsDevice::folderOf(address),
+                          std::make_shared<NvidiaLoad>(nvml_, address));
+        };
+        add(true, "nvidia", address, load, found);
+    }
+}
+
+void GraphicsSource::add(bool isDiscrete, const std::string& driver, const std::string& address,
+                         const std::function<Load()>& makeLoad, Devices& found) {
+    Key key(isDiscrete, address);
+    const auto known = devices_.find(key);
+    const bool isSame = known != devices_.end() && known->second->name() == driver;
+    auto device =
+        isSame ? known->second
+               : std::make_shared<GraphicsDevice>(root_, clock_, driver, address, makeLoad());
+    found.emplace(std::move(key), std::move(device));
+}
+
+GraphicsSource::Load GraphicsSource::slowly(const std::string& folder,
+                                            std::shared_ptr<GraphicsLoad> load) {
+    return std::make_unique<SlowGraphicsLoad>(
+        tools_.slowReads, clock_, std::make_shared<RuntimePower>(root_, folder), std::move(load));
 }
 
 }  // namespace vtx

@@ -3,10 +3,13 @@
 
 #include <pthread.h>
 
+#include <thread>
+
 #include "platform/linux/CpuFreq.h"
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
 #include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxHIDEventSystem.h"
 #include "platform/linux/LinuxHostInfo.h"
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxIOReportLibrary.h"
@@ -15,9 +18,12 @@
 #include "platform/linux/LinuxProcessInfo.h"
 #include "platform/linux/LinuxProcessors.h"
 #include "platform/linux/LinuxRoot.h"
+#include "platform/linux/LinuxSMCUserClient.h"
 #include "platform/linux/LinuxSysctl.h"
 #include "platform/linux/LinuxUnifiedLog.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/NvmlLibrary.h"
+#include "platform/linux/SlowReadThread.h"
 #include "platform/linux/SystemBus.h"
 
 namespace vtx {
@@ -43,22 +49,34 @@ struct LinuxPlatform::Members {
 
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;
-        sources.push_back(std::make_unique<GraphicsSource>(root, clock, deviceChanges));
+        sources.push_back(
+            std::make_unique<GraphicsSource>(root, clock, deviceChanges, graphicsTools()));
         return sources;
+    }
+
+    /// The library tells of the running machine and of no other.
+    GraphicsSource::Tools graphicsTools() {
+        const bool isRunningMachine = root.path("/") == "/";
+        return {slowReads,
+                [isRunningMachine] { return isRunningMachine ? NvmlLibrary::open() : nullptr; },
+                [](Duration span) { std::this_thread::sleep_for(span); }};
     }
 
     LinuxRoot root;
     LinuxClock clock;
+    SlowReadThread slowReads{nameThread("slow reads")};  ///< without a thread until it is used
     SystemBus bus;
     LinuxProcessors processors;
     CpuFreq cpuFreq;
     KernelDeviceChanges deviceChanges;
+    LinuxHIDEventSystem hidEventSystem;
     LinuxHostInfo hostInfo;
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;
     LinuxLocale locale;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
+    LinuxSMCUserClient smc;
     LinuxSysctl sysctl;
     LinuxUnifiedLog unifiedLog;
     LinuxUserDefaults userDefaults;
@@ -72,8 +90,21 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
-    return {m.clock,       m.hostInfo, m.ioRegistry, m.ioReport,     m.locale,   m.powerSources,
-            m.processInfo, m.sysctl,   m.unifiedLog, m.userDefaults, m.workspace};
+    return {
+        .clock = m.clock,
+        .hidEventSystem = m.hidEventSystem,
+        .hostInfo = m.hostInfo,
+        .ioRegistry = m.ioRegistry,
+        .ioReport = m.ioReport,
+        .locale = m.locale,
+        .powerSources = m.powerSources,
+        .processInfo = m.processInfo,
+        .smc = m.smc,
+        .sysctl = m.sysctl,
+        .unifiedLog = m.unifiedLog,
+        .userDefaults = m.userDefaults,
+        .workspace = m.workspace,
+    };
 }
 
 Job LinuxPlatform::nameThread(std::string_view name) {

@@ -38,6 +38,9 @@ std::optional<ClockSource> clockSourceOf(const LinuxRoot& root, const std::strin
     if (root.exists(folder + averageFile)) return ClockSource::averageClock;
     const auto current = root.readUnsigned(folder + currentFile);
     if (current && isClock(*current)) return ClockSource::currentClock;
+    // While its processors are all offline a policy tells nothing. It may later.
+    if (!current && !root.read(folder + "/related_cpus") && root.exists(folder + currentFile))
+        return ClockSource::currentClock;
     return std::nullopt;
 }
 

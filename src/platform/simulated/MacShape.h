@@ -36,6 +36,16 @@ struct MacShape {
     std::string efficiencyChannel = "ECPU";
     bool hasAccelerator = true;
 
+    /// What the kernel calls the chip, the machine, and the build of its system.
+    std::string chip = "Apple M2 Max";
+    std::string model = "Mac14,6";
+    std::string osBuild = "24C101";
+    /// Keys of the SMC; of more than the machine needs the others mean nothing. 0: it has no SMC.
+    std::size_t smcKeyCount = 300;
+    /// Sensors that stand far above their neighbours; those that the machine lacks do not matter.
+    std::vector<std::string> hotSpots{"Tp0H", "Tp0n"};
+    std::size_t fanCount = 2;
+
     /// Two clusters, the efficiency cores having the low numbers.
     static MacShape standard(std::size_t performanceCores = 8, std::size_t efficiencyCores = 4);
     /// The same beside a third cluster of a lower tier, in the units and with the names of such

@@ -78,4 +78,26 @@ inline constexpr std::string_view ioReportCreateSubscriptionNoChannels =
 inline constexpr std::string_view ioReportCreateSamplesDeltaNoList =
     "IOReportCreateSamplesDelta:noList";
 
+/// The SMC's user client. Finding it has the names of the registry's own searches.
+inline constexpr std::string_view serviceOpen = "IOServiceOpen";
+inline constexpr std::string_view connectCallStructMethod = "IOConnectCallStructMethod";
+/// The call succeeds and says that it filled as many bytes as the result tells; not counted apart.
+inline constexpr std::string_view connectCallStructMethodOutputSize =
+    "IOConnectCallStructMethod:outputSize";
+/// Counted, each beside its call; cannot fail. A single key is made to fail in the SMC itself.
+inline constexpr std::string_view smcReadValue = "SMC:readValue";
+inline constexpr std::string_view smcWriteValue = "SMC:writeValue";
+inline constexpr std::string_view smcKeyAtIndex = "SMC:keyAtIndex";
+inline constexpr std::string_view smcKeyInformation = "SMC:keyInformation";
+/// Counted; cannot fail.
+inline constexpr std::string_view serviceClose = "IOServiceClose";
+
+/// The process's own symbols.
+inline constexpr std::string_view dlopenSelf = "dlopen:nil";
+/// The event system; failing, they give nothing.
+inline constexpr std::string_view hidClientCreate = "IOHIDEventSystemClientCreate";
+inline constexpr std::string_view hidClientCopyServices = "IOHIDEventSystemClientCopyServices";
+inline constexpr std::string_view hidCopyEvent = "IOHIDServiceClientCopyEvent";
+inline constexpr std::string_view hidCopyProperty = "IOHIDServiceClientCopyProperty";
+
 }  // namespace vtx::operations

@@ -5,6 +5,7 @@
 
 #include "platform/IORegistry.h"
 #include "platform/simulated/SimulatedDevices.h"
+#include "platform/simulated/SimulatedSensors.h"
 
 namespace vtx {
 namespace {
@@ -14,7 +15,9 @@ constexpr std::string_view acceleratorClass = "IOAccelerator";
 }  // namespace
 
 SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
-    : processors(clock, std::move(shape)), graphics(clock) {
+    : processors(clock, std::move(shape)), graphics(clock), thermals(clock, processors) {
+    sensors::install(smc, thermals, processors.shape());
+    sensors::install(hidSensors, thermals, processors.shape());
     devices::install(registry, processors.shape());
     if (processors.shape().hasAccelerator) addAccelerator();
     channels.addSource([this] { return devices::coreStates(processors); });

@@ -10,8 +10,11 @@
 #include "base/Signal.h"
 #include "platform/simulated/SimulatedChannels.h"
 #include "platform/simulated/SimulatedGraphics.h"
+#include "platform/simulated/SimulatedHIDSensors.h"
 #include "platform/simulated/SimulatedProcessors.h"
 #include "platform/simulated/SimulatedRegistry.h"
+#include "platform/simulated/SimulatedSMC.h"
+#include "platform/simulated/SimulatedThermals.h"
 
 namespace vtx {
 
@@ -28,6 +31,10 @@ public:
 
     SimulatedProcessors processors;
     SimulatedGraphics graphics;
+    SimulatedThermals thermals;
+    /// Its sensors and fans, twice: as keys, and as human interface devices.
+    SimulatedSMC smc;
+    SimulatedHIDSensors hidSensors;
     /// Its devices and what its chip counts.
     SimulatedRegistry registry;
     SimulatedChannels channels;

@@ -3,6 +3,7 @@
 
 #include "platform/Ports.h"
 #include "platform/simulated/Instruments.h"
+#include "platform/simulated/SimulatedHIDEventSystem.h"
 #include "platform/simulated/SimulatedHostInfo.h"
 #include "platform/simulated/SimulatedIORegistry.h"
 #include "platform/simulated/SimulatedIOReportLibrary.h"
@@ -10,6 +11,7 @@
 #include "platform/simulated/SimulatedMac.h"
 #include "platform/simulated/SimulatedPowerSources.h"
 #include "platform/simulated/SimulatedProcessInfo.h"
+#include "platform/simulated/SimulatedSMCUserClient.h"
 #include "platform/simulated/SimulatedSysctl.h"
 #include "platform/simulated/SimulatedUnifiedLog.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
@@ -41,12 +43,14 @@ public:
     Failures& failures = instruments.failures;
     SimulatedMac mac;
 
+    SimulatedHIDEventSystem hidEventSystem;
     SimulatedHostInfo hostInfo;
     SimulatedIORegistry ioRegistry;
     SimulatedIOReportLibrary ioReport;
     SimulatedLocale locale;
     SimulatedPowerSources powerSources;
     SimulatedProcessInfo processInfo;
+    SimulatedSMCUserClient smc;
     SimulatedSysctl sysctl;
     SimulatedUnifiedLog unifiedLog;
     SimulatedUserDefaults userDefaults;

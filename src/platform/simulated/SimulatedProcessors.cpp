@@ -52,7 +52,9 @@ void SimulatedProcessors::Core::run(Duration span, CoreLoad during) {
     counters[1].add(nanoseconds, system);
     counters[2].add(nanoseconds, million - user - system - nice);
     counters[3].add(nanoseconds, nice);
-    if (!clocks.steps.empty()) clock(span.count(), during.user + during.system + during.nice);
+    const double busy = during.user + during.system + during.nice;
+    busyNanoseconds += std::llround(static_cast<double>(span.count()) * std::fmin(busy, 1.0));
+    if (!clocks.steps.empty()) clock(span.count(), busy);
 }
 
 void SimulatedProcessors::Core::clock(std::int64_t nanoseconds, double busy) {
@@ -145,6 +147,15 @@ std::vector<SimulatedProcessors::Ticks> SimulatedProcessors::ticks() {
     for (std::size_t core = 0; core < visible_; ++core)
         for (std::size_t i = 0; i < all[core].size(); ++i)
             all[core][i] = cores_[core].counters[i].ticks;
+    return all;
+}
+
+std::vector<std::int64_t> SimulatedProcessors::busyNanoseconds() {
+    const std::lock_guard lock(mutex_);
+    catchUp();
+    std::vector<std::int64_t> all;
+    all.reserve(cores_.size());
+    for (const Core& core : cores_) all.push_back(core.busyNanoseconds);
     return all;
 }
 

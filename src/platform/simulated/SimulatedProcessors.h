@@ -59,6 +59,9 @@ public:
     /// The counters of the processors that the kernel tells of, now.
     [[nodiscard]] std::vector<Ticks> ticks();
 
+    /// How long each core was busy so far, in nanoseconds; of all cores, now.
+    [[nodiscard]] std::vector<std::int64_t> busyNanoseconds();
+
     /// Of all cores, now. The busier a core, the higher the steps in which it runs.
     [[nodiscard]] std::vector<ClockResidency> clockResidencies();
 
@@ -74,6 +77,7 @@ private:
         bool isAlive = false;
         bool isOnline = true;
         std::array<Counter, 4> counters;
+        std::int64_t busyNanoseconds = 0;
         ClockResidency clocks;
         void run(Duration span, CoreLoad during);
         void clock(std::int64_t nanoseconds, double busy);

@@ -15,6 +15,12 @@ Data bytesOf(Number number) {
     return {bytes.begin(), bytes.end()};
 }
 
+std::optional<Data> textOf(std::string_view text) {
+    Data bytes = toData(text);
+    bytes.push_back(std::byte{0});
+    return bytes;
+}
+
 std::optional<Data> count32(std::size_t count) { return bytesOf(static_cast<std::int32_t>(count)); }
 
 }  // namespace
@@ -40,9 +46,7 @@ void SimulatedSysctl::set(std::string_view name, std::int64_t value) {
 }
 
 void SimulatedSysctl::set(std::string_view name, std::string_view text) {
-    Data bytes = toData(text);
-    bytes.push_back(std::byte{0});
-    store(name, std::move(bytes));
+    store(name, textOf(text));
 }
 
 void SimulatedSysctl::setBytes(std::string_view name, Data bytes) { store(name, std::move(bytes)); }
@@ -63,6 +67,9 @@ std::optional<Data> SimulatedSysctl::value(std::string_view name) const {
 std::optional<Data> SimulatedSysctl::derived(std::string_view name) const {
     const MacShape& shape = processors_.shape();
     if (name == "hw.logicalcpu") return count32(processors_.processorCount());
+    if (name == "machdep.cpu.brand_string") return textOf(shape.chip);
+    if (name == "hw.model") return textOf(shape.model);
+    if (name == "kern.osversion") return textOf(shape.osBuild);
     if (!shape.performanceLevels) return std::nullopt;
     const bool hasTwoLevels = *shape.performanceLevels > 1;
     if (name == "hw.nperflevels") return bytesOf(std::int32_t{*shape.performanceLevels});

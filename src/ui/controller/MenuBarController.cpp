@@ -103,11 +103,18 @@ void MenuBarController::observeStripSizeSignals() {
     const auto gpuLabel = [](const std::optional<GPUStats>& reading) {
         return compactPercent(reading ? std::optional(reading->deviceUtilization) : std::nullopt);
     };
+    const auto temperatureLabel = [](const std::optional<TemperatureReading>& reading) {
+        return formatTemp(reading ? reading->cpuMaxC : std::nullopt);
+    };
+    const auto fanLabel = [](const FanStats& reading) { return reading.maxRPM(); };
     const auto changed = [](const auto&) { return Changed{}; };
     const auto signals = merge<Changed>({
         map(coordinator_.preferences.stream(), changed),
         map(removeDuplicates(map(coordinator_.cpu.latest.stream(), cpuLabel)), changed),
         map(removeDuplicates(map(coordinator_.gpu.latest.stream(), gpuLabel)), changed),
+        map(removeDuplicates(map(coordinator_.temperature.latest.stream(), temperatureLabel)),
+            changed),
+        map(removeDuplicates(map(coordinator_.fan.latest.stream(), fanLabel)), changed),
         [this](std::function<void(const Changed&)> next) {
             statusItem_->onIntrinsicWidthChange = [next = std::move(next)] { next(Changed{}); };
             return Subscription([this] { statusItem_->onIntrinsicWidthChange = nullptr; });

@@ -38,6 +38,11 @@ std::string temperatureLabel(std::optional<double> celsius, std::string_view fal
     return fmt::format("{:.0f}°C", std::round(*celsius) + 0.0);
 }
 
+std::string formatTemp(std::optional<double> celsius) {
+    if (!celsius || !std::isfinite(*celsius)) return std::string(emptyMark);
+    return fmt::format("{:.0f} °C", std::round(*celsius) + 0.0);
+}
+
 std::string throughputLabel(double bytesPerSecond) {
     if (!std::isfinite(bytesPerSecond)) return std::string(emptyMark);
     const double m = bytesPerSecond / mib;

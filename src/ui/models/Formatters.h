@@ -21,6 +21,8 @@ std::string percent(std::optional<double> fraction);
 std::string formatMHz(double mhz);
 /// Degrees as "63°C" for the strip, or `fallback`.
 std::string temperatureLabel(std::optional<double> celsius, std::string_view fallback);
+/// Degrees as "63 °C", for pages.
+std::string formatTemp(std::optional<double> celsius);
 /// Bytes a second in at most four characters for usual values: "500K", "2.0M", "50M", "150M".
 std::string throughputLabel(double bytesPerSecond);
 

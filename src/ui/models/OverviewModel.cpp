@@ -48,6 +48,9 @@ OverviewModel describeOverview(const OverviewReadings& readings) {
     rows.push_back(
         loadRow("display", "GPU",
                 readings.gpu ? std::optional(readings.gpu->deviceUtilization) : std::nullopt));
+    const auto& temperature = readings.temperature;
+    rows.push_back({"thermometer.variable", "Temperature",
+                    formatTemp(temperature ? temperature->cpuMaxC : std::nullopt)});
     return model;
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "smc/TemperatureReading.h"
 #include "telemetry/CPUStats.h"
 #include "telemetry/GPUStats.h"
 #include "ui/models/Formatters.h"
@@ -20,6 +21,8 @@ struct OverviewReadings {
     std::optional<CPUStats> cpu;
     /// Absent until there is one, and on a machine that tells no load of its graphics.
     std::optional<GPUStats> gpu = std::nullopt;
+    /// Absent until there is one, and on a machine without sensors.
+    std::optional<TemperatureReading> temperature = std::nullopt;
 };
 
 /// One live row: a symbol, what it is, how much it is.

@@ -62,6 +62,7 @@ void OverviewTab::showEvent(QShowEvent* event) {
     const auto follow = [this](const auto&) { rebuild(); };
     subscriptions_.push_back(coordinator_.cpu.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.gpu.latest.subscribe(follow));
+    subscriptions_.push_back(coordinator_.temperature.latest.subscribe(follow));
 }
 
 void OverviewTab::hideEvent(QHideEvent* event) {
@@ -70,8 +71,8 @@ void OverviewTab::hideEvent(QHideEvent* event) {
 }
 
 void OverviewTab::rebuild() {
-    display(describeOverview(
-        {coordinator_.cpu.layout(), *coordinator_.cpu.latest, *coordinator_.gpu.latest}));
+    display(describeOverview({coordinator_.cpu.layout(), *coordinator_.cpu.latest,
+                              *coordinator_.gpu.latest, *coordinator_.temperature.latest}));
 }
 
 }  // namespace vtx

@@ -10,6 +10,9 @@ StripReadings stripReadingsOf(const MetricsCoordinator& coordinator) {
     if (const auto& cpu = *coordinator.cpu.latest) readings.cpuUsage = cpu->totalUsage;
     readings.isGPUAvailable = *coordinator.gpu.isAvailable;
     if (const auto& gpu = *coordinator.gpu.latest) readings.gpuUtilization = gpu->deviceUtilization;
+    if (const auto& temperature = *coordinator.temperature.latest)
+        readings.cpuMaxC = temperature->cpuMaxC;
+    readings.fanMaxRPM = coordinator.fan.latest->maxRPM();
     readings.criticalMetric = *coordinator.criticalMetric;
     return readings;
 }
@@ -21,6 +24,8 @@ Subscriptions followStripReadings(MetricsCoordinator& coordinator,
     tokens.push_back(coordinator.cpu.latest.subscribe(changed));
     tokens.push_back(coordinator.gpu.latest.subscribe(changed));
     tokens.push_back(coordinator.gpu.isAvailable.subscribe(changed));
+    tokens.push_back(coordinator.temperature.latest.subscribe(changed));
+    tokens.push_back(coordinator.fan.latest.subscribe(changed));
     tokens.push_back(coordinator.preferences.subscribe(changed));
     tokens.push_back(coordinator.criticalMetric.subscribe(changed));
     return tokens;

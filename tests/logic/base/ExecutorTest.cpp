@@ -124,6 +124,81 @@ TEST(SerialExecutor, jobs_run_in_order_on_one_other_thread) {
     EXPECT_NE(threads.front(), std::this_thread::get_id());
 }
 
+/// What jobs of a thread tell, on a queue that the test steps.
+struct SerialExecutorTells : testing::Test {
+    QueueExecutor home;
+    std::vector<int> told;
+    std::promise<void> queued;
+
+    Job telling(SerialExecutor& from, int number) {
+        return
+            [this, &from, number] { from.tell(home, [this, number] { told.push_back(number); }); };
+    }
+};
+
+TEST_F(SerialExecutorTells, of_several_jobs_in_a_row_with_one_job_in_their_order) {
+    struct Waking final : QueueExecutor {
+        std::promise<void> woken;
+        void wake() override { woken.set_value(); }
+    } waking;
+    SerialExecutor executor;
+    executor.post([this] { queued.get_future().wait(); });
+    for (int i = 1; i <= 3; ++i) {
+        executor.post([&, i] { executor.tell(waking, [&, i] { told.push_back(i); }); });
+    }
+    queued.set_value();
+    waking.woken.get_future().wait();
+    EXPECT_EQ(waking.drain(), 1u);
+    EXPECT_EQ(told, (std::vector{1, 2, 3}));
+}
+
+TEST_F(SerialExecutorTells, nothing_before_the_row_of_jobs_ends) {
+    bool isEmptyInTheRow = false;
+    SerialExecutor executor;
+    std::promise<void> done;
+    executor.post([this] { queued.get_future().wait(); });
+    executor.post(telling(executor, 1));
+    executor.post([&] {
+        isEmptyInTheRow = home.isEmpty();
+        done.set_value();
+    });
+    queued.set_value();
+    done.get_future().wait();
+    EXPECT_TRUE(isEmptyInTheRow);
+}
+
+TEST_F(SerialExecutorTells, at_last_where_jobs_keep_coming) {
+    bool isToldInTheRow = false;
+    SerialExecutor executor;
+    std::promise<void> done;
+    executor.post([this] { queued.get_future().wait(); });
+    executor.post(telling(executor, 1));
+    for (int i = 0; i < 16; ++i) executor.post([] {});
+    executor.post([&] {
+        isToldInTheRow = !home.isEmpty();
+        done.set_value();
+    });
+    queued.set_value();
+    done.get_future().wait();
+    EXPECT_TRUE(isToldInTheRow);
+}
+
+TEST_F(SerialExecutorTells, each_of_two_receivers_in_turn) {
+    struct Waking final : QueueExecutor {
+        std::promise<void> woken;
+        void wake() override { woken.set_value(); }
+    } other;
+    SerialExecutor executor;
+    executor.post([this] { queued.get_future().wait(); });
+    executor.post(telling(executor, 1));
+    executor.post([&] { executor.tell(other, [this] { told.push_back(2); }); });
+    queued.set_value();
+    other.woken.get_future().wait();
+    EXPECT_EQ(home.drain(), 1u);
+    EXPECT_EQ(other.drain(), 1u);
+    EXPECT_EQ(told, (std::vector{1, 2}));
+}
+
 TEST(SerialExecutor, it_is_current_inside_its_jobs_alone) {
     SerialExecutor executor;
     EXPECT_FALSE(executor.isCurrent());

@@ -241,7 +241,7 @@ TEST(CriticalMetricOfThePass, is_resolved_in_every_mode_and_told_only_when_it_ch
     std::vector<std::string> told;
     const auto token =
         b.coordinator.criticalMetric.subscribe([&](const std::string& id) { told.push_back(id); });
-    b.change([](auto& p) { p.showCPU = false; });
+    b.change([](auto& p) { p.showCPU = p.showMemory = p.showThermal = false; });
     b.coordinator.start();
     b.advance(seconds(5));
     EXPECT_EQ(told, (std::vector<std::string>{"cpu", "thermal"}));

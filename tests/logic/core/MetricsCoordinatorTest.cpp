@@ -105,6 +105,7 @@ TEST(MetricsCoordinator, nothing_stays_behind_when_it_goes) {
         b.main.drain();  // a pass waits for the engine
     }
     b.settle();
+    b.dropSensors();
     EXPECT_EQ(b.platform.outstanding(), 0U);
     EXPECT_TRUE(b.clock.pending().empty());
 }
@@ -159,6 +160,24 @@ TEST(MetricsCoordinator, a_graphics_reading_tells_the_coordinators_observers) {
     b.coordinator.gpu.latest = GPUStats{};
     b.advance(seconds(1));
     EXPECT_EQ(told, 1);
+}
+
+TEST(MetricsCoordinator, temperatures_and_fans_tell_the_coordinators_observers) {
+    CoordinatorBench b;
+    int told = 0;
+    const auto token = b.coordinator.objectWillChange.subscribe([&told] { ++told; });
+    b.coordinator.temperature.latest = TemperatureReading{};
+    b.advance(seconds(1));
+    EXPECT_EQ(told, 1);
+    b.coordinator.fan.latest = FanStats{};
+    b.advance(seconds(1));
+    EXPECT_EQ(told, 2);
+}
+
+TEST(MetricsCoordinator, the_first_temperature_is_there_before_any_pass) {
+    CoordinatorBench b;
+    EXPECT_TRUE(*b.coordinator.temperature.latest);
+    EXPECT_TRUE(b.coordinator.fan.latest->fans.empty());
 }
 
 }  // namespace

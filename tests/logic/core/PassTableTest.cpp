@@ -150,5 +150,44 @@ TEST(PassNeeds, an_idle_pass_samples_the_graphics_where_a_preference_asks_for_it
     }
 }
 
+// How often an idle pass reads a key, with this one wish or with none.
+std::size_t readsOf(std::string_view key, bool DisplayPreferences::* wish) {
+    CoordinatorBench b;
+    auto p = nothingWanted();
+    if (wish) p.*wish = true;
+    b.coordinator.preferences = p;
+    const auto before = b.mac.smc.key(key).reads;
+    b.coordinator.start();
+    b.settle();
+    return b.mac.smc.key(key).reads - before;
+}
+
+TEST(PassNeeds, an_idle_pass_samples_the_temperature_where_a_preference_asks_for_it) {
+    using P = DisplayPreferences;
+    EXPECT_EQ(readsOf("Tp01", nullptr), 0U);
+    for (const auto wish :
+         {&P::showThermal, &P::menuBarLiveTemp, &P::alertTempEnabled, &P::menuBarCompact})
+        EXPECT_EQ(readsOf("Tp01", wish), 1U);
+    EXPECT_EQ(readsOf("Tp01", &P::showFan), 0U);
+}
+
+TEST(PassNeeds, an_idle_pass_samples_the_fans_where_a_preference_asks_for_it) {
+    using P = DisplayPreferences;
+    EXPECT_EQ(readsOf("F0Ac", nullptr), 0U);
+    for (const auto wish :
+         {&P::showFan, &P::menuBarLiveFan, &P::alertFanEnabled, &P::menuBarCompact})
+        EXPECT_EQ(readsOf("F0Ac", wish), 1U);
+    EXPECT_EQ(readsOf("F0Ac", &P::showThermal), 0U);
+}
+
+TEST(PassNeeds, an_open_surface_samples_temperature_and_fans) {
+    CoordinatorBench b;
+    b.coordinator.preferences = nothingWanted();
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.settle();
+    EXPECT_EQ(b.coordinator.fan.latest->fans.size(), 2U);
+    EXPECT_EQ((*b.coordinator.temperature.latest)->timestamp, b.clock.now());
+}
+
 }  // namespace
 }  // namespace vtx

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/simulated/SimulatedSensors.h"
 #include "support/CoordinatorBench.h"
 #include "support/FakeSurfaces.h"
 #include "ui/controller/MenuBarController.h"
@@ -160,6 +161,8 @@ TEST(PollingModes, closing_every_surface_stops_what_only_they_need) {
     auto preferences = *m.controller.coordinator().preferences;
     preferences.showCPU = preferences.menuBarLiveCPU = false;
     preferences.showGPU = preferences.menuBarLiveGPU = false;
+    preferences.showThermal = preferences.menuBarLiveTemp = false;
+    preferences.showFan = preferences.menuBarLiveFan = false;
     m.controller.coordinator().preferences = preferences;
     const auto samplesInTenSeconds = [&m] {
         m.bench.settle();
@@ -180,6 +183,11 @@ TEST(PollingModes, closing_every_surface_stops_what_only_they_need) {
     EXPECT_EQ(m.bench.platform.totalCalls(), 0U);
 }
 
+// The processor's sensors and the battery's, the number of fans, and four speeds of each.
+std::size_t valuesOfAPass(const MacShape& shape) {
+    return sensors::cpuKeys(shape).size() + 1 + 1 + 4 * shape.fanCount;
+}
+
 TEST(PollingModes, each_mode_asks_the_platform_for_this_and_no_more_in_a_pass) {
     for (const auto mode : {active, background, batterySaver}) {
         CoordinatorBench b;
@@ -188,11 +196,14 @@ TEST(PollingModes, each_mode_asks_the_platform_for_this_and_no_more_in_a_pass) {
         b.settle();
         b.platform.resetCalls();
         b.advance(seconds(b.coordinator.effectiveInterval()));
+        const std::size_t values = valuesOfAPass(b.mac.processors.shape());
         const CallCounter::Counts expected{{"host_processor_info", 1},
                                            {"vm_deallocate", 1},
                                            {"IOReportCreateSamples", 1},
                                            {"IOReportCreateSamplesDelta", 1},
-                                           {"IORegistryEntryCreateCFProperties", 1}};
+                                           {"IORegistryEntryCreateCFProperties", 1},
+                                           {"IOConnectCallStructMethod", values},
+                                           {"SMC:readValue", values}};
         EXPECT_EQ(b.platform.instruments.counter.all(), expected) << name(mode);
     }
 }

@@ -3,14 +3,18 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 
-#include "linux/TemporaryTree.h"
+#include "base/QueueExecutor.h"
+#include "linux/GraphicsTree.h"
+#include "platform/linux/AmdLoad.h"
 #include "platform/linux/LinuxIORegistry.h"
+#include "platform/linux/SlowGraphicsLoad.h"
 #include "platform/simulated/ManualClock.h"
+#include "support/AtOnceExecutor.h"
 #include "telemetry/GPUMonitorEngine.h"
 
 namespace vtx::test {
@@ -18,18 +22,29 @@ namespace {
 
 using std::chrono::seconds;
 
-struct FakeChanges final : DeviceChanges {
-    std::uint64_t generation() override { return now; }
-    std::uint64_t now = 1;
+struct FakeNvml final : Nvml {
+    std::optional<std::uint32_t> utilization(const std::string& at) override {
+        lastAsked = at;
+        return 60;
+    }
+    void close() override { ++closes; }
+    std::string lastAsked;
+    int closes = 0;
 };
 
 struct Machine {
     explicit Machine(const std::string& folder) : root(folder) {}
 
-    [[nodiscard]] static LinuxIORegistry::Sources sourcesOf(std::unique_ptr<RegistrySource> one) {
-        LinuxIORegistry::Sources sources;
-        sources.push_back(std::move(one));
-        return sources;
+    [[nodiscard]] LinuxIORegistry::Sources sources() {
+        GraphicsSource::Tools tools{slowReads,
+                                    [this] {
+                                        ++openings;
+                                        return nvml;
+                                    },
+                                    [this](Duration span) { clock.advanceBy(span); }};
+        LinuxIORegistry::Sources all;
+        all.push_back(std::make_unique<GraphicsSource>(root, clock, changes, std::move(tools)));
+        return all;
     }
     /// The addresses of all devices.
     [[nodiscard]] std::string found() {
@@ -41,66 +56,27 @@ struct Machine {
         }
         return addresses;
     }
-
-    LinuxRoot root;
-    ManualClock clock;
-    FakeChanges changes;
-    LinuxProcessors processors{root};
-    CpuFreq cpuFreq{root, processors};
-    LinuxIORegistry registry{processors, cpuFreq,
-                             sourcesOf(std::make_unique<GraphicsSource>(root, clock, changes))};
-};
-
-/// A tree of graphics devices, as the kernel lays it out.
-struct Graphics : testing::Test {
-    static constexpr const char* address = "0000:03:00.0";
-
-    static void link(const std::filesystem::path& at, const std::string& target) {
-        std::filesystem::create_directories(at.parent_path());
-        std::filesystem::create_symlink(target, at);
-    }
-    void add(const std::string& card, const std::string& at,
-             const std::string& driver = "amdgpu") const {
-        const std::string folder = "/sys/bus/pci/devices/" + at;
-        tree.write(folder + "/gpu_busy_percent", "30\n");
-        tree.write(folder + "/power/runtime_status", "active\n");
-        tree.write(folder + "/power/control", "auto\n");
-        tree.write(folder + "/power/autosuspend_delay_ms", "5000\n");
-        link(tree.path() + folder + "/driver", "../../../bus/pci/drivers/" + driver);
-        link(tree.path() + "/sys/class/drm/" + card + "/device", "../../../bus/pci/devices/" + at);
-    }
-    void set(const std::string& file, std::string_view text) const {
-        tree.write("/sys/bus/pci/devices/" + std::string(address) + "/" + file, text);
-    }
-    void remove(const std::string& file) const {
-        tree.remove("/sys/bus/pci/devices/" + std::string(address) + "/" + file);
-    }
-    /// What the device says with the next second's reading.
-    [[nodiscard]] static std::optional<std::int64_t> tick(Machine& machine,
-                                                          const RegistryEntry& entry) {
-        machine.clock.advanceBy(seconds(1));
-        return machine.registry.entryProperties(entry)
+    /// What the first device says with the next second's reading.
+    [[nodiscard]] std::optional<std::int64_t> tick() {
+        clock.advanceBy(seconds(1));
+        const auto entry = registry.getMatchingService({"IOAccelerator"});
+        return registry.entryProperties(entry)
             .properties["PerformanceStatistics"]["Device Utilization %"]
             .number();
     }
 
-    TemporaryTree tree;
+    LinuxRoot root;
+    ManualClock clock;
+    AtOnceExecutor slowReads;
+    FakeChanges changes;
+    std::shared_ptr<FakeNvml> nvml;  ///< null while the machine has no such library
+    int openings = 0;
+    LinuxProcessors processors{root};
+    CpuFreq cpuFreq{root, processors};
+    LinuxIORegistry registry{processors, cpuFreq, sources()};
 };
 
-/// One device and an entry for it.
-struct AmdGraphicsLoad : Graphics {
-    AmdGraphicsLoad() { add("card0", address); }
-    void start() {
-        entry.reset();
-        machine.emplace(tree.path());
-        entry = machine->registry.getMatchingService({"IOAccelerator"});
-        ASSERT_TRUE(entry);
-    }
-    [[nodiscard]] std::optional<std::int64_t> next() { return tick(*machine, entry); }
-
-    std::optional<Machine> machine;
-    RegistryEntry entry;
-};
+struct Graphics : testing::Test, GraphicsTree {};
 
 TEST(GraphicsSource, integrated_graphics_come_first_whatever_their_place_on_the_bus) {
     Machine laptop(fixture("amd-two-gpus-laptop-6.15"));
@@ -124,15 +100,15 @@ TEST(GraphicsSource, machines_without_graphics_have_none) {
 TEST_F(Graphics, are_not_looked_for_again_until_devices_changed) {
     Machine machine(tree.path());
     EXPECT_EQ(machine.found(), "");
-    add("card0", address);
+    addAmd("card0", address);
     EXPECT_EQ(machine.found(), "");
     ++machine.changes.now;
     EXPECT_EQ(machine.found(), "0000:03:00.0 ");
 }
 
 TEST_F(Graphics, that_went_are_not_walked_to_and_stop_answering) {
-    add("card0", address);
-    add("card1", "0000:04:00.0");
+    addAmd("card0", address);
+    addAmd("card1", "0000:04:00.0");
     Machine machine(tree.path());
     const auto held = machine.registry.getMatchingService({"IOAccelerator"});
     const auto walk = machine.registry.getMatchingServices({"IOAccelerator"});
@@ -145,7 +121,7 @@ TEST_F(Graphics, that_went_are_not_walked_to_and_stop_answering) {
 }
 
 TEST_F(Graphics, keep_their_number_while_they_are_there) {
-    add("card0", address);
+    addAmd("card0", address);
     Machine machine(tree.path());
     LinuxIORegistry& registry = machine.registry;
     const auto before =
@@ -156,15 +132,17 @@ TEST_F(Graphics, keep_their_number_while_they_are_there) {
 }
 
 TEST_F(Graphics, of_one_address_are_one_device_and_connectors_are_none) {
-    add("card0", address);
-    link(tree.path() + "/sys/class/drm/card1/device", "../../../bus/pci/devices/0000:03:00.0");
-    link(tree.path() + "/sys/class/drm/card0-DP-1/device", "../card0");
-    link(tree.path() + "/sys/class/drm/card/device", "../../../bus/pci/devices/0000:03:00.0");
+    addAmd("card0", address);
+    link("/sys/class/drm/card1/device", "../../../bus/pci/devices/0000:03:00.0");
+    link("/sys/class/drm/card0-DP-1/device", "../card0");
+    link("/sys/class/drm/card/device", "../../../bus/pci/devices/0000:03:00.0");
     EXPECT_EQ(Machine(tree.path()).found(), "0000:03:00.0 ");
 }
 
 TEST_F(Graphics, of_other_drivers_are_left_out) {
+    addAmd("card0", address);
     add("card0", address, "nouveau");
+    addAmd("card1", "0000:04:00.0");
     add("card1", "0000:04:00.0", "amdgpu-pro");
     tree.write("/sys/class/drm/card2/device/gpu_busy_percent", "5\n");
     EXPECT_EQ(Machine(tree.path()).found(), "");
@@ -172,139 +150,130 @@ TEST_F(Graphics, of_other_drivers_are_left_out) {
 
 TEST_F(Graphics, with_an_address_that_is_none_are_left_out) {
     for (const auto* at : {"amdgpu_xcp_0", "0000:03:00", "0000-03-00.0", "000g:03:00.0", "..."}) {
-        add("card0", at);
+        addAmd("card0", at);
         EXPECT_EQ(Machine(tree.path()).found(), "") << at;
         tree.remove("/sys/class/drm/card0");
     }
 }
 
 TEST_F(Graphics, of_many_domains_have_longer_addresses) {
-    add("card0", "10000:03:00.0");
+    addAmd("card0", "10000:03:00.0");
     EXPECT_EQ(Machine(tree.path()).found(), "10000:03:00.0 ");
 }
 
-TEST_F(AmdGraphicsLoad, is_what_the_driver_says) {
-    start();
-    EXPECT_EQ(next(), 30);
+TEST_F(Graphics, of_amd_have_the_load_that_the_driver_says) {
+    addAmd("card0", address);
+    Machine machine(tree.path());
+    EXPECT_EQ(machine.tick(), 30);
     set("gpu_busy_percent", "100\n");
-    EXPECT_EQ(next(), 100);
-    set("gpu_busy_percent", "0\n");
-    EXPECT_EQ(next(), 0);
+    // What was read since the last time, and no more.
+    EXPECT_EQ(machine.tick(), 30);
+    EXPECT_EQ(machine.tick(), 100);
 }
 
-TEST_F(AmdGraphicsLoad, is_absent_while_the_driver_says_nothing_sensible) {
-    start();
-    for (const auto* text :
-         {"", "\n", "junk\n", "-1\n", "101\n", "65535\n", "3.5\n", "99999999999999999999999\n"}) {
+TEST_F(Graphics, of_amd_have_no_load_while_the_driver_says_nothing_sensible) {
+    addAmd("card0", address);
+    Machine machine(tree.path());
+    EXPECT_EQ(machine.tick(), 30);
+    for (const std::string& text :
+         {std::string(), std::string("\n"), std::string("junk\n"), std::string("-1\n"),
+          std::string("101\n"), std::string("65535\n"), std::string("3.5\n"),
+          std::string("99999999999999999999999\n"), std::string(100'000, '1')}) {
         set("gpu_busy_percent", text);
-        EXPECT_EQ(next(), std::nullopt) << text;
+        (void)machine.tick();
+        EXPECT_EQ(machine.tick(), std::nullopt) << text.substr(0, 40);
         // The device itself is still there.
-        EXPECT_EQ(machine->registry.entryProperties(entry).result, kernSuccess);
+        EXPECT_EQ(machine.found(), "0000:03:00.0 ");
     }
-    set("gpu_busy_percent", std::string(100'000, '1'));
-    EXPECT_EQ(next(), std::nullopt);
 }
 
-TEST_F(AmdGraphicsLoad, of_a_sleeping_device_is_zero_without_asking_it) {
-    for (const auto* status : {"suspended\n", "suspending\n", "resuming\n"}) {
-        set("power/runtime_status", status);
-        start();
-        EXPECT_EQ(next(), 0) << status;
-    }
+TEST_F(Graphics, of_amd_that_fell_asleep_before_their_turn_are_not_asked) {
     set("power/runtime_status", "active\n");
-    EXPECT_EQ(next(), 30);
-}
-
-TEST_F(AmdGraphicsLoad, is_absent_while_nobody_knows_whether_the_device_sleeps) {
-    start();
-    for (const auto* status : {"", "error\n", "junk\n", "activesuspended\n"}) {
-        set("power/runtime_status", status);
-        EXPECT_EQ(next(), std::nullopt) << status;
-    }
-    remove("power");
-    EXPECT_EQ(next(), std::nullopt);
-}
-
-TEST_F(AmdGraphicsLoad, is_asked_where_the_kernel_suspends_nothing) {
-    remove("power");
-    start();
-    EXPECT_EQ(next(), 30);
-}
-
-TEST_F(AmdGraphicsLoad, that_is_zero_twice_leaves_the_device_alone_beyond_its_delay) {
-    set("gpu_busy_percent", "0\n");
-    start();
-    EXPECT_EQ(next(), 0);
-    EXPECT_EQ(next(), 0);
-    set("gpu_busy_percent", "80\n");
-    // Five seconds of its own and one more.
-    for (int i = 0; i < 5; ++i) EXPECT_EQ(next(), 0) << i;
-    EXPECT_EQ(next(), 80);
-    EXPECT_EQ(next(), 80);
-}
-
-TEST_F(AmdGraphicsLoad, leaves_a_device_alone_again_after_one_more_zero) {
-    set("gpu_busy_percent", "0\n");
-    start();
-    for (int i = 0; i < 8; ++i) EXPECT_EQ(next(), 0) << i;
-    set("gpu_busy_percent", "80\n");
-    for (int i = 0; i < 5; ++i) EXPECT_EQ(next(), 0) << i;
-    EXPECT_EQ(next(), 80);
-}
-
-TEST_F(AmdGraphicsLoad, of_a_device_that_woke_is_known_at_once) {
-    set("gpu_busy_percent", "0\n");
-    start();
-    EXPECT_EQ(next(), 0);
-    EXPECT_EQ(next(), 0);
+    auto load = std::make_shared<AmdLoad>(tree.path() + folderOf(address) + "/gpu_busy_percent");
+    set("gpu_busy_percent", "99\n");
+    const auto power = std::make_shared<RuntimePower>(LinuxRoot(tree.path()), folderOf(address));
+    QueueExecutor slowReads;
+    const ManualClock clock;
+    SlowGraphicsLoad slow(slowReads, clock, power, load, Duration(0));
+    EXPECT_EQ(slow.next(), std::nullopt);
     set("power/runtime_status", "suspended\n");
-    EXPECT_EQ(next(), 0);
-    set("power/runtime_status", "active\n");
-    set("gpu_busy_percent", "70\n");
-    EXPECT_EQ(next(), 70);
+    slowReads.drain();
+    EXPECT_EQ(slow.next(), 0);
+    set("power/runtime_status", "junk\n");
+    slowReads.drain();
+    EXPECT_EQ(slow.next(), std::nullopt);
 }
 
-TEST_F(AmdGraphicsLoad, one_zero_among_others_changes_nothing) {
-    start();
-    for (const auto* text : {"0\n", "5\n", "0\n", "6\n"}) {
-        set("gpu_busy_percent", text);
-        EXPECT_EQ(next(), *text - '0');
-    }
+TEST(GraphicsSource, intel_graphics_tell_their_load_at_once) {
+    Machine laptop(fixture("intel-nvidia-laptop-6.8"));
+    EXPECT_EQ(laptop.found(), "0000:00:02.0 ");
+    // The recorded counters stand still, as those of a part do that never idles.
+    EXPECT_EQ(laptop.tick(), 100);
+    GPUMonitorEngine engine(laptop.registry, laptop.clock);
+    EXPECT_DOUBLE_EQ(engine.sample()->deviceUtilization, 1.0);
 }
 
-TEST_F(AmdGraphicsLoad, of_a_device_that_never_suspends_itself_is_asked_every_time) {
-    for (const auto& [file, text] :
-         {std::pair{"power/control", "on\n"}, std::pair{"power/autosuspend_delay_ms", "-1\n"}}) {
-        set("power/control", "auto\n");
-        set(file, text);
-        set("gpu_busy_percent", "0\n");
-        start();
-        for (int i = 0; i < 3; ++i) EXPECT_EQ(next(), 0);
-        set("gpu_busy_percent", "80\n");
-        EXPECT_EQ(next(), 80) << file;
-    }
+TEST(GraphicsSource, nvidia_graphics_that_sleep_are_not_woken) {
+    Machine laptop(fixture("intel-nvidia-laptop-6.8"));
+    laptop.nvml = std::make_shared<FakeNvml>();
+    EXPECT_EQ(laptop.found(), "0000:00:02.0 0000:01:00.0 ");
+    EXPECT_EQ(laptop.openings, 1);
+    EXPECT_EQ(laptop.nvml->lastAsked, "");
+    EXPECT_EQ(laptop.nvml->closes, 0);
 }
 
-TEST_F(AmdGraphicsLoad, a_delay_that_cannot_be_read_is_none) {
-    for (const auto* text : {"junk\n", "", "9223372036854775807\n"}) {
-        set("power/autosuspend_delay_ms", text);
-        set("gpu_busy_percent", "0\n");
-        start();
-        EXPECT_EQ(next(), 0);
-        EXPECT_EQ(next(), 0);
-        set("gpu_busy_percent", "80\n");
-        machine->clock.advanceBy(seconds(10));
-        EXPECT_EQ(next(), 80) << text;
-    }
+TEST(GraphicsSource, both_devices_of_the_newer_intel_driver_are_found) {
+    Machine laptop(fixture("intel-xe-two-gpus-6.12"));
+    EXPECT_EQ(laptop.found(), "0000:00:02.0 0000:03:00.0 ");
+    EXPECT_EQ(laptop.openings, 0);
 }
 
-TEST_F(AmdGraphicsLoad, of_a_device_that_waits_too_long_to_suspend_is_asked_every_time) {
-    set("power/autosuspend_delay_ms", "10001\n");
-    set("gpu_busy_percent", "0\n");
-    start();
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(next(), 0);
-    set("gpu_busy_percent", "80\n");
-    EXPECT_EQ(next(), 80);
+TEST_F(Graphics, of_intel_without_a_counter_are_left_out) {
+    add("card0", "0000:00:02.0", "i915");
+    add("card1", address, "xe");
+    EXPECT_EQ(Machine(tree.path()).found(), "");
+}
+
+TEST_F(Graphics, of_nvidia_need_no_card_and_are_asked_by_their_address) {
+    addNvidia(address);
+    Machine server(tree.path());
+    server.nvml = std::make_shared<FakeNvml>();
+    EXPECT_EQ(server.tick(), 60);
+    EXPECT_EQ(server.nvml->lastAsked, address);
+}
+
+TEST_F(Graphics, of_nvidia_that_idle_are_let_go) {
+    addNvidia(address);
+    Machine server(tree.path());
+    server.nvml = std::make_shared<FakeNvml>();
+    EXPECT_EQ(server.tick(), 60);
+    set("power/runtime_status", "suspended\n");
+    EXPECT_EQ(server.tick(), 0);
+    EXPECT_EQ(server.nvml->closes, 1);
+}
+
+TEST_F(Graphics, of_nvidia_are_left_out_without_the_library_which_is_looked_for_once) {
+    addNvidia(address);
+    Machine server(tree.path());
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(server.found(), "");
+    EXPECT_EQ(server.openings, 1);
+    server.nvml = std::make_shared<FakeNvml>();
+    ++server.changes.now;
+    EXPECT_EQ(server.found(), "0000:03:00.0 ");
+}
+
+TEST_F(Graphics, that_changed_their_driver_are_another_device) {
+    addAmd("card0", address);
+    Machine machine(tree.path());
+    const auto before = machine.registry.getMatchingService({"IOAccelerator"});
+    EXPECT_EQ(machine.registry.entryGetName(before), "amdgpu");
+    tree.write("/sys/class/drm/card0/power/rc6_residency_ms", "1\n");
+    set("mem_busy_percent", "0\n");
+    add("card0", address, "xe");
+    EXPECT_EQ(machine.registry.entryProperties(before).result, kernSuccess);
+    ++machine.changes.now;
+    const auto after = machine.registry.getMatchingService({"IOAccelerator"});
+    EXPECT_EQ(machine.registry.entryGetName(after), "xe");
 }
 
 }  // namespace

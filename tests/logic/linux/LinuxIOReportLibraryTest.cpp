@@ -299,6 +299,29 @@ TEST_F(CoreClocks, are_absent_while_the_current_clock_is_none) {
     EXPECT_FALSE(machine.p());
 }
 
+TEST_F(CoreClocks, of_processors_that_were_offline_at_start_are_told_once_they_are_online) {
+    tree.remove("/sys/devices/cpu_core");
+    tree.remove("/sys/devices/cpu_atom");
+    setCurrent(0, 1'000'000);
+    // What the kernel refuses to tell of them is there all the same; a folder refuses too.
+    const std::filesystem::path processors = tree.path() + "/sys/devices/system/cpu";
+    std::filesystem::remove_all(processors / "cpufreq/policy2");
+    for (const auto* file : {"related_cpus", "scaling_cur_freq", "cpuinfo_max_freq"})
+        std::filesystem::create_directories(processors / "cpufreq/policy2" / file);
+    for (const auto* processor : {"cpu2", "cpu3"}) {
+        std::filesystem::create_directory(processors / processor);
+        std::filesystem::create_symlink("../cpufreq/policy2", processors / processor / "cpufreq");
+    }
+    Machine machine(tree.path());
+    machine.start();
+    run({2, 3});
+    EXPECT_EQ(machine.p(), std::nullopt);
+    removeFile(2, "scaling_cur_freq");
+    setCurrent(2, 3'000'000);
+    run({2, 3});
+    EXPECT_EQ(machine.p(), 3000.0);
+}
+
 TEST_F(CoreClocks, need_the_processors_counters) {
     setCurrent(0, 2'000'000);
     Machine machine(tree.path());

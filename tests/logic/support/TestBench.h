@@ -2,18 +2,21 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 
 #include "base/Executors.h"
 #include "base/QueueExecutor.h"
+#include "fan/SharedFans.h"
 #include "platform/simulated/ManualClock.h"
 #include "platform/simulated/SimulatedPlatform.h"
+#include "smc/SharedSensors.h"
 #include "telemetry/SharedTelemetry.h"
 
 namespace vtx {
 
 /// Everything that logic needs around it in a test: the two executors as queues that the test
 /// steps, the clock that stands until moved, the machine in memory, and its log in the place of the
-/// process's, as the shared objects of telemetry are. Made first in a test, so that it goes last.
+/// process's, as the process's shared objects are. Made first in a test, so that it goes last.
 class TestBench {
 public:
     explicit TestBench(MacShape shape = MacShape::standard(),
@@ -42,10 +45,17 @@ public:
     void advance(Duration span);
     /// The machine sleeps for `span`: the handlers are told, the time passes, they are told again.
     void sleepMachine(Duration span);
+    /// The process ends, as far as its shared sensors go: what they hold of the machine they give
+    /// back.
+    void dropSensors() { sensors_.reset(); }
+    /// Another run of the program begins on the same machine.
+    void restartSensors() { sensors_.emplace(platform.ports()); }
 
 private:
     LogSink* previousSink_;
-    SharedTelemetry shared_{platform.ports()};
+    SharedTelemetry telemetry_{platform.ports()};
+    std::optional<SharedSensors> sensors_{std::in_place, platform.ports()};
+    SharedFans fans_{platform.ports()};
 };
 
 }  // namespace vtx

@@ -66,6 +66,14 @@ INSTANTIATE_TEST_SUITE_P(rates, ThroughputLabel,
                                          Throughput{1048576, "1.0M"}, Throughput{104857600, "100M"},
                                          Throughput{10485760, "10M"}));
 
+TEST(Formatters, temperatures_are_whole_degrees) {
+    EXPECT_EQ(formatTemp(62.5), "63 °C");
+    EXPECT_EQ(formatTemp(62.4), "62 °C");
+    EXPECT_EQ(formatTemp(-0.4), "0 °C");
+    EXPECT_EQ(formatTemp(std::nullopt), "—");
+    EXPECT_EQ(formatTemp(nan), "—");
+}
+
 TEST(Formatters, loads_are_tinted_from_70_85_and_95_percent) {
     EXPECT_EQ(loadTint(std::nullopt), Tint::primary);
     EXPECT_EQ(loadTint(0.6999), Tint::primary);

@@ -30,6 +30,12 @@ struct Controlled {
         stats.deviceUtilization = utilization;
         controller.coordinator().gpu.latest = stats;
     }
+    void publishTemperature(double celsius) {
+        controller.coordinator().temperature.latest = TemperatureReading{celsius, {}, {}};
+    }
+    void publishFan(int rpm) {
+        controller.coordinator().fan.latest = FanStats{{{0, rpm, {}, {}, {}}}, {}};
+    }
     // Beyond the throttle of the size signals.
     void letSizeSettle() { bench.advance(std::chrono::milliseconds(200)); }
 };
@@ -208,6 +214,34 @@ TEST(MenuBarController, another_label_of_the_graphics_measures_the_strip) {
     EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
 }
 
+TEST(MenuBarController, another_whole_degree_measures_the_strip) {
+    Controlled c;
+    c.letSizeSettle();  // with the machine's own readings
+    c.publishTemperature(62.6);
+    c.letSizeSettle();
+    const auto before = c.surfaces.item->lengths.size();
+    c.publishTemperature(63.4);
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before);
+    c.publishTemperature(63.6);
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
+}
+
+TEST(MenuBarController, another_speed_of_the_fastest_fan_measures_the_strip) {
+    Controlled c;
+    c.letSizeSettle();
+    c.publishFan(2000);
+    c.letSizeSettle();
+    const auto before = c.surfaces.item->lengths.size();
+    c.publishFan(2000);
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before);
+    c.publishFan(2001);
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
+}
+
 TEST(MenuBarController, a_burst_of_labels_is_measured_at_most_once_in_80_milliseconds) {
     Controlled c;
     c.letSizeSettle();
@@ -241,6 +275,7 @@ TEST(MenuBarController, nothing_stays_behind_when_it_goes) {
         bench.main.drain();
     }
     bench.settle();
+    bench.dropSensors();
     EXPECT_EQ(bench.platform.outstanding(), 0U);
     EXPECT_TRUE(bench.clock.pending().empty());
 }

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace vtx {
 namespace {
 
@@ -14,6 +16,14 @@ CoreLayout eightAndFour() {
     layout.pCoreCount = 8;
     layout.eCoreCount = 4;
     return layout;
+}
+
+const MetricRowModel& rowOf(const std::vector<MetricRowModel>& rows, std::string_view title) {
+    return *std::ranges::find(rows, title, &MetricRowModel::title);
+}
+
+bool hasRow(const std::vector<MetricRowModel>& rows, std::string_view title) {
+    return std::ranges::find(rows, title, &MetricRowModel::title) != rows.end();
 }
 
 CPUStats readingOf(double total, double p, double e) {
@@ -30,7 +40,8 @@ TEST(OverviewModel, before_any_reading_the_rows_stand_with_dashes) {
                 ElementsAre(MetricRowModel{"cpu", "CPU", "—", Tint::primary},
                             MetricRowModel{"p.circle", "P-cores (8)", "—", Tint::primary},
                             MetricRowModel{"e.circle", "E-cores (4)", "—", Tint::primary},
-                            MetricRowModel{"display", "GPU", "—", Tint::primary}));
+                            MetricRowModel{"display", "GPU", "—", Tint::primary},
+                            MetricRowModel{"thermometer.variable", "Temperature", "—"}));
 }
 
 TEST(OverviewModel, rows_show_the_loads_with_their_tints) {
@@ -38,25 +49,24 @@ TEST(OverviewModel, rows_show_the_loads_with_their_tints) {
                 ElementsAre(MetricRowModel{"cpu", "CPU", "97 %", Tint::red},
                             MetricRowModel{"p.circle", "P-cores (8)", "88 %", Tint::orange},
                             MetricRowModel{"e.circle", "E-cores (4)", "74 %", Tint::yellow},
-                            MetricRowModel{"display", "GPU", "—", Tint::primary}));
+                            MetricRowModel{"display", "GPU", "—", Tint::primary},
+                            MetricRowModel{"thermometer.variable", "Temperature", "—"}));
 }
 
 TEST(OverviewModel, a_cluster_without_cores_has_no_row) {
     auto reading = readingOf(0.1, 0.1, 0.0);
     reading.layout.eCoreCount = 0;
     const auto rows = describeOverview({reading.layout, reading}).liveRows;
-    ASSERT_EQ(rows.size(), 3U);
-    EXPECT_EQ(rows[1].title, "P-cores (8)");
-    EXPECT_EQ(rows[2].title, "GPU");
+    EXPECT_EQ(rows.at(1).title, "P-cores (8)");
+    EXPECT_EQ(rows.at(2).title, "GPU");
 }
 
 TEST(OverviewModel, clocks_have_rows_where_they_are_measured) {
     auto reading = readingOf(0.1, 0.1, 0.1);
     reading.pCoreCurrentFrequencyMHz = 3228;
     const auto rows = describeOverview({eightAndFour(), reading}).liveRows;
-    ASSERT_EQ(rows.size(), 5U);
-    EXPECT_EQ(rows[3], (MetricRowModel{"waveform.path.ecg", "P-Core Clock", "3.23 GHz"}));
-    EXPECT_EQ(rows[4].title, "GPU");
+    EXPECT_EQ(rows.at(3), (MetricRowModel{"waveform.path.ecg", "P-Core Clock", "3.23 GHz"}));
+    EXPECT_EQ(rows.at(4).title, "GPU");
 }
 
 TEST(OverviewModel, a_clock_that_is_missing_for_a_tick_keeps_its_row_where_there_is_a_table) {
@@ -65,10 +75,10 @@ TEST(OverviewModel, a_clock_that_is_missing_for_a_tick_keeps_its_row_where_there
     reading.layout.eCoreFrequencyStepsMHz = {600, 2064};
     reading.eCoreCurrentFrequencyMHz = 999.6;
     const auto rows = describeOverview({reading.layout, reading}).liveRows;
-    ASSERT_EQ(rows.size(), 6U);
-    EXPECT_EQ(rows[3], (MetricRowModel{"waveform.path.ecg", "P-Core Clock", "—"}));
-    EXPECT_EQ(rows[4], (MetricRowModel{"waveform.path.ecg", "E-Core Clock", "1000 MHz"}));
-    EXPECT_EQ(describeOverview({reading.layout, std::nullopt}).liveRows.size(), 6U);
+    EXPECT_EQ(rows.at(3), (MetricRowModel{"waveform.path.ecg", "P-Core Clock", "—"}));
+    EXPECT_EQ(rows.at(4), (MetricRowModel{"waveform.path.ecg", "E-Core Clock", "1000 MHz"}));
+    const auto without = describeOverview({reading.layout, std::nullopt}).liveRows;
+    EXPECT_TRUE(hasRow(without, "P-Core Clock") && hasRow(without, "E-Core Clock"));
 }
 
 TEST(OverviewModel, a_cluster_without_cores_has_no_clock_row_for_its_table) {
@@ -76,20 +86,33 @@ TEST(OverviewModel, a_cluster_without_cores_has_no_clock_row_for_its_table) {
     reading.layout.eCoreCount = 0;
     reading.layout.eCoreFrequencyStepsMHz = {600, 2064};
     const auto rows = describeOverview({reading.layout, reading}).liveRows;
-    EXPECT_EQ(rows.size(), 3U);
+    EXPECT_FALSE(hasRow(rows, "E-Core Clock"));
 }
 
 TEST(OverviewModel, the_graphics_load_has_its_row_and_tint) {
     GPUStats gpu;
     gpu.deviceUtilization = 0.86;
     const auto rows = describeOverview({eightAndFour(), readingOf(0.1, 0.1, 0.1), gpu}).liveRows;
-    EXPECT_EQ(rows.back(), (MetricRowModel{"display", "GPU", "86 %", Tint::orange}));
+    EXPECT_EQ(rowOf(rows, "GPU"), (MetricRowModel{"display", "GPU", "86 %", Tint::orange}));
+}
+
+TEST(OverviewModel, the_temperature_has_its_row_after_the_graphics) {
+    const auto rowsWith = [](std::optional<double> cpuMaxC) {
+        return describeOverview({eightAndFour(), readingOf(0.1, 0.1, 0.1), GPUStats{},
+                                 TemperatureReading{cpuMaxC, 30.0, {}}})
+            .liveRows;
+    };
+    const auto rows = rowsWith(62.5);
+    EXPECT_EQ(rows.at(4), (MetricRowModel{"thermometer.variable", "Temperature", "63 °C"}));
+    EXPECT_EQ(rows.at(3).title, "GPU");
+    EXPECT_EQ(rowOf(rowsWith(std::nullopt), "Temperature").value, "—");
 }
 
 TEST(OverviewModel, a_machine_that_tells_no_layout_still_has_its_cpu_row) {
     EXPECT_THAT(describeOverview({}).liveRows,
                 ElementsAre(MetricRowModel{"cpu", "CPU", "—", Tint::primary},
-                            MetricRowModel{"display", "GPU", "—", Tint::primary}));
+                            MetricRowModel{"display", "GPU", "—", Tint::primary},
+                            MetricRowModel{"thermometer.variable", "Temperature", "—"}));
 }
 
 }  // namespace

@@ -101,6 +101,14 @@ TEST(StripModel, one_known_disk_rate_is_enough_for_a_label) {
     EXPECT_EQ(tileOf(describeStrip(readings, everythingShown()), "disk").label, "3.0M");
 }
 
+TEST(StripModel, the_fan_tile_shows_the_fastest_speed_in_plain_digits) {
+    StripReadings readings;
+    readings.fanMaxRPM = 12000;
+    const auto model = describeStrip(readings, everythingShown());
+    EXPECT_EQ(tileOf(model, "fan").label, "12000");
+    EXPECT_EQ(tileOf(model, "fan").reference, "5000");
+}
+
 TEST(StripModel, memory_stays_between_0_and_100_percent) {
     StripReadings readings;
     readings.memoryFraction = 1.2;
