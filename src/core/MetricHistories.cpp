@@ -63,6 +63,9 @@ std::string MetricsCoordinator::resolveCriticalMetric() const {
     };
     if (const auto& reading = *cpu.latest) rank("cpu", reading->totalUsage);
     if (const auto& reading = *gpu.latest) rank("gpu", reading->deviceUtilization);
+    if (const auto& reading = *temperature.latest; reading && reading->cpuMaxC)
+        rank("thermal", thermalScore(*reading->cpuMaxC));
+    if (const auto load = fan.latest->averageLoad()) rank("fan", *load);
     if (const auto utilization = ane.latest->utilization) rank("ane", *utilization);
     return mostCritical(scores, preferences->compactPriority);
 }

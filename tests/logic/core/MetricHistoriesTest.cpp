@@ -36,6 +36,14 @@ GPUStats gpuLoad(double utilization) {
     return stats;
 }
 
+FanStats fanAt(int current, int lowest, int highest) {
+    FanReading fan;
+    fan.currentRPM = current;
+    fan.minRPM = lowest;
+    fan.maxRPM = highest;
+    return {{fan}, {}};
+}
+
 TEST(MetricHistories, start_empty) {
     CoordinatorBench b;
     EXPECT_TRUE(b.coordinator.cpuHistory->empty());
@@ -207,10 +215,20 @@ TEST(CriticalMetricOfThePass, starts_as_the_processor) {
     EXPECT_EQ(*b.coordinator.criticalMetric, "cpu");
 }
 
+/// Shows that metric and no other, so that no reading of the bench's machine takes part.
+void showOnly(CoordinatorBench& b, bool DisplayPreferences::* metric) {
+    b.change([metric](auto& p) {
+        p.showCPU = p.showGPU = p.showMemory = p.showThermal = p.showDiskIO = p.showFan = false;
+        p.*metric = true;
+    });
+}
+
 TEST(CriticalMetricOfThePass, without_readings_or_switches_is_the_first_of_the_priority) {
     CoordinatorBench b;
+    showOnly(b, &DisplayPreferences::showCPU);
     EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "thermal");
     b.coordinator.cpu.latest = cpuLoad(0.9);
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "cpu");
     b.change([](auto& p) { p.showCPU = false; });
     EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "thermal");
     b.change([](auto& p) { p.compactPriority = {}; });
@@ -226,8 +244,32 @@ TEST(CriticalMetricOfThePass, is_the_busiest_of_what_is_shown) {
     EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "gpu");
 }
 
+TEST(CriticalMetricOfThePass, the_temperature_ranks_by_the_hottest_of_the_processor) {
+    CoordinatorBench b;
+    b.coordinator.cpu.latest = cpuLoad(0.3);
+    TemperatureReading warm;
+    b.coordinator.temperature.latest = warm;
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "cpu");
+    warm.cpuMaxC = 70.0;
+    b.coordinator.temperature.latest = warm;
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "cpu");
+    warm.cpuMaxC = 71.0;
+    b.coordinator.temperature.latest = warm;
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "thermal");
+}
+
+TEST(CriticalMetricOfThePass, fans_rank_by_their_mean_load_where_they_have_one) {
+    CoordinatorBench b;
+    b.change([](auto& p) { p.showFan = true; });
+    b.coordinator.cpu.latest = cpuLoad(0.3);
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "cpu");
+    b.coordinator.fan.latest = fanAt(2000, 1000, 3000);
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "fan");
+}
+
 TEST(CriticalMetricOfThePass, the_neural_engine_never_wins_by_its_load) {
     CoordinatorBench b;
+    showOnly(b, &DisplayPreferences::showCPU);
     b.change([](auto& p) { p.compactPriority = {"ane", "cpu"}; });
     b.coordinator.ane.latest = aneLoad(1.0);
     b.coordinator.cpu.latest = cpuLoad(0.0);
