@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "pass/PassMeter.h"
+#include "pass/SystemMeter.h"
 
 namespace vtx::bench {
 namespace {
@@ -41,6 +42,12 @@ int number(const std::string& text) {
 std::string row(const char* name, const Statistics& times, const Statistics& floor) {
     return fmt::format("  {:<24}{:>12.1f}{:>12.1f}{:>12.2f}\n", name, times.median().count(),
                        times.p95().count(), times.median() / floor.median());
+}
+
+void printSystemPart(int passes, std::chrono::milliseconds gap) {
+    std::fputs("Port calls of a pass, source by source\n", stdout);
+    for (const auto& [name, ports, preads] : SystemMeter().measure(passes, gap))
+        std::fputs(row(name.c_str(), ports, preads).c_str(), stdout);
 }
 
 std::string where(const std::string& recorded) {
@@ -84,6 +91,7 @@ int run(const std::vector<std::string>& arguments) {
     const auto wakeUps = meter.wakeUps(passesForWakeUps, std::chrono::milliseconds(interval));
     std::fputs(fmt::format("Wake-ups of one pass, its timer's included: {:.2f}\n", wakeUps).c_str(),
                stdout);
+    printSystemPart(passes, std::chrono::milliseconds(interval / 2));
     return EXIT_SUCCESS;
 }
 

@@ -38,6 +38,8 @@ public:
     Property(PropertyMap value) : value_(std::move(value)) {}    // NOLINT(google-explicit-*)
 
     [[nodiscard]] const Value& value() const { return value_; }
+    /// To change it in place, so that what is read with each tick allocates nothing.
+    [[nodiscard]] Value& value() { return value_; }
 
 private:
     Value value_;

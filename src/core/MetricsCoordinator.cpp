@@ -31,6 +31,8 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       cpu(services_->cpu),
       gpu(services_->gpu),
       temperature(services_->temperature),
+      network(services_->network),
+      diskIO(services_->diskIO),
       fan(services_->fan),
       ane(services_->ane),
       preferences(*this, DisplayPreferences::load(ports.userDefaults)),
@@ -180,8 +182,9 @@ void MetricsCoordinator::bridgeNestedMonitorChanges() {
     // While nobody looks at the coordinator there is nobody to tell, and no timer need run.
     Stream<Changed> merged = [this](std::function<void(const Changed&)> next) {
         return merge<Changed>({changes(cpu.objectWillChange), changes(gpu.objectWillChange),
-                               changes(temperature.objectWillChange), changes(fan.objectWillChange),
-                               changes(ane.objectWillChange)})(
+                               changes(temperature.objectWillChange),
+                               changes(network.objectWillChange), changes(diskIO.objectWillChange),
+                               changes(fan.objectWillChange), changes(ane.objectWillChange)})(
             [this, next = std::move(next)](const Changed& change) {
                 if (objectWillChange.hasSubscribers()) next(change);
             });

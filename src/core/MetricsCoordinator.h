@@ -37,6 +37,8 @@ public:
     CPUMonitor& cpu;
     GPUMonitor& gpu;
     TemperatureService& temperature;
+    NetworkMonitor& network;
+    DiskIOMonitor& diskIO;
     FanMonitor& fan;
     ANEMonitor& ane;
 

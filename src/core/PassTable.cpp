@@ -20,11 +20,18 @@ constexpr std::array table{
                 return coordinator.needsSubsystem(Subsystem::temperature);
             },
             nullptr, [](MetricsCoordinator& coordinator) { coordinator.temperature.refresh(); }},
+    PassRow{"diskIO", PassPhase::main,
+            [](const MetricsCoordinator& coordinator) {
+                return coordinator.needsSubsystem(Subsystem::disk);
+            },
+            nullptr, [](MetricsCoordinator& coordinator) { coordinator.diskIO.refresh(); }},
     PassRow{"fan", PassPhase::main,
             [](const MetricsCoordinator& coordinator) {
                 return coordinator.needsSubsystem(Subsystem::fan);
             },
             nullptr, [](MetricsCoordinator& coordinator) { coordinator.fan.refresh(); }},
+    PassRow{"network", PassPhase::activeOnly, nullptr, nullptr,
+            [](MetricsCoordinator& coordinator) { coordinator.network.refresh(); }},
 };
 
 }  // namespace

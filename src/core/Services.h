@@ -7,7 +7,9 @@
 #include "smc/TemperatureService.h"
 #include "telemetry/ANEMonitor.h"
 #include "telemetry/CPUMonitor.h"
+#include "telemetry/DiskIOMonitor.h"
 #include "telemetry/GPUMonitor.h"
+#include "telemetry/NetworkMonitor.h"
 
 namespace vtx {
 
@@ -16,11 +18,18 @@ namespace vtx {
 struct Services {
     /// The ports and executors must outlive the services.
     Services(const Ports& ports, const Executors& executors)
-        : cpu(ports, executors), gpu(ports, executors.tick), fan(ports), ane(ports) {}
+        : cpu(ports, executors),
+          gpu(ports, executors.tick),
+          network(ports.networkInterfaces, ports.clock),
+          diskIO(ports.ioRegistry, ports.clock),
+          fan(ports),
+          ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
     TemperatureService temperature;
+    NetworkMonitor network;
+    DiskIOMonitor diskIO;
     FanMonitor fan;
     ANEMonitor ane;
 };

@@ -9,6 +9,7 @@ class HostInfo;
 class IORegistry;
 class IOReportLibrary;
 class Locale;
+class NetworkInterfaces;
 class PowerSources;
 class ProcessInfo;
 class SMCUserClient;
@@ -26,6 +27,7 @@ struct Ports {
     IORegistry& ioRegistry;
     IOReportLibrary& ioReport;
     Locale& locale;
+    NetworkInterfaces& networkInterfaces;
     PowerSources& powerSources;
     ProcessInfo& processInfo;
     SMCUserClient& smc;

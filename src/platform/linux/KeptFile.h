@@ -22,7 +22,14 @@ public:
     /// read. The view lives until the next read.
     [[nodiscard]] std::optional<std::string_view> read(std::size_t bytes);
 
+    /// The whole file, of one that the kernel gives in parts of a page at most; absent also when it
+    /// is larger than `limit` bytes. One call more than it has parts, since the last one tells the
+    /// end.
+    [[nodiscard]] std::optional<std::string_view> readWhole(std::size_t limit);
+
 private:
+    [[nodiscard]] std::optional<std::string_view> readOpenedWhole(std::size_t limit);
+    [[nodiscard]] ssize_t readAt(std::size_t offset, std::size_t bytes);
     [[nodiscard]] std::optional<std::string_view> readOpened(std::size_t bytes);
 
     std::string path_;

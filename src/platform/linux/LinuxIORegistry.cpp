@@ -12,6 +12,10 @@ namespace {
 /// A name is read into a buffer of 128 bytes, the zero byte at its end included.
 constexpr std::size_t longestName = 127;
 
+/// An object is the number of its place, from 1 on, below a number that changes each time.
+constexpr unsigned placeBits = 16;
+constexpr IOObject placeMask = (IOObject{1} << placeBits) - 1;
+
 }  // namespace
 
 LinuxIORegistry::LinuxIORegistry(const LinuxProcessors& processors, const CpuFreq& cpuFreq,
@@ -29,22 +33,26 @@ std::optional<ServiceMatch> LinuxIORegistry::serviceMatching(std::string_view cl
 }
 
 RegistryWalk LinuxIORegistry::getMatchingServices(const ServiceMatch& match) {
-    return walkOf(servicesOf(match.className));
+    const std::lock_guard lock(sourcesMutex_);
+    servicesOf(match.className, found_);
+    return walkOf(found_);
 }
 
 RegistryEntry LinuxIORegistry::getMatchingService(const ServiceMatch& match) {
-    const auto services = servicesOf(match.className);
-    return services.empty() ? RegistryEntry{} : entryOf(services.front());
+    const std::lock_guard lock(sourcesMutex_);
+    servicesOf(match.className, found_);
+    return found_.empty() ? RegistryEntry{} : entryOf(found_.front());
 }
 
-RegistryNodes LinuxIORegistry::servicesOf(std::string_view className) {
-    if (className == "AppleARMIODevice")
-        return powerManager_ ? RegistryNodes{powerManager_} : RegistryNodes{};
-    const std::lock_guard lock(sourcesMutex_);
-    for (const auto& source : sources_) {
-        if (source->className() == className) return source->services();
+void LinuxIORegistry::servicesOf(std::string_view className, RegistryNodes& into) {
+    into.clear();
+    if (className == "AppleARMIODevice") {
+        if (powerManager_) into.push_back(powerManager_);
+        return;
     }
-    return {};
+    for (const auto& source : sources_) {
+        if (source->className() == className) return source->servicesInto(into);
+    }
 }
 
 RegistryEntry LinuxIORegistry::iteratorNext(const RegistryIterator& iterator) {
@@ -94,67 +102,93 @@ EntryProperties LinuxIORegistry::entryCreateCFProperties(const RegistryEntry& en
 }
 
 EntryPropertiesView LinuxIORegistry::entryProperties(const RegistryEntry& entry) {
-    auto copied = entryCreateCFProperties(entry);
-    if (!copied.properties) return {copied.result, look(entry, nullptr)};
-    return {copied.result, look(entry, std::make_unique<Property>(*std::move(copied.properties)))};
+    const auto [place, node] = find(entry);
+    if (!place) return {};
+    auto properties = node ? node->properties() : std::nullopt;
+    if (!properties) {
+        place->kept.reset();
+        return {};
+    }
+    place->kept = Property(*std::move(properties));
+    return {kernSuccess, PropertyView(*place->kept)};
 }
 
 PropertyView LinuxIORegistry::entryProperty(const RegistryEntry& entry, std::string_view key) {
-    return entryProperties(entry).properties[key];
+    const auto [place, node] = find(entry);
+    if (!place || !node || !node->property(key, place->kept)) return {};
+    return PropertyView(*place->kept);
 }
 
 void LinuxIORegistry::objectRelease(IOObject object) noexcept {
-    std::map<IOObject, Object>::node_type gone;
+    Node gone;
     const std::lock_guard lock(mutex_);
-    gone = objects_.extract(object);
-    if (gone.empty()) programmingFault("a registry object was released that is not there");
+    Place* const place = placeOf(object);
+    if (!place) programmingFault("a registry object was released that is not there");
+    gone = std::move(place->node);
+    place->walk.clear();
+    place->object = ioObjectNull;
+    free_.push_back((object & placeMask) - 1);
 }
 
 std::size_t LinuxIORegistry::outstandingObjects() const {
     const std::lock_guard lock(mutex_);
-    return objects_.size();
-}
-
-IOObject LinuxIORegistry::keep(Object object) {
-    const std::lock_guard lock(mutex_);
-    // The numbers come round after years; those that are still out stay theirs.
-    do ++last_;
-    while (last_ == ioObjectNull || objects_.contains(last_));
-    objects_.emplace(last_, std::move(object));
-    return last_;
+    return places_.size() - free_.size();
 }
 
 RegistryEntry LinuxIORegistry::entryOf(Node node) {
     if (!node) return {};
-    return {*this, keep({std::move(node), {}, nullptr})};
+    const std::lock_guard lock(mutex_);
+    Place& place = takePlace();
+    place.node = std::move(node);
+    return {*this, place.object};
 }
 
 RegistryWalk LinuxIORegistry::walkOf(const RegistryNodes& nodes) {
     if (nodes.empty()) return {kernSuccess, {}};
-    return {kernSuccess, {*this, keep({nullptr, {nodes.begin(), nodes.end()}, nullptr})}};
+    const std::lock_guard lock(mutex_);
+    Place& place = takePlace();
+    place.walk = nodes;
+    place.next = 0;
+    return {kernSuccess, {*this, place.object}};
 }
 
-LinuxIORegistry::Node LinuxIORegistry::nodeOf(const RegistryEntry& entry) const {
-    const std::lock_guard lock(mutex_);
-    const auto found = objects_.find(entry.get());
-    return found == objects_.end() ? nullptr : found->second.node;
+LinuxIORegistry::Node LinuxIORegistry::nodeOf(const RegistryObject& object) {
+    return find(object).second;
 }
 
 LinuxIORegistry::Node LinuxIORegistry::takeNext(const RegistryIterator& iterator) {
     const std::lock_guard lock(mutex_);
-    const auto found = objects_.find(iterator.get());
-    if (found == objects_.end() || found->second.ahead.empty()) return nullptr;
-    Node next = std::move(found->second.ahead.front());
-    found->second.ahead.pop_front();
-    return next;
+    Place* const place = placeOf(iterator.get());
+    if (!place || place->next == place->walk.size()) return nullptr;
+    return std::move(place->walk[place->next++]);
 }
 
-PropertyView LinuxIORegistry::look(const RegistryEntry& entry, std::unique_ptr<Property> value) {
+LinuxIORegistry::Place& LinuxIORegistry::takePlace() {
+    if (free_.empty()) {
+        if (places_.size() == placeMask) programmingFault("registry objects are not given back");
+        free_.push_back(places_.size());
+        places_.emplace_back();
+        free_.reserve(places_.size());  // giving back must not fail
+    }
+    const std::size_t index = free_.back();
+    free_.pop_back();
+    Place& place = places_[index];
+    place.object = (++turn_ << placeBits) | static_cast<IOObject>(index + 1);
+    return place;
+}
+
+LinuxIORegistry::Place* LinuxIORegistry::placeOf(IOObject object) {
+    const std::size_t number = object & placeMask;
+    if (number == 0 || number > places_.size()) return nullptr;
+    Place& place = places_[number - 1];
+    return place.object == object ? &place : nullptr;
+}
+
+std::pair<LinuxIORegistry::Place*, LinuxIORegistry::Node> LinuxIORegistry::find(
+    const RegistryObject& object) {
     const std::lock_guard lock(mutex_);
-    const auto found = objects_.find(entry.get());
-    if (found == objects_.end()) return {};
-    found->second.kept = std::move(value);
-    return found->second.kept ? PropertyView(*found->second.kept) : PropertyView();
+    Place* const place = placeOf(object.get());
+    return {place, place ? place->node : nullptr};
 }
 
 }  // namespace vtx

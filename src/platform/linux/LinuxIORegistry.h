@@ -6,6 +6,8 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "platform/IORegistry.h"
@@ -58,30 +60,40 @@ public:
 private:
     using Node = std::shared_ptr<RegistryNode>;
 
-    /// An entry, which has a node, or a walk, which has nodes ahead.
-    struct Object {
+    /// The place of an entry, which has a node, or of a walk, which has nodes. The next object that
+    /// gets the place uses its memory again, so that what is done with each tick allocates nothing.
+    struct Place {
+        IOObject object = ioObjectNull;  ///< the one that has it; null while it is free
         Node node;
-        std::deque<Node> ahead;
-        std::unique_ptr<Property> kept;  ///< what the owner of the entry looks at
+        RegistryNodes walk;
+        std::size_t next = 0;          ///< of the walk
+        std::optional<Property> kept;  ///< what the owner of the entry looks at
     };
 
-    [[nodiscard]] RegistryNodes servicesOf(std::string_view className);
-    [[nodiscard]] IOObject keep(Object object);
+    void servicesOf(std::string_view className, RegistryNodes& into);
     [[nodiscard]] RegistryEntry entryOf(Node node);
     [[nodiscard]] RegistryWalk walkOf(const RegistryNodes& nodes);
-    [[nodiscard]] Node nodeOf(const RegistryEntry& entry) const;
+    [[nodiscard]] Node nodeOf(const RegistryObject& object);
     [[nodiscard]] Node takeNext(const RegistryIterator& iterator);
-    [[nodiscard]] PropertyView look(const RegistryEntry& entry, std::unique_ptr<Property> value);
+
+    // With the lock held. A place stays where it is; what is in it belongs to the thread that uses
+    // its object.
+    [[nodiscard]] Place& takePlace();
+    [[nodiscard]] Place* placeOf(IOObject object);
+    /// The object's place, its node with it.
+    [[nodiscard]] std::pair<Place*, Node> find(const RegistryObject& object);
 
     Node cpus_;          ///< null on a machine of one level
     Node powerManager_;  ///< null on a machine without cpufreq
 
-    std::mutex sourcesMutex_;
+    std::mutex sourcesMutex_;  ///< of both below
     Sources sources_;
+    RegistryNodes found_;  ///< of the search under way
 
     mutable std::mutex mutex_;  ///< of all below
-    std::map<IOObject, Object> objects_;
-    IOObject last_ = ioObjectNull;
+    std::deque<Place> places_;
+    std::vector<std::size_t> free_;  ///< the one that was given back last stands last
+    IOObject turn_ = 0;              ///< tells the objects of one place apart
     std::map<std::weak_ptr<RegistryNode>, std::uint64_t, std::owner_less<>> identifiers_;
     std::uint64_t lastIdentifier_ = 0;
 };

@@ -5,6 +5,7 @@
 
 #include <thread>
 
+#include "platform/linux/BlockStorageSource.h"
 #include "platform/linux/CpuFreq.h"
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
@@ -14,6 +15,7 @@
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxIOReportLibrary.h"
 #include "platform/linux/LinuxLocale.h"
+#include "platform/linux/LinuxNetworkInterfaces.h"
 #include "platform/linux/LinuxPowerSources.h"
 #include "platform/linux/LinuxProcessInfo.h"
 #include "platform/linux/LinuxProcessors.h"
@@ -40,6 +42,7 @@ struct LinuxPlatform::Members {
           ioRegistry(processors, cpuFreq, registrySources()),
           ioReport(root, processors, cpuFreq),
           locale(options.environment),
+          networkInterfaces(root),
           powerSources(root),
           processInfo(root, options.environment, bus),
           sysctl(root, processors),
@@ -49,6 +52,7 @@ struct LinuxPlatform::Members {
 
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;
+        sources.push_back(std::make_unique<BlockStorageSource>(root, deviceChanges));
         sources.push_back(
             std::make_unique<GraphicsSource>(root, clock, deviceChanges, graphicsTools()));
         return sources;
@@ -74,6 +78,7 @@ struct LinuxPlatform::Members {
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;
     LinuxLocale locale;
+    LinuxNetworkInterfaces networkInterfaces;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
     LinuxSMCUserClient smc;
@@ -97,6 +102,7 @@ Ports LinuxPlatform::ports() {
         .ioRegistry = m.ioRegistry,
         .ioReport = m.ioReport,
         .locale = m.locale,
+        .networkInterfaces = m.networkInterfaces,
         .powerSources = m.powerSources,
         .processInfo = m.processInfo,
         .smc = m.smc,

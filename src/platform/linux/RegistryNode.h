@@ -30,6 +30,16 @@ public:
     [[nodiscard]] virtual bool isThere() { return true; }
     /// The properties as they are now; absent where the device has gone.
     [[nodiscard]] virtual std::optional<PropertyMap> properties() = 0;
+    /// One property as it is now, put into `kept`, whose memory is used again where it can be;
+    /// false where the device does not tell it. One thread at a time for the same `kept`.
+    [[nodiscard]] virtual bool property(std::string_view key, std::optional<Property>& kept) {
+        auto all = properties();
+        if (!all) return false;
+        const auto found = all->find(key);
+        if (found == all->end()) return false;
+        kept = std::move(found->second);
+        return true;
+    }
 
     // Set while the tree is built, by whoever builds it.
     std::vector<std::shared_ptr<RegistryNode>> children;
@@ -64,6 +74,8 @@ public:
     [[nodiscard]] virtual std::string_view className() const = 0;
     /// Those that are there now, the same node for the same device each time. One thread at a time.
     [[nodiscard]] virtual RegistryNodes services() = 0;
+    /// The same into memory that is used again. One thread at a time.
+    virtual void servicesInto(RegistryNodes& into) { into = services(); }
 };
 
 }  // namespace vtx

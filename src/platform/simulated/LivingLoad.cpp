@@ -19,6 +19,10 @@ double unit(std::uint64_t key) {
 constexpr std::uint64_t burstChannel = 1;
 constexpr std::uint64_t widthChannel = 2;
 constexpr std::uint64_t graphicsChannel = 3;
+constexpr std::uint64_t readChannel = 4;
+constexpr std::uint64_t writeChannel = 5;
+constexpr std::uint64_t receiveChannel = 6;
+constexpr std::uint64_t sendChannel = 7;
 constexpr std::uint64_t firstCoreChannel = 16;
 
 }  // namespace
@@ -35,6 +39,19 @@ double LivingLoad::graphics(Duration sinceStart) const {
     const double burst = std::pow(noise(burstChannel, time, 12.0), 3.0);
     const double scene = noise(graphicsChannel, time, 5.0);
     return std::clamp(0.02 + 0.12 * scene + 0.6 * burst * (0.5 + 0.5 * scene), 0.0, 1.0);
+}
+
+LivingRates LivingLoad::disk(Duration sinceStart) const {
+    const double time = toSeconds(sinceStart);
+    const double burst = std::pow(noise(burstChannel, time, 12.0), 3.0);
+    return {2e8 * burst * std::pow(noise(readChannel, time, 3.0), 4.0),
+            6e4 + 9e7 * std::pow(noise(writeChannel, time, 5.0), 6.0)};
+}
+
+LivingRates LivingLoad::network(Duration sinceStart) const {
+    const double time = toSeconds(sinceStart);
+    return {2e3 + 2e7 * std::pow(noise(receiveChannel, time, 9.0), 6.0),
+            1e3 + 2e6 * std::pow(noise(sendChannel, time, 7.0), 6.0)};
 }
 
 double LivingLoad::busy(CoreKind kind, std::size_t core, double time) const {

@@ -10,6 +10,12 @@
 
 namespace vtx {
 
+/// Bytes a second in both directions.
+struct LivingRates {
+    double in = 0.0;
+    double out = 0.0;
+};
+
 /// The load of a machine that somebody works at: a few percent of background on the efficiency
 /// cores, bursts on the performance cores that spread over fewer or more of them. A pure function
 /// of seed, core and time, smooth in time, so that any moment can be asked for in any order.
@@ -21,6 +27,10 @@ public:
     [[nodiscard]] CoreLoad at(CoreKind kind, std::size_t core, Duration sinceStart) const;
     /// The load of the graphics processor, which joins in the larger bursts.
     [[nodiscard]] double graphics(Duration sinceStart) const;
+    /// What the drives read and write: little, and a lot while something is opened or saved.
+    [[nodiscard]] LivingRates disk(Duration sinceStart) const;
+    /// What goes over the network: a trickle, and now and then a download.
+    [[nodiscard]] LivingRates network(Duration sinceStart) const;
 
 private:
     [[nodiscard]] double busy(CoreKind kind, std::size_t core, double time) const;

@@ -22,6 +22,16 @@ inline constexpr std::string_view hostProcessorInfoZeroProcessors =
 /// Counted; cannot fail.
 inline constexpr std::string_view vmDeallocate = "vm_deallocate";
 
+/// The result is an errno value.
+inline constexpr std::string_view getifaddrs = "getifaddrs";
+/// Success without a list, or with records that have no addresses; not counted apart.
+inline constexpr std::string_view getifaddrsNull = "getifaddrs:null";
+inline constexpr std::string_view getifaddrsNoAddress = "getifaddrs:noAddress";
+/// Failing, it gives no text.
+inline constexpr std::string_view getnameinfo = "getnameinfo";
+/// Counted; cannot fail.
+inline constexpr std::string_view freeifaddrs = "freeifaddrs";
+
 /// Counted.
 inline constexpr std::string_view powerSourcesCopy = "powerSources:copy";
 /// Failing gives no snapshot, or one that knows no type.

@@ -35,6 +35,7 @@ private:
 
 /// The kinds of handles.
 namespace handles {
+inline constexpr std::string_view interfaceList = "InterfaceList";
 inline constexpr std::string_view kernelArray = "KernelArray";
 inline constexpr std::string_view powerSourcesInfo = "PowerSourcesInfo";
 inline constexpr std::string_view registryEntry = "RegistryEntry";

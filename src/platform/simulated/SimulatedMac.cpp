@@ -15,11 +15,16 @@ constexpr std::string_view acceleratorClass = "IOAccelerator";
 }  // namespace
 
 SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
-    : processors(clock, std::move(shape)), graphics(clock), thermals(clock, processors) {
+    : processors(clock, std::move(shape)),
+      graphics(clock),
+      thermals(clock, processors),
+      disks(registry, clock),
+      network(clock) {
     sensors::install(smc, thermals, processors.shape());
     sensors::install(hidSensors, thermals, processors.shape());
     devices::install(registry, processors.shape());
     if (processors.shape().hasAccelerator) addAccelerator();
+    disks.attach({"APPLE SSD AP0512R", "disk0"});
     channels.addSource([this] { return devices::coreStates(processors); });
     channels.addSource(devices::energyCounters);
 }
@@ -27,6 +32,8 @@ SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
 void SimulatedMac::live(std::uint64_t seed) {
     processors.live(seed);
     graphics.live(seed);
+    disks.live(seed);
+    network.live(seed);
 }
 
 SimulatedRegistry::Node SimulatedMac::addAccelerator() {

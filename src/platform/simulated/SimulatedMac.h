@@ -9,8 +9,10 @@
 
 #include "base/Signal.h"
 #include "platform/simulated/SimulatedChannels.h"
+#include "platform/simulated/SimulatedDisks.h"
 #include "platform/simulated/SimulatedGraphics.h"
 #include "platform/simulated/SimulatedHIDSensors.h"
+#include "platform/simulated/SimulatedNetwork.h"
 #include "platform/simulated/SimulatedProcessors.h"
 #include "platform/simulated/SimulatedRegistry.h"
 #include "platform/simulated/SimulatedSMC.h"
@@ -38,6 +40,9 @@ public:
     /// Its devices and what its chip counts.
     SimulatedRegistry registry;
     SimulatedChannels channels;
+    /// One that is built in, at first.
+    SimulatedDisks disks;
+    SimulatedNetwork network;
 
     /// The system's name and version.
     std::string operatingSystemVersion = "Version 15.2 (Build 24C101)";

@@ -107,6 +107,10 @@ void MenuBarController::observeStripSizeSignals() {
         return formatTemp(reading ? reading->cpuMaxC : std::nullopt);
     };
     const auto fanLabel = [](const FanStats& reading) { return reading.maxRPM(); };
+    const auto diskLabel = [](const std::optional<DiskIOReading>& reading) {
+        if (!reading || !reading->bytesReadPerSecond) return std::string(emptyMark);
+        return throughputLabel(*reading->bytesReadPerSecond + *reading->bytesWrittenPerSecond);
+    };
     const auto changed = [](const auto&) { return Changed{}; };
     const auto signals = merge<Changed>({
         map(coordinator_.preferences.stream(), changed),
@@ -115,6 +119,7 @@ void MenuBarController::observeStripSizeSignals() {
         map(removeDuplicates(map(coordinator_.temperature.latest.stream(), temperatureLabel)),
             changed),
         map(removeDuplicates(map(coordinator_.fan.latest.stream(), fanLabel)), changed),
+        map(removeDuplicates(map(coordinator_.diskIO.latest.stream(), diskLabel)), changed),
         [this](std::function<void(const Changed&)> next) {
             statusItem_->onIntrinsicWidthChange = [next = std::move(next)] { next(Changed{}); };
             return Subscription([this] { statusItem_->onIntrinsicWidthChange = nullptr; });

@@ -12,6 +12,10 @@ StripReadings stripReadingsOf(const MetricsCoordinator& coordinator) {
     if (const auto& gpu = *coordinator.gpu.latest) readings.gpuUtilization = gpu->deviceUtilization;
     if (const auto& temperature = *coordinator.temperature.latest)
         readings.cpuMaxC = temperature->cpuMaxC;
+    if (const auto& disk = *coordinator.diskIO.latest) {
+        readings.diskReadPerSecond = disk->bytesReadPerSecond;
+        readings.diskWrittenPerSecond = disk->bytesWrittenPerSecond;
+    }
     readings.fanMaxRPM = coordinator.fan.latest->maxRPM();
     readings.criticalMetric = *coordinator.criticalMetric;
     return readings;
@@ -25,6 +29,7 @@ Subscriptions followStripReadings(MetricsCoordinator& coordinator,
     tokens.push_back(coordinator.gpu.latest.subscribe(changed));
     tokens.push_back(coordinator.gpu.isAvailable.subscribe(changed));
     tokens.push_back(coordinator.temperature.latest.subscribe(changed));
+    tokens.push_back(coordinator.diskIO.latest.subscribe(changed));
     tokens.push_back(coordinator.fan.latest.subscribe(changed));
     tokens.push_back(coordinator.preferences.subscribe(changed));
     tokens.push_back(coordinator.criticalMetric.subscribe(changed));

@@ -150,6 +150,59 @@ TEST(PassNeeds, an_idle_pass_samples_the_graphics_where_a_preference_asks_for_it
     }
 }
 
+TEST(PassNeeds, an_idle_pass_samples_the_drives_where_a_preference_asks_for_it) {
+    for (bool DisplayPreferences::* const wish :
+         {&DisplayPreferences::showDiskIO, &DisplayPreferences::menuBarLiveDisk,
+          &DisplayPreferences::alertDiskEnabled, &DisplayPreferences::menuBarCompact}) {
+        CoordinatorBench b;
+        b.coordinator.preferences = nothingWanted();
+        b.coordinator.start();
+        b.settle();
+        EXPECT_EQ(*b.coordinator.diskIO.latest, std::nullopt);
+        b.change([wish](auto& p) { p.*wish = true; });
+        b.advance(seconds(1));
+        EXPECT_TRUE(b.coordinator.diskIO.latest->has_value());
+    }
+}
+
+TEST(PassNeeds, the_network_is_sampled_in_active_alone_whatever_the_preferences) {
+    CoordinatorBench b;
+    b.change([](auto& p) { p.menuBarCompact = true; });
+    for (const auto mode : {PollingMode::background, PollingMode::batterySaver}) {
+        b.coordinator.setPollingMode(mode);
+        b.advance(seconds(10));
+        EXPECT_EQ(*b.coordinator.network.latest, std::nullopt);
+    }
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.advance(seconds(1));
+    ASSERT_TRUE(b.coordinator.network.latest->has_value());
+    EXPECT_TRUE((*b.coordinator.network.latest)->bytesInPerSecond);
+}
+
+TEST(PassNeeds, the_network_stops_with_the_machines_sleep_until_a_surface_is_opened_again) {
+    CoordinatorBench b;
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.settle();
+    b.sleepMachine(seconds(600));
+    b.platform.resetCalls();
+    b.advance(seconds(10));
+    EXPECT_GT(b.samples(), 0U);
+    EXPECT_EQ(b.platform.calls("getifaddrs"), 0U);
+    EXPECT_EQ(b.platform.instruments.handles.outstanding(handles::interfaceList), 0U);
+}
+
+TEST(PassTable, a_change_of_the_drives_or_the_network_is_the_coordinators_too) {
+    CoordinatorBench b;
+    int told = 0;
+    const auto token = b.coordinator.objectWillChange.subscribe([&told] { ++told; });
+    b.coordinator.diskIO.refresh();
+    b.advance(seconds(1));
+    EXPECT_EQ(told, 1);
+    b.coordinator.network.refresh();
+    b.advance(seconds(1));
+    EXPECT_EQ(told, 2);
+}
+
 // How often an idle pass reads a key, with this one wish or with none.
 std::size_t readsOf(std::string_view key, bool DisplayPreferences::* wish) {
     CoordinatorBench b;

@@ -1,12 +1,23 @@
 // SPDX-License-Identifier: MIT
 // The ports on the machine that runs the tests: each figure within its range.
+#include <fcntl.h>
+#include <fmt/format.h>
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <pthread.h>
 #include <algorithm>
+#include <filesystem>
 #include <numeric>
+#include <optional>
+#include <random>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include "linux/TemporaryTree.h"
 #include "platform/HostInfo.h"
@@ -18,8 +29,12 @@
 #include "platform/Sysctl.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
+#include "platform/linux/BlockDevices.h"
+#include "platform/linux/FileDescriptor.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PollRunLoop.h"
+#include "telemetry/DiskIOMonitor.h"
+#include "telemetry/NetworkMonitor.h"
 #include "telemetry/PMGRReader.h"
 
 namespace vtx::test {
@@ -82,6 +97,93 @@ TEST_F(RunningMachine, has_graphics_with_a_load_within_its_range) {
                               .number();
         EXPECT_TRUE(!load || (*load >= 0 && *load <= 100)) << *load;
     }
+}
+
+// The whole disk behind a folder's device, or nothing: behind some folders there is none.
+std::optional<std::string> wholeDiskBehind(const std::string& folder) {
+    struct stat facts{};
+    if (::stat(folder.c_str(), &facts) != 0) return std::nullopt;
+    std::error_code error;
+    auto device = std::filesystem::canonical(
+        fmt::format("/sys/dev/block/{}:{}", major(facts.st_dev), minor(facts.st_dev)), error);
+    if (error) return std::nullopt;
+    if (std::filesystem::exists(device / "partition")) device = device.parent_path();
+    const std::string name = device.filename().string();
+    return isWholeDisk(name) ? std::optional(name) : std::nullopt;
+}
+
+// Writes so many bytes into the file and waits until they are on its disk.
+bool writeThrough(const std::string& file, std::size_t bytes) {
+    const FileDescriptor out(::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+    std::vector<char> block(bytes);
+    // Not all alike, so that no file system makes a hole or less of it.
+    std::minstd_rand random(1);
+    for (auto& byte : block) byte = static_cast<char>(random());
+    return out && ::write(out.get(), block.data(), block.size()) == static_cast<ssize_t>(bytes) &&
+           ::fdatasync(out.get()) == 0;
+}
+
+TEST_F(RunningMachine, counts_what_is_written_on_the_disk_that_it_is_written_to) {
+    constexpr std::size_t bytes = 4 << 20;
+    const auto disk = wholeDiskBehind(folder.path());
+    if (!disk) GTEST_SKIP() << "there is no whole disk behind the folder for temporary files";
+    DiskIOMonitor monitor(ports.ioRegistry, ports.clock);
+    const auto written = [&]() -> std::optional<std::uint64_t> {
+        monitor.refresh();
+        for (const auto& volume : (*monitor.latest)->volumes)
+            if (volume.bsdDevice == *disk) return volume.bytesWritten;
+        return std::nullopt;
+    };
+    const auto first = written();
+    const auto before = written();
+    ASSERT_TRUE(first && before) << *disk << " is not in the list";
+    ASSERT_TRUE(writeThrough(folder.path() + "/written", bytes));
+    const auto after = written();
+    ASSERT_TRUE(after);
+    // Whatever others write meanwhile only adds to it; how much that is, the first two tell.
+    EXPECT_GE(*before, *first);
+    EXPECT_GE(*after - *before, bytes) << "others wrote " << *before - *first << " just before";
+    const auto& reading = **monitor.latest;
+    ASSERT_TRUE(reading.bytesWrittenPerSecond);
+    EXPECT_GT(*reading.bytesWrittenPerSecond, 0.0);
+}
+
+// Sends datagrams to itself over the loopback and takes each; the bytes sent, or nothing.
+std::optional<std::size_t> sendOverLoopback(int datagrams) {
+    const FileDescriptor socket(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof(address);
+    auto* const generic = reinterpret_cast<sockaddr*>(&address);
+    if (!socket || ::bind(socket.get(), generic, size) != 0 ||
+        ::getsockname(socket.get(), generic, &size) != 0)
+        return std::nullopt;
+    std::vector<char> block(1400);
+    for (int i = 0; i < datagrams; ++i) {
+        if (::sendto(socket.get(), block.data(), block.size(), 0, generic, size) < 0 ||
+            ::recv(socket.get(), block.data(), block.size(), 0) < 0)
+            return std::nullopt;
+    }
+    return block.size() * static_cast<std::size_t>(datagrams);
+}
+
+TEST_F(RunningMachine, counts_what_goes_over_its_loopback) {
+    NetworkMonitor monitor(ports.networkInterfaces, ports.clock);
+    monitor.refresh();
+    const NetworkReading before = **monitor.latest;
+    const auto isLoopback = [](const auto& each) {
+        return each.kind == LinkKind::loopback && each.isActive;
+    };
+    if (std::ranges::none_of(before.interfaces, isLoopback))
+        GTEST_SKIP() << "this machine has no active loopback";
+    const auto sent = sendOverLoopback(1000);
+    if (!sent) GTEST_SKIP() << "this machine refuses traffic over its loopback";
+    monitor.refresh();
+    const auto& after = **monitor.latest;
+    EXPECT_GE(after.totalBytesIn - before.totalBytesIn, *sent);
+    EXPECT_GE(after.totalBytesOut - before.totalBytesOut, *sent);
+    EXPECT_GT(after.bytesInPerSecond.value_or(1.0), 0.0);
 }
 
 TEST_F(RunningMachine, has_levels_that_add_up_to_its_processors) {

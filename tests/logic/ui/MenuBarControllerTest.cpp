@@ -30,6 +30,12 @@ struct Controlled {
         stats.deviceUtilization = utilization;
         controller.coordinator().gpu.latest = stats;
     }
+    void publishDisk(double bytesPerSecond) {
+        DiskIOReading reading;
+        reading.bytesReadPerSecond = bytesPerSecond;
+        reading.bytesWrittenPerSecond = 0.0;
+        controller.coordinator().diskIO.latest = reading;
+    }
     void publishTemperature(double celsius) {
         controller.coordinator().temperature.latest = TemperatureReading{celsius, {}, {}};
     }
@@ -210,6 +216,20 @@ TEST(MenuBarController, another_label_of_the_graphics_measures_the_strip) {
     c.letSizeSettle();
     EXPECT_EQ(c.surfaces.item->lengths.size(), before);
     c.publishGPU(0.13);
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
+}
+
+TEST(MenuBarController, another_label_of_the_drives_measures_the_strip) {
+    Controlled c;
+    c.letSizeSettle();  // with the machine's own first reading
+    c.publishDisk(2'097'152);
+    c.letSizeSettle();
+    const auto before = c.surfaces.item->lengths.size();
+    c.publishDisk(2'100'000);
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before);
+    c.publishDisk(52'428'800);
     c.letSizeSettle();
     EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
 }
