@@ -28,6 +28,10 @@ void MetricsCoordinator::appendHistory(Date now) {
         append(eCoreHistory, now, reading->eCoreUsage);
     }
     if (const auto& reading = *gpu.latest) append(gpuHistory, now, reading->deviceUtilization);
+    if (const auto& reading = *diskIO.latest) {
+        if (const auto rate = reading->bytesReadPerSecond) append(diskReadHistory, now, *rate);
+        if (const auto rate = reading->bytesWrittenPerSecond) append(diskWriteHistory, now, *rate);
+    }
     if (const auto utilization = ane.latest->utilization) append(aneHistory, now, *utilization);
 }
 
@@ -40,8 +44,8 @@ std::string MetricsCoordinator::exportHistoryCSV() const {
                                         .eCore = lastHour(eCoreHistory),
                                         .gpu = lastHour(gpuHistory),
                                         .memory = {},
-                                        .diskRead = {},
-                                        .diskWrite = {},
+                                        .diskRead = lastHour(diskReadHistory),
+                                        .diskWrite = lastHour(diskWriteHistory),
                                         .ane = lastHour(aneHistory)});
 }
 
@@ -67,6 +71,9 @@ std::string MetricsCoordinator::resolveCriticalMetric() const {
         rank("thermal", thermalScore(*reading->cpuMaxC));
     if (const auto load = fan.latest->averageLoad()) rank("fan", *load);
     if (const auto utilization = ane.latest->utilization) rank("ane", *utilization);
+    if (const auto& reading = *diskIO.latest;
+        reading && reading->bytesReadPerSecond && reading->bytesWrittenPerSecond)
+        rank("disk", diskScore(*reading->bytesReadPerSecond, *reading->bytesWrittenPerSecond));
     return mostCritical(scores, preferences->compactPriority);
 }
 

@@ -46,11 +46,13 @@ public:
     Published<DisplayPreferences> preferences;
 
     // The last hour of passes that began while a surface was open; empty at each launch. Fractions
-    // from 0.0 to 1.0.
+    // from 0.0 to 1.0, but for the disks' bytes per second.
     Published<HistorySeries> cpuHistory{*this};
     Published<HistorySeries> pCoreHistory{*this};
     Published<HistorySeries> eCoreHistory{*this};
     Published<HistorySeries> gpuHistory{*this};
+    Published<HistorySeries> diskReadHistory{*this};
+    Published<HistorySeries> diskWriteHistory{*this};
     Published<HistorySeries> aneHistory{*this};
 
     /// Identifier of the tile that compact mode shows: the metric that most deserves it.

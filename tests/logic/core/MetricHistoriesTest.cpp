@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/simulated/Operations.h"
 #include "support/CoordinatorBench.h"
 
 namespace vtx {
@@ -44,6 +45,13 @@ FanStats fanAt(int current, int lowest, int highest) {
     return {{fan}, {}};
 }
 
+DiskIOReading diskRates(std::optional<double> read, std::optional<double> written) {
+    DiskIOReading reading;
+    reading.bytesReadPerSecond = read;
+    reading.bytesWrittenPerSecond = written;
+    return reading;
+}
+
 TEST(MetricHistories, start_empty) {
     CoordinatorBench b;
     EXPECT_TRUE(b.coordinator.cpuHistory->empty());
@@ -73,6 +81,17 @@ TEST(MetricHistories, a_metric_without_a_reading_adds_nothing) {
     b.coordinator.ane.latest = aneLoad(0.25);
     b.advance(seconds(1));
     EXPECT_EQ(*b.coordinator.aneHistory, (HistorySeries{{b.clock.now(), 0.25}}));
+}
+
+TEST(MetricHistories, each_rate_of_the_disks_is_recorded_where_it_is_there) {
+    CoordinatorBench b;
+    for (const auto& reading : {diskRates({}, {}), diskRates(1.5, {}), diskRates(2.5, 3.5)}) {
+        b.coordinator.diskIO.latest = reading;
+        b.coordinator.appendHistory(b.clock.now());
+    }
+    EXPECT_EQ(*b.coordinator.diskReadHistory,
+              (HistorySeries{{b.clock.now(), 1.5}, {b.clock.now(), 2.5}}));
+    EXPECT_EQ(*b.coordinator.diskWriteHistory, (HistorySeries{{b.clock.now(), 3.5}}));
 }
 
 TEST(MetricHistories, nothing_grows_while_all_is_closed_whatever_the_preferences_say) {
@@ -124,9 +143,10 @@ TEST(MetricHistories, a_point_is_told_once) {
     EXPECT_EQ(sizes, (std::vector<std::size_t>{0, 1}));
 }
 
-// The smallest machine, since there are very many passes.
+// The smallest machine without an SMC, since there are very many passes.
 TEST(MetricHistories, a_day_with_an_open_surface_keeps_one_hour) {
     AppBench b(MacShape::withoutLevels(1));
+    b.failures.failAlways(operations::serviceOpen);
     MetricsCoordinator coordinator(std::make_unique<Services>(b.ports(), b.executors()), b.ports(),
                                    b.executors());
     coordinator.preferences.modify([](auto& p) { p.refreshIntervalSeconds = 2.0; });
@@ -141,12 +161,14 @@ TEST(MetricHistories, every_series_keeps_one_hour_of_the_passes_of_a_day) {
     CoordinatorBench b;
     b.coordinator.cpu.latest = cpuLoad(0.5);
     b.coordinator.gpu.latest = gpuLoad(0.5);
+    b.coordinator.diskIO.latest = diskRates(1e6, 1e6);
     b.coordinator.ane.latest = aneLoad(0.5);
     for (int second = 0; second < 86'400; ++second)
         b.coordinator.appendHistory(ManualClock::start + std::chrono::seconds(second));
     for (const auto* history :
          {&b.coordinator.cpuHistory, &b.coordinator.pCoreHistory, &b.coordinator.eCoreHistory,
-          &b.coordinator.gpuHistory, &b.coordinator.aneHistory}) {
+          &b.coordinator.gpuHistory, &b.coordinator.diskReadHistory,
+          &b.coordinator.diskWriteHistory, &b.coordinator.aneHistory}) {
         EXPECT_GE((*history)->size(), 3601U);
         EXPECT_LE((*history)->size(), 3664U);
         EXPECT_EQ(trimmed(**history, 3600.0).size(), 3601U);
@@ -265,6 +287,16 @@ TEST(CriticalMetricOfThePass, fans_rank_by_their_mean_load_where_they_have_one) 
     EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "cpu");
     b.coordinator.fan.latest = fanAt(2000, 1000, 3000);
     EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "fan");
+}
+
+TEST(CriticalMetricOfThePass, disks_rank_by_both_rates_together_and_not_by_one) {
+    CoordinatorBench b;
+    b.change([](auto& p) { p.showDiskIO = true; });
+    b.coordinator.cpu.latest = cpuLoad(0.3);
+    b.coordinator.diskIO.latest = diskRates(5e8, {});
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "cpu");
+    b.coordinator.diskIO.latest = diskRates(1e8, 1e8);
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "disk");
 }
 
 TEST(CriticalMetricOfThePass, the_neural_engine_never_wins_by_its_load) {
