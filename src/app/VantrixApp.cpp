@@ -21,13 +21,14 @@ namespace {
 /// The process-wide objects, for as long as the application runs.
 class SharedObjects {
 public:
-    explicit SharedObjects(const Ports& ports)
+    SharedObjects(const Ports& ports, PlatformWording wording)
         : previous_(AppLog::install(&ports.unifiedLog)),
           telemetry_(ports),
           sensors_(ports),
           fans_(ports) {
-        Shared<Localization>::setFactory(
-            [&locale = ports.locale] { return std::make_unique<Localization>(locale); });
+        Shared<Localization>::setFactory([&locale = ports.locale, wording] {
+            return std::make_unique<Localization>(locale, wording);
+        });
     }
     ~SharedObjects() {
         Shared<Localization>::reset();
@@ -48,7 +49,7 @@ private:
 struct VantrixApp::Parts {
     Parts(const Ports& ports, const Executors& executors, LaunchOptions launch, TrayHost* tray)
         : options(std::move(launch)),
-          shared(ports),
+          shared(ports, options.wording),
           windowSystem(nativeWindowSystem()),
           surfaces(*windowSystem, ports.userDefaults, options.title),
           delegate(ports, executors, surfaces) {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "base/Executors.h"
+#include "language/PlatformWording.h"
 #include "platform/Ports.h"
 
 class QApplication;
@@ -19,6 +20,8 @@ struct LaunchOptions {
     QString title = "Vantrix";
     /// Where to put a picture of every surface, after which the program ends; empty to stay.
     QString picturesFolder;
+    /// The platform's own words, laid over the catalogue; null where it has none.
+    PlatformWording wording = nullptr;
 };
 
 /// The running application on a platform that was picked for it: makes the process-wide objects,

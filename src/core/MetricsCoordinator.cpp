@@ -102,6 +102,7 @@ Task<> MetricsCoordinator::refreshAll() {
     std::vector<bool> needed;
     needed.reserve(rows.size());
     for (const PassRow& row : rows) needed.push_back(!row.isNeeded || row.isNeeded(*this));
+    const bool keepsHistory = *pollingMode == PollingMode::active;
 
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (rows[i].phase != PassPhase::concurrent || !needed[i]) continue;
@@ -115,6 +116,10 @@ Task<> MetricsCoordinator::refreshAll() {
             if (rows[i].phase == PassPhase::activeOnly && needed[i]) rows[i].refreshNow(*this);
     }
     for (auto& task : concurrent) co_await task;
+
+    const Date now = ports_.clock.now();
+    if (keepsHistory) appendHistory(now);
+    updateCriticalMetric();
 }
 
 void MetricsCoordinator::refreshBattery() {

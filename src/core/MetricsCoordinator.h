@@ -4,10 +4,12 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/Published.h"
 #include "base/TaskScope.h"
 #include "core/DisplayPreferences.h"
+#include "core/HistoryPoint.h"
 #include "core/PollingMode.h"
 #include "core/Services.h"
 
@@ -46,7 +48,18 @@ public:
 
     /// What the user set. Each change is saved and put in force at once.
     Published<DisplayPreferences> preferences;
-    /// Identifier of the tile that compact mode shows.
+
+    // The last hour of passes that began while a surface was open; empty at each launch. Fractions
+    // from 0.0 to 1.0, but for the disks' bytes per second.
+    Published<HistorySeries> cpuHistory{*this};
+    Published<HistorySeries> pCoreHistory{*this};
+    Published<HistorySeries> eCoreHistory{*this};
+    Published<HistorySeries> gpuHistory{*this};
+    Published<HistorySeries> diskReadHistory{*this};
+    Published<HistorySeries> diskWriteHistory{*this};
+    Published<HistorySeries> aneHistory{*this};
+
+    /// Identifier of the tile that compact mode shows: the metric that most deserves it.
     Published<std::string> criticalMetric{*this, "cpu"};
     Published<PollingMode> pollingMode{*this, PollingMode::background};
 
@@ -70,6 +83,16 @@ public:
     [[nodiscard]] bool needsSubsystem(Subsystem subsystem) const;
     [[nodiscard]] bool needsCPU() const;
 
+    /// Adds one point, stamped `now`, to the history of every metric that has a reading.
+    void appendHistory(Date now);
+    /// The last hour of the histories as comma-separated text, whatever window the charts show.
+    [[nodiscard]] std::string exportHistoryCSV() const;
+
+    /// The metric with the highest score of those that are enabled and have a reading.
+    [[nodiscard]] std::string resolveCriticalMetric() const;
+    /// Whether the tile may be shown as the critical one; false for what is no tile.
+    [[nodiscard]] bool isMetricEnabled(std::string_view id) const;
+
     /// Whether the machine runs on its battery. A platform without an answer is a fatal error.
     [[nodiscard]] static bool isOnBattery(const Ports& ports);
 
@@ -88,6 +111,7 @@ private:
     void observeSystemPower();
     void bridgeNestedMonitorChanges();
     Task<> poll(std::stop_token stop, Duration interval);
+    void updateCriticalMetric();
 
     Subscription preferencesPersistence_;
     Subscriptions nestedMonitorBridges_;

@@ -10,11 +10,36 @@ namespace {
 
 std::optional<TextLists> listsOf(Language language) {
     switch (language) {
+        case Language::automatic:
+            return std::nullopt;
+        case Language::de:
+            return tables::de();
         case Language::en:
             return tables::en();
-        default:
-            return std::nullopt;
+        case Language::fr:
+            return tables::fr();
+        case Language::es:
+            return tables::es();
+        case Language::it:
+            return tables::it();
+        case Language::pt:
+            return tables::pt();
+        case Language::nl:
+            return tables::nl();
+        case Language::pl:
+            return tables::pl();
+        case Language::ja:
+            return tables::ja();
+        case Language::zh:
+            return tables::zh();
+        case Language::tr:
+            return tables::tr();
+        case Language::ru:
+            return tables::ru();
+        case Language::ko:
+            return tables::ko();
     }
+    return std::nullopt;
 }
 
 struct Slot {

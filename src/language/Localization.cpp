@@ -7,7 +7,10 @@
 
 namespace vtx {
 
-Localization::Localization(const Locale& locale) : locale_(locale) { recomputeEffective(); }
+Localization::Localization(const Locale& locale, PlatformWording wording)
+    : locale_(locale), wording_(wording) {
+    recomputeEffective();
+}
 
 void Localization::setPreference(Language language) {
     if (language == preference.get()) return;
@@ -16,10 +19,15 @@ void Localization::setPreference(Language language) {
 }
 
 std::string_view Localization::string(L10n::Key key) const {
-    return textOf(key, catalogue::table(effective.get()), catalogue::english());
+    return textOf(key, textsOf(effective.get()), textsOf(Language::en));
 }
 
 Localization& Localization::shared() { return Shared<Localization>::get(); }
+
+LanguageTexts Localization::textsOf(Language language) const {
+    return {wording_ ? wording_(language) : std::span<const TextEntry>{},
+            catalogue::table(language)};
+}
 
 void Localization::recomputeEffective() {
     const Language chosen = preference.get();

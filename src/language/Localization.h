@@ -7,6 +7,7 @@
 #include "base/Published.h"
 #include "language/L10n.h"
 #include "language/Language.h"
+#include "language/PlatformWording.h"
 
 namespace vtx {
 
@@ -21,8 +22,8 @@ public:
     using Language = vtx::Language;
 
     /// The locale must outlive the object. It is asked here and when the preference becomes
-    /// `automatic`, never in between.
-    explicit Localization(const Locale& locale);
+    /// `automatic`, never in between. The wording, where there is one, goes before the catalogue.
+    explicit Localization(const Locale& locale, PlatformWording wording = nullptr);
 
     /// What the user chose. Changed through `setPreference` alone.
     Published<Language> preference{*this, Language::automatic};
@@ -44,7 +45,10 @@ private:
     void recomputeEffective();
     [[nodiscard]] Language systemLanguage() const;
 
+    [[nodiscard]] LanguageTexts textsOf(Language language) const;
+
     const Locale& locale_;
+    const PlatformWording wording_;
 };
 
 }  // namespace vtx

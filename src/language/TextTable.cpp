@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <bitset>
 
 #include "base/Fault.h"
@@ -32,10 +33,14 @@ std::optional<std::string_view> TextTable::text(L10n::Key key) const {
     return text;
 }
 
-std::string_view textOf(L10n::Key key, const TextTable* own, const TextTable& english) {
-    if (own) {
-        if (const auto text = own->text(key)) return *text;
-    }
+std::optional<std::string_view> LanguageTexts::text(L10n::Key key) const {
+    const auto worded = std::ranges::find(wording, key, &TextEntry::key);
+    if (worded != wording.end()) return worded->text;
+    return table ? table->text(key) : std::nullopt;
+}
+
+std::string_view textOf(L10n::Key key, const LanguageTexts& own, const LanguageTexts& english) {
+    if (const auto text = own.text(key)) return *text;
     if (const auto text = english.text(key)) return *text;
     return L10n::rawValue(key);
 }

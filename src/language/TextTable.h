@@ -39,9 +39,18 @@ private:
     std::array<std::string_view, L10n::keyCount> texts_;  ///< A view of nothing where absent.
 };
 
-/// The text of a key for a language with this table, or with none: its own text, else the English
-/// one, else the name of the key. Never empty-handed, and valid for the run.
-[[nodiscard]] std::string_view textOf(L10n::Key key, const TextTable* own,
-                                      const TextTable& english);
+/// All that a language can say of the keys: a platform's own words before those of the catalogue.
+struct LanguageTexts {
+    std::span<const TextEntry> wording;  ///< Few, if any.
+    const TextTable* table = nullptr;    ///< Null for a language without texts.
+
+    /// Absent where the language has no text for the key.
+    [[nodiscard]] std::optional<std::string_view> text(L10n::Key key) const;
+};
+
+/// The text of a key: the language's own, else the English one, else the name of the key. Never
+/// empty-handed, and valid for the run.
+[[nodiscard]] std::string_view textOf(L10n::Key key, const LanguageTexts& own,
+                                      const LanguageTexts& english);
 
 }  // namespace vtx

@@ -5,6 +5,7 @@
 #include "app/CommandLine.h"
 #include "app/linux/LinuxDesktop.h"
 #include "base/SerialExecutor.h"
+#include "language/linux/LinuxWording.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/TerminationSignals.h"
 #include "ui/shell/QtMainExecutor.h"
@@ -12,6 +13,7 @@
 
 int main(int argc, char** argv) {
     vtx::LaunchOptions options;
+    options.wording = vtx::linuxWording;
     if (const auto done = vtx::readCommandLine(argc, argv, options)) return *done;
 
     vtx::LinuxDesktop::settleToolkit();

@@ -43,6 +43,15 @@ std::string_view takeUpTo(std::string_view& text, char separator) {
     return part;
 }
 
+/// The locale whose texts are the programs' own.
+bool isPlain(std::string_view locale) {
+    const std::string_view codeless = takeUpTo(locale, '.');
+    return codeless == "C" || codeless == "POSIX";
+}
+
+/// More than anyone reads; a list of thousands would only cost time.
+constexpr std::size_t mostLanguages = 64;
+
 }  // namespace
 
 std::optional<std::string> LinuxLocale::languageTag(std::string_view locale) {
@@ -60,14 +69,16 @@ std::optional<std::string> LinuxLocale::languageTag(std::string_view locale) {
     return tag;
 }
 
-std::vector<std::string> LinuxLocale::preferredLanguages() const {
-    std::string locale;
+std::string LinuxLocale::messageLocale() const {
     for (const auto* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        if (locale.empty()) locale = environment_(name).value_or("");
+        if (auto locale = environment_(name); locale && !locale->empty()) return *std::move(locale);
     }
-    std::string_view codeless = locale;
-    codeless = takeUpTo(codeless, '.');
-    if (codeless == "C" || codeless == "POSIX") return {};
+    return "C";
+}
+
+std::vector<std::string> LinuxLocale::preferredLanguages() const {
+    const std::string locale = messageLocale();
+    if (isPlain(locale)) return {"en"};
 
     std::vector<std::string> tags;
     const auto add = [&tags](std::string_view name) {
@@ -75,7 +86,8 @@ std::vector<std::string> LinuxLocale::preferredLanguages() const {
         if (tag && std::ranges::find(tags, *tag) == tags.end()) tags.push_back(*std::move(tag));
     };
     const std::string list = environment_("LANGUAGE").value_or("");
-    for (std::string_view rest = list; !rest.empty();) add(takeUpTo(rest, ':'));
+    for (std::string_view rest = list; !rest.empty() && tags.size() < mostLanguages;)
+        add(takeUpTo(rest, ':'));
     add(locale);
     return tags;
 }

@@ -8,8 +8,8 @@ namespace vtx {
 
 /// Language and region by the environment, with the rules of the system's message catalogues: the
 /// locale is the first of LC_ALL, LC_MESSAGES and LANG that is not empty; the languages of LANGUAGE
-/// come before it, unless the locale is "C" or "POSIX", which asks for no language at all. Main
-/// executor; owned by the platform.
+/// come before it, unless the locale is "C" or "POSIX", as it is where nothing is set: that is
+/// plain English. Main executor; owned by the platform.
 class LinuxLocale final : public Locale {
 public:
     explicit LinuxLocale(Environment environment) : environment_(std::move(environment)) {}
@@ -21,6 +21,8 @@ public:
     [[nodiscard]] static std::optional<std::string> languageTag(std::string_view locale);
 
 private:
+    [[nodiscard]] std::string messageLocale() const;
+
     Environment environment_;
 };
 

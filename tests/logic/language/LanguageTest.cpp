@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <vector>
 
 namespace vtx {
@@ -63,6 +64,14 @@ TEST(Language, each_has_a_label_in_every_language) {
             EXPECT_FALSE(displayLabel(language, display).empty())
                 << rawValue(language) << " in " << rawValue(display);
         }
+    }
+}
+
+TEST(Language, no_two_have_the_same_label_in_any_language) {
+    for (const Language display : allLanguages) {
+        std::set<std::string_view> labels;
+        for (const Language language : allLanguages) labels.insert(displayLabel(language, display));
+        EXPECT_EQ(labels.size(), allLanguages.size()) << rawValue(display);
     }
 }
 

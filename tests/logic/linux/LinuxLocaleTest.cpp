@@ -53,7 +53,6 @@ TEST(LinuxLocale, the_first_variable_that_is_not_empty_says_the_locale) {
     EXPECT_EQ(languagesOf({{"LC_MESSAGES", "fr_FR"}, {"LANG", "de_DE"}}), Tags{"fr-FR"});
     EXPECT_EQ(languagesOf({{"LC_ALL", "it_IT"}, {"LC_MESSAGES", "fr_FR"}}), Tags{"it-IT"});
     EXPECT_EQ(languagesOf({{"LC_ALL", ""}, {"LANG", "de_DE"}}), Tags{"de-DE"});
-    EXPECT_EQ(languagesOf({}), Tags{});
 }
 
 TEST(LinuxLocale, the_language_list_comes_before_the_locale_and_each_tag_once) {
@@ -62,10 +61,46 @@ TEST(LinuxLocale, the_language_list_comes_before_the_locale_and_each_tag_once) {
     EXPECT_EQ(languagesOf({{"LANGUAGE", "ja"}, {"LANG", "en_GB.UTF-8"}}), (Tags{"ja", "en-GB"}));
 }
 
-TEST(LinuxLocale, the_plain_locale_asks_for_no_language_at_all) {
-    for (const auto* plain : {"C", "POSIX", "C.UTF-8"}) {
-        EXPECT_EQ(languagesOf({{"LANGUAGE", "de"}, {"LANG", plain}}), Tags{}) << plain;
+TEST(LinuxLocale, the_plain_locale_is_english_whatever_the_language_list_says) {
+    for (const auto* plain : {"C", "POSIX", "C.UTF-8", "C.utf8@euro", "POSIX.UTF-8"}) {
+        EXPECT_EQ(languagesOf({{"LANGUAGE", "de"}, {"LANG", plain}}), Tags{"en"}) << plain;
     }
+}
+
+TEST(LinuxLocale, without_any_variable_the_locale_is_the_plain_one) {
+    EXPECT_EQ(languagesOf({}), Tags{"en"});
+    EXPECT_EQ(languagesOf({{"LANGUAGE", "de"}}), Tags{"en"});
+    EXPECT_EQ(languagesOf({{"LANGUAGE", "de"}, {"LC_ALL", ""}, {"LANG", ""}}), Tags{"en"});
+}
+
+TEST(LinuxLocale, a_plain_locale_that_another_variable_overrules_does_not_count) {
+    EXPECT_EQ(languagesOf({{"LC_ALL", "de_DE"}, {"LANG", "C"}}), Tags{"de-DE"});
+    EXPECT_EQ(languagesOf({{"LC_ALL", "C"}, {"LANG", "de_DE"}}), Tags{"en"});
+}
+
+TEST(LinuxLocale, a_script_is_taken_from_the_modifier_without_a_region_too) {
+    EXPECT_EQ(languagesOf({{"LANG", "sr@latin"}}), Tags{"sr-Latn"});
+    EXPECT_EQ(languagesOf({{"LANG", "uz_UZ.UTF-8@cyrillic"}}), Tags{"uz-Cyrl-UZ"});
+}
+
+TEST(LinuxLocale, entries_that_name_no_language_are_passed_over) {
+    EXPECT_EQ(languagesOf({{"LANGUAGE", ":::C:POSIX:%s:..:\xff\xfe:it\n:ko_KR:"}, {"LANG", "??"}}),
+              Tags{"ko-KR"});
+    EXPECT_EQ(languagesOf({{"LANG", std::string("de\0x", 4)}}), Tags{});
+    EXPECT_EQ(languagesOf({{"LANG", std::string(1'000'000, 'd')}}), Tags{});
+}
+
+TEST(LinuxLocale, a_list_of_thousands_is_cut_and_the_locale_still_stands_last) {
+    std::string list;
+    for (char a = 'a'; a <= 'z'; ++a)
+        for (char b = 'a'; b <= 'z'; ++b)
+            for (char c = 'a'; c <= 'z'; ++c) list += {a, b, c, ':'};
+
+    const Tags tags = languagesOf({{"LANGUAGE", list}, {"LANG", "nl_BE"}});
+
+    EXPECT_EQ(tags.size(), 65U);
+    EXPECT_EQ(tags.front(), "aaa");
+    EXPECT_EQ(tags.back(), "nl-BE");
 }
 
 }  // namespace

@@ -29,6 +29,7 @@ const std::map<std::string, std::set<std::string>>& layers() {
         {"smc", {"base", "platform", "telemetry"}},
         {"fan", {"base", "platform", "smc"}},
         {"language", {"base", "platform"}},
+        {"language/linux", {"base", "language"}},
         {"core", {"base", "platform", "telemetry", "memory", "smc", "fan", "language"}},
         {"ui/models", {"base", "telemetry", "memory", "smc", "language", "core"}},
         {"ui/controller", {"base", "platform", "telemetry", "memory", "core", "ui/models"}},
@@ -39,8 +40,8 @@ const std::map<std::string, std::set<std::string>>& layers() {
           "ui/controller", "ui/kit", "ui/shell"}},
         {"app",
          {"base", "platform", "platform/linux", "platform/simulated", "telemetry", "memory", "smc",
-          "fan", "language", "core", "ui/models", "ui/controller", "ui/kit", "ui/shell",
-          "ui/surfaces"}},
+          "fan", "language", "language/linux", "core", "ui/models", "ui/controller", "ui/kit",
+          "ui/shell", "ui/surfaces"}},
     };
     return all;
 }

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "core/CriticalMetric.h"
+
+#include <algorithm>
+
+namespace vtx {
+namespace {
+
+constexpr double coolCelsius = 60.0;
+constexpr double celsiusFromCoolToHot = 35.0;
+constexpr double busyDiskBytesPerSecond = 500.0 * 1024 * 1024;
+
+}  // namespace
+
+double memoryFraction(std::uint64_t usedBytes, std::uint64_t totalBytes) {
+    if (totalBytes == 0) return 0.0;
+    return std::min(static_cast<double>(usedBytes) / static_cast<double>(totalBytes), 1.0);
+}
+
+double memoryScore(double fraction, double pressureBoost) {
+    return std::min(fraction + pressureBoost, 1.0);
+}
+
+double thermalScore(double celsius) {
+    return std::clamp((celsius - coolCelsius) / celsiusFromCoolToHot, 0.0, 1.0);
+}
+
+double diskScore(double bytesReadPerSecond, double bytesWrittenPerSecond) {
+    return std::min((bytesReadPerSecond + bytesWrittenPerSecond) / busyDiskBytesPerSecond, 1.0);
+}
+
+std::string mostCritical(std::span<const MetricScore> scores,
+                         std::span<const std::string> priority) {
+    if (scores.empty()) return priority.empty() ? "cpu" : priority.front();
+    const auto place = [priority](const MetricScore& metric) {
+        return std::ranges::find(priority, metric.id) - priority.begin();
+    };
+    const auto first =
+        std::ranges::min_element(scores, [&place](const MetricScore& a, const MetricScore& b) {
+            return a.score != b.score ? a.score > b.score : place(a) < place(b);
+        });
+    return std::string(first->id);
+}
+
+}  // namespace vtx

@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: MIT
+#include "language/tables/Tables.h"
+
+namespace vtx::tables {
+namespace {
+
+using enum L10n::Key;
+
+constexpr auto koTable = std::to_array<TextEntry>({
+    // Sections of the interface
+    {section_overview, "개요"},
+    {section_cpu, "CPU"},
+    {section_gpu, "GPU"},
+    {section_memory, "메모리"},
+    {section_processes, "프로세스"},
+    {section_system, "시스템"},
+    {section_settings, "설정"},
+    {section_network, "네트워크"},
+    {section_battery, "배터리"},
+    {section_disk, "디스크"},
+    {section_power, "전력"},
+    {section_fan, "팬"},
+    {section_ane, "Neural Engine"},
+
+    // CPU
+    {cpu_total, "전체"},
+    {cpu_pCores, "성능 코어"},
+    {cpu_eCores, "효율 코어"},
+    {cpu_perCore, "코어별"},
+    {cpu_layoutMissing, "CPU 토폴로지를 읽을 수 없습니다."},
+    {cpu_idle, "유휴"},
+
+    // Memory
+    {memory_used, "사용 중"},
+    {memory_ofTotal, "총 %@"},
+    {memory_breakdown, "세부 내역"},
+    {memory_available, "사용 가능"},
+    {memory_free, "여유"},
+    {memory_wired, "와이어드"},
+    {memory_active, "활성"},
+    {memory_inactive, "비활성"},
+    {memory_compressed, "압축됨"},
+    {memory_swap, "스왑"},
+    {memory_topConsumers, "사용량 상위 프로세스"},
+    {memory_collecting, "수집 중…"},
+    {memory_purgeTitle, "메모리 확보"},
+    {memory_purgeBody,
+     "커널에 비활성 페이지를 해제하도록 요청합니다. "
+     "macOS에서 암호를 한 번 묻고, 권한은 약 5분간 유지됩니다."},
+    {memory_purgeButton, "메모리 확보"},
+    {memory_purgeFreed, "확보됨"},
+    {memory_purgeGrew, "작업 중 사용량이 증가했습니다"},
+    {memory_pressureTitle, "메모리 압력"},
+    {memory_pressureWarning,
+     "메모리가 부족해지고 있습니다. "
+     "탭이나 앱을 닫으면 부하가 즉시 줄어듭니다."},
+    {memory_pressureCritical,
+     "macOS가 현재 성능을 제한하고 있습니다. "
+     "아래 목록에서 프로세스를 종료하십시오."},
+    {memory_noConsumers, "메모리를 많이 사용하는 사용자 프로세스가 없습니다."},
+    {memory_statusNormal, "정상"},
+    {memory_statusWarning, "경고"},
+    {memory_statusCritical, "위험"},
+
+    // GPU
+    {gpu_device, "장치"},
+    {gpu_unavailableTitle, "GPU 통계를 사용할 수 없음"},
+    {gpu_unavailableBody,
+     "이 시스템에서는 IOAccelerator가 PerformanceStatistics를 반환하지 않습니다. "
+     "가상 머신이나 베타 버전 OS에서 흔히 발생합니다."},
+    {gpu_components, "구성 요소"},
+
+    // Disk
+    {disk_read, "읽기"},
+    {disk_write, "쓰기"},
+    {disk_volumes, "볼륨"},
+    {disk_history, "처리량 기록"},
+
+    // Power
+    {power_packageDraw, "패키지 소비 전력"},
+    {power_rails, "전원 레일"},
+    {power_package, "패키지"},
+    {power_system, "시스템"},
+    {power_batteryEnergy, "배터리 에너지"},
+    {power_history, "전력 기록"},
+
+    // Fan readings
+    {fan_unavailable, "이 Mac에는 팬이 없습니다."},
+    {fan_currentRPM, "현재 RPM"},
+    {fan_load, "팬 부하"},
+    {fan_label, "팬"},
+    {fan_target, "목표"},
+
+    // Neural Engine
+    {ane_unavailableTitle, "Neural Engine을 사용할 수 없음"},
+    {ane_unavailableBody, "호스트에 ANE가 없거나 이번 세션에서 macOS가 접근을 제한했습니다."},
+    {ane_utilization, "사용률"},
+    {ane_active, "활성"},
+    {ane_power, "전력"},
+    {ane_activeJobs, "활성 작업"},
+    {ane_history, "사용률 기록"},
+
+    // Background hogs
+    {hog_title, "백그라운드 과부하 프로세스"},
+    {hog_empty, "아직 임계값을 넘은 프로세스가 없습니다."},
+    {hog_disabledHint, "백그라운드 과부하 프로세스를 보려면 설정에서 감지를 켜십시오."},
+
+    // System information
+    {system_chip, "칩"},
+    {system_modelName, "모델"},
+    {system_architecture, "아키텍처"},
+    {system_archAppleSilicon, "Apple Silicon"},
+    {system_archIntel, "Intel"},
+    {system_archUnknown, "알 수 없음"},
+    {system_cores, "코어 수"},
+    {system_pCluster, "성능 클러스터 최대 주파수"},
+    {system_eCluster, "효율 클러스터 최대 주파수"},
+    {system_max, "최대"},
+    {system_memorySection, "메모리"},
+    {system_memorySize, "용량"},
+    {system_memoryType, "유형"},
+    {system_memorySpeed, "속도"},
+    {system_gpu, "GPU"},
+    {system_gpuModel, "모델"},
+    {system_gpuCores, "코어 수"},
+    {system_battery, "배터리"},
+    {system_batteryDesignCapacity, "설계 용량"},
+    {system_batteryCycles, "사이클 수"},
+    {system_batteryTemperature, "온도"},
+    {system_cooling, "냉각"},
+    {system_fans, "팬"},
+    {system_modelSection, "모델"},
+    {system_modelFamily, "제품군"},
+    {system_modelIdentifier, "식별자"},
+
+    // Settings
+    {settings_menuBarTiles, "메뉴 막대: 표시 항목"},
+    {settings_menuBarTilesFooter, "메뉴 막대에 표시할 항목을 켜거나 끕니다."},
+    {settings_menuBarTilesFooterDragDrop,
+     "항목을 드래그하여 순서를 바꾸고, 스위치로 표시 여부를 전환합니다."},
+    {settings_menuBarLive, "메뉴 막대: 실시간 값"},
+    {settings_menuBarLiveFooter,
+     "켜면 항목에 아이콘만이 아니라 'CPU 34%'와 같은 실시간 값이 표시됩니다. "
+     "구성 요소별로 켜고 끌 수 있습니다."},
+    {settings_cpu, "CPU"},
+    {settings_gpu, "GPU"},
+    {settings_memory, "메모리"},
+    {settings_cpuTemp, "CPU 온도"},
+    {settings_disk, "디스크"},
+    {settings_power, "전력"},
+    {settings_fan, "팬"},
+    {settings_ane, "Neural Engine"},
+    {settings_cpuLive, "CPU 실시간 표시"},
+    {settings_gpuLive, "GPU 실시간 표시"},
+    {settings_memoryLive, "메모리 실시간 표시"},
+    {settings_cpuTempLive, "CPU 온도 실시간 표시"},
+    {settings_diskLive, "디스크 실시간 표시"},
+    {settings_powerLive, "전력 실시간 표시"},
+    {settings_fanLive, "팬 실시간 표시"},
+    {settings_aneLive, "ANE 실시간 표시"},
+    {settings_compactMode, "콤팩트 모드"},
+    {settings_compactModeHeader, "콤팩트 메뉴 막대"},
+    {settings_compactModeFooter, "가장 주의가 필요한 지표만 메뉴 막대에 표시합니다."},
+    {settings_iconsFooter, "메뉴 막대에 사용할 다른 아이콘을 선택합니다."},
+    {settings_presetsFooter, "최소, 균형, 고급 사용자용 구성을 빠르게 적용하는 프리셋입니다."},
+    {settings_updates, "새로 고침"},
+    {settings_updateInterval, "새로 고침 간격"},
+    {settings_graphs, "그래프"},
+    {settings_graphCPU, "CPU 전체"},
+    {settings_graphPCore, "성능 코어"},
+    {settings_graphECore, "효율 코어"},
+    {settings_graphGPU, "GPU"},
+    {settings_graphMemory, "메모리"},
+    {settings_chartStyle, "스타일"},
+    {settings_graphDisk, "디스크"},
+    {settings_graphPower, "전력"},
+    {settings_graphANE, "Neural Engine"},
+    {settings_chartLine, "꺾은선"},
+    {settings_chartArea, "영역"},
+    {settings_chartBar, "막대"},
+    {settings_colors, "색상(기본값 대체)"},
+    {settings_colorsFooter, "비워 두면 기본값을 사용합니다. 클릭하여 변경하십시오."},
+    {settings_alerts, "알림"},
+    {settings_alertsFooter,
+     "상태가 일정 시간 지속될 때만 알림을 보냅니다. "
+     "CPU/GPU/온도는 약 10초, 메모리 사용량/압력은 약 30초입니다."},
+    {settings_alertsDenied,
+     "⚠️ macOS가 Vantrix의 알림을 거부했습니다. 시스템 설정 → 알림에서 허용하십시오."},
+    {settings_alertPressure, "메모리 압력 위험"},
+    {settings_memorySection, "메모리"},
+    {settings_autoRelief, "메모리 압력 시 자동 확보"},
+    {settings_autoReliefBody,
+     "메모리 압력 ≠ 정상일 때 Vantrix가 libmalloc에 **자체** 프로세스의 사용하지 않는 "
+     "페이지를 해제하도록 요청합니다. 다른 프로세스는 절대 건드리지 않습니다."},
+    {settings_widget, "미니 위젯"},
+    {settings_widgetEnabled, "플로팅 미니 위젯 표시"},
+    {settings_widgetBody,
+     "항상 위에 떠 있는 창에 CPU/GPU/메모리를 간략하게 표시합니다. "
+     "게임 중 보조 디스플레이에 두면 편리합니다."},
+    {settings_startup, "시작"},
+    {settings_launchAtLogin, "로그인 시 실행"},
+    {settings_launchAtLoginError, "로그인 시 실행 설정을 변경할 수 없음"},
+    {settings_about, "정보"},
+    {settings_version, "버전"},
+    {settings_build, "빌드"},
+    {settings_aboutFooter,
+     "Vantrix는 Mach, sysctl, IOKit을 통해 시스템 지표를 읽습니다. "
+     "다른 프로세스를 절대 수정하지 않으며, 권한 상승이 필요한 작업은 실행하지 않습니다."},
+    {settings_language, "언어"},
+    {settings_languageFooter, "변경 사항이 즉시 적용됩니다. '자동'은 macOS 지역 설정을 따릅니다."},
+    {settings_hogHeader, "백그라운드 과부하 프로세스 감지"},
+    {settings_hogEnabled, "감지 켜기"},
+    {settings_hogBody, "앱이 활성 상태가 아닌데도 CPU를 계속 많이 사용하는 프로세스를 감시합니다."},
+    {settings_hogCPUThreshold, "CPU 임계값"},
+    {settings_hogMinDuration, "최소 지속 시간"},
+
+    // Network
+    {network_title, "네트워크"},
+    {network_unavailable, "네트워크 인터페이스가 감지되지 않았습니다."},
+    {network_downSpeed, "다운로드"},
+    {network_upSpeed, "업로드"},
+    {network_totalDown, "받음"},
+    {network_totalUp, "보냄"},
+    {network_interfaces, "인터페이스"},
+    {network_active, "활성"},
+    {network_inactive, "비활성"},
+    {network_noActive, "활성 인터페이스 없음"},
+    {network_ipv4, "IPv4"},
+    {network_ipv6, "IPv6"},
+    {network_macAddress, "MAC"},
+    {network_typeWiFi, "Wi-Fi"},
+    {network_typeEthernet, "이더넷"},
+    {network_typeLoopback, "루프백"},
+    {network_typeCellular, "셀룰러"},
+    {network_typeOther, "기타"},
+    {network_typeVPN, "VPN"},
+
+    // Battery
+    {battery_unavailable, "이 Mac에는 배터리가 없습니다."},
+    {battery_charge, "충전량"},
+    {battery_powerSource, "전원"},
+    {battery_charging, "충전 중"},
+    {battery_discharging, "배터리 사용 중"},
+    {battery_acAttached, "전원 어댑터"},
+    {battery_full, "완전히 충전됨"},
+    {battery_timeUntilFull, "완전 충전까지"},
+    {battery_timeRemaining, "남은 시간"},
+    {battery_calculating, "계산 중…"},
+    {battery_health, "배터리 성능 상태"},
+    {battery_healthExcellent, "매우 좋음"},
+    {battery_healthGood, "좋음"},
+    {battery_healthFair, "보통"},
+    {battery_healthPoor, "서비스 권장"},
+    {battery_currentCapacity, "현재 용량"},
+    {battery_maxCapacity, "최대 용량"},
+    {battery_voltage, "전압"},
+    {battery_amperage, "전류"},
+    {battery_powerDraw, "소비 전력"},
+    {battery_isCharged, "충전됨"},
+    {battery_lowPowerMode, "저전력 모드"},
+
+    // First run
+    {firstRun_title, "Vantrix에 오신 것을 환영합니다"},
+    {firstRun_subtitle, "언어를 선택하십시오. 설정에서 언제든지 변경할 수 있습니다."},
+    {firstRun_continue, "계속"},
+    {firstRun_changeHint, "설정 → 언어에서 언제든지 언어를 변경할 수 있습니다."},
+
+    // Charts
+    {last60s, "최근 60초"},
+});
+
+}  // namespace
+
+TextLists ko() { return {koTable, {}}; }
+
+}  // namespace vtx::tables
