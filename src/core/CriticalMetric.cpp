@@ -10,15 +10,22 @@ constexpr double coolCelsius = 60.0;
 constexpr double celsiusFromCoolToHot = 35.0;
 constexpr double busyDiskBytesPerSecond = 500.0 * 1024 * 1024;
 
-}  // namespace
-
-double memoryFraction(std::uint64_t usedBytes, std::uint64_t totalBytes) {
-    if (totalBytes == 0) return 0.0;
-    return std::min(static_cast<double>(usedBytes) / static_cast<double>(totalBytes), 1.0);
+double boostOf(MemoryStats::Pressure pressure) {
+    switch (pressure) {
+        case MemoryStats::Pressure::normal:
+            return 0.0;
+        case MemoryStats::Pressure::warning:
+            return 0.2;
+        case MemoryStats::Pressure::critical:
+            return 0.4;
+    }
+    return 0.0;
 }
 
-double memoryScore(double fraction, double pressureBoost) {
-    return std::min(fraction + pressureBoost, 1.0);
+}  // namespace
+
+double memoryScore(double usedFraction, MemoryStats::Pressure pressure) {
+    return std::min(usedFraction + boostOf(pressure), 1.0);
 }
 
 double thermalScore(double celsius) {

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "memory/MemoryStats.h"
 
 namespace vtx {
 
@@ -14,11 +15,8 @@ struct MetricScore {
     double score = 0.0;   ///< from 0.0 to 1.0
 };
 
-/// Used memory as a fraction from 0.0 to 1.0; 0.0 of no memory at all.
-[[nodiscard]] double memoryFraction(std::uint64_t usedBytes, std::uint64_t totalBytes);
-
-/// The fraction, raised by what the pressure adds, up to 1.0.
-[[nodiscard]] double memoryScore(double fraction, double pressureBoost);
+/// The used fraction of the memory, raised by pressure, up to 1.0.
+[[nodiscard]] double memoryScore(double usedFraction, MemoryStats::Pressure pressure);
 
 /// 0.0 up to 60 °C, 1.0 from 95 °C on, even in between.
 [[nodiscard]] double thermalScore(double celsius);

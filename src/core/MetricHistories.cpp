@@ -28,6 +28,7 @@ void MetricsCoordinator::appendHistory(Date now) {
         append(eCoreHistory, now, reading->eCoreUsage);
     }
     if (const auto& reading = *gpu.latest) append(gpuHistory, now, reading->deviceUtilization);
+    if (const auto& reading = *memory.latest) append(memoryHistory, now, reading->usedFraction());
     if (const auto& reading = *diskIO.latest) {
         if (const auto rate = reading->bytesReadPerSecond) append(diskReadHistory, now, *rate);
         if (const auto rate = reading->bytesWrittenPerSecond) append(diskWriteHistory, now, *rate);
@@ -43,7 +44,7 @@ std::string MetricsCoordinator::exportHistoryCSV() const {
                                         .pCore = lastHour(pCoreHistory),
                                         .eCore = lastHour(eCoreHistory),
                                         .gpu = lastHour(gpuHistory),
-                                        .memory = {},
+                                        .memory = lastHour(memoryHistory),
                                         .diskRead = lastHour(diskReadHistory),
                                         .diskWrite = lastHour(diskWriteHistory),
                                         .ane = lastHour(aneHistory)});
@@ -67,6 +68,8 @@ std::string MetricsCoordinator::resolveCriticalMetric() const {
     };
     if (const auto& reading = *cpu.latest) rank("cpu", reading->totalUsage);
     if (const auto& reading = *gpu.latest) rank("gpu", reading->deviceUtilization);
+    if (const auto& reading = *memory.latest)
+        rank("memory", memoryScore(reading->usedFraction(), reading->pressure));
     if (const auto& reading = *temperature.latest; reading && reading->cpuMaxC)
         rank("thermal", thermalScore(*reading->cpuMaxC));
     if (const auto load = fan.latest->averageLoad()) rank("fan", *load);

@@ -55,6 +55,7 @@ public:
     Published<HistorySeries> pCoreHistory{*this};
     Published<HistorySeries> eCoreHistory{*this};
     Published<HistorySeries> gpuHistory{*this};
+    Published<HistorySeries> memoryHistory{*this};  ///< used of the total
     Published<HistorySeries> diskReadHistory{*this};
     Published<HistorySeries> diskWriteHistory{*this};
     Published<HistorySeries> aneHistory{*this};

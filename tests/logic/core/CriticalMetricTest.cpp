@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <vector>
 
 namespace vtx {
@@ -14,22 +13,12 @@ using Scores = std::vector<MetricScore>;
 
 const Priority usual{"thermal", "memory", "cpu", "fan", "gpu", "disk"};
 
-TEST(MemoryFraction, is_used_of_total_and_never_above_all_of_it) {
-    EXPECT_DOUBLE_EQ(memoryFraction(4, 16), 0.25);
-    EXPECT_DOUBLE_EQ(memoryFraction(0, 16), 0.0);
-    EXPECT_DOUBLE_EQ(memoryFraction(17, 16), 1.0);
-    EXPECT_DOUBLE_EQ(memoryFraction(std::numeric_limits<std::uint64_t>::max(), 1), 1.0);
-}
-
-TEST(MemoryFraction, of_no_memory_at_all_is_nothing) {
-    EXPECT_DOUBLE_EQ(memoryFraction(0, 0), 0.0);
-    EXPECT_DOUBLE_EQ(memoryFraction(5, 0), 0.0);
-}
-
 TEST(MemoryScore, pressure_raises_it_up_to_the_most) {
-    EXPECT_DOUBLE_EQ(memoryScore(0.2, 0.0), 0.2);
-    EXPECT_DOUBLE_EQ(memoryScore(0.2, 0.4), 0.6);
-    EXPECT_DOUBLE_EQ(memoryScore(0.9, 0.2), 1.0);
+    using enum MemoryStats::Pressure;
+    EXPECT_DOUBLE_EQ(memoryScore(0.2, normal), 0.2);
+    EXPECT_DOUBLE_EQ(memoryScore(0.2, warning), 0.4);
+    EXPECT_DOUBLE_EQ(memoryScore(0.2, critical), 0.6);
+    EXPECT_DOUBLE_EQ(memoryScore(0.9, warning), 1.0);
 }
 
 TEST(ThermalScore, grows_from_60_to_95_degrees) {
@@ -52,7 +41,9 @@ TEST(MostCritical, is_the_metric_with_the_highest_score) {
 }
 
 TEST(MostCritical, memory_under_critical_pressure_wins_over_a_higher_load) {
-    EXPECT_EQ(mostCritical(Scores{{"cpu", 0.3}, {"memory", memoryScore(0.2, 0.4)}}, usual),
+    EXPECT_EQ(mostCritical(Scores{{"cpu", 0.3},
+                                  {"memory", memoryScore(0.2, MemoryStats::Pressure::critical)}},
+                           usual),
               "memory");
 }
 

@@ -52,6 +52,15 @@ DiskIOReading diskRates(std::optional<double> read, std::optional<double> writte
     return reading;
 }
 
+MemoryStats memoryUse(std::uint64_t used, std::uint64_t total,
+                      MemoryStats::Pressure pressure = MemoryStats::Pressure::normal) {
+    MemoryStats stats;
+    stats.usedBytes = used;
+    stats.totalBytes = total;
+    stats.pressure = pressure;
+    return stats;
+}
+
 TEST(MetricHistories, start_empty) {
     CoordinatorBench b;
     EXPECT_TRUE(b.coordinator.cpuHistory->empty());
@@ -70,6 +79,8 @@ TEST(MetricHistories, a_pass_stamps_all_series_with_its_one_moment) {
               (HistoryPoint{b.clock.now(), (*b.coordinator.cpu.latest)->pCoreUsage}));
     EXPECT_EQ(b.coordinator.eCoreHistory->back(),
               (HistoryPoint{b.clock.now(), (*b.coordinator.cpu.latest)->eCoreUsage}));
+    EXPECT_EQ(b.coordinator.memoryHistory->back(),
+              (HistoryPoint{b.clock.now(), (*b.coordinator.memory.latest)->usedFraction()}));
     EXPECT_EQ(b.coordinator.gpuHistory->back(),
               (HistoryPoint{b.clock.now(), (*b.coordinator.gpu.latest)->deviceUtilization}));
 }
@@ -92,6 +103,17 @@ TEST(MetricHistories, each_rate_of_the_disks_is_recorded_where_it_is_there) {
     EXPECT_EQ(*b.coordinator.diskReadHistory,
               (HistorySeries{{b.clock.now(), 1.5}, {b.clock.now(), 2.5}}));
     EXPECT_EQ(*b.coordinator.diskWriteHistory, (HistorySeries{{b.clock.now(), 3.5}}));
+}
+
+TEST(MetricHistories, memory_is_recorded_as_the_used_part_of_its_total) {
+    CoordinatorBench b;
+    std::vector<double> recorded;
+    for (const auto& stats : {memoryUse(4, 16), memoryUse(17, 16), memoryUse(5, 0)}) {
+        b.coordinator.memory.latest = stats;
+        b.coordinator.appendHistory(b.clock.now());
+        recorded.push_back(b.coordinator.memoryHistory->back().value);
+    }
+    EXPECT_EQ(recorded, (std::vector<double>{0.25, 1.0, 0.0}));
 }
 
 TEST(MetricHistories, nothing_grows_while_all_is_closed_whatever_the_preferences_say) {
@@ -161,13 +183,14 @@ TEST(MetricHistories, every_series_keeps_one_hour_of_the_passes_of_a_day) {
     CoordinatorBench b;
     b.coordinator.cpu.latest = cpuLoad(0.5);
     b.coordinator.gpu.latest = gpuLoad(0.5);
+    b.coordinator.memory.latest = memoryUse(1, 2);
     b.coordinator.diskIO.latest = diskRates(1e6, 1e6);
     b.coordinator.ane.latest = aneLoad(0.5);
     for (int second = 0; second < 86'400; ++second)
         b.coordinator.appendHistory(ManualClock::start + std::chrono::seconds(second));
     for (const auto* history :
          {&b.coordinator.cpuHistory, &b.coordinator.pCoreHistory, &b.coordinator.eCoreHistory,
-          &b.coordinator.gpuHistory, &b.coordinator.diskReadHistory,
+          &b.coordinator.gpuHistory, &b.coordinator.memoryHistory, &b.coordinator.diskReadHistory,
           &b.coordinator.diskWriteHistory, &b.coordinator.aneHistory}) {
         EXPECT_GE((*history)->size(), 3601U);
         EXPECT_LE((*history)->size(), 3664U);
@@ -297,6 +320,17 @@ TEST(CriticalMetricOfThePass, disks_rank_by_both_rates_together_and_not_by_one) 
     EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "cpu");
     b.coordinator.diskIO.latest = diskRates(1e8, 1e8);
     EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "disk");
+}
+
+TEST(CriticalMetricOfThePass, memory_under_critical_pressure_wins_over_a_higher_load) {
+    CoordinatorBench b;
+    b.coordinator.cpu.latest = cpuLoad(0.3);
+    b.coordinator.memory.latest = memoryUse(2, 10);
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "cpu");
+    b.coordinator.memory.latest = memoryUse(2, 10, MemoryStats::Pressure::critical);
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "memory");
+    b.coordinator.memory.latest = memoryUse(3, 10);
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "memory");
 }
 
 TEST(CriticalMetricOfThePass, the_neural_engine_never_wins_by_its_load) {
