@@ -53,6 +53,7 @@ private:
     TemporaryFolder settings_;
     PollRunLoop loop_;
     SerialExecutor tick_;
+    SerialExecutor blocking_;
     LinuxPlatform platform_;
     KeptFile stat_;
     SharedTelemetry shared_{platform_.ports()};

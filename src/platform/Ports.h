@@ -10,6 +10,7 @@ class IOReportLibrary;
 class Locale;
 class PowerSources;
 class ProcessInfo;
+class ProcessTable;
 class Sysctl;
 class UnifiedLog;
 class UserDefaults;
@@ -25,6 +26,7 @@ struct Ports {
     Locale& locale;
     PowerSources& powerSources;
     ProcessInfo& processInfo;
+    ProcessTable& processTable;
     Sysctl& sysctl;
     UnifiedLog& unifiedLog;
     UserDefaults& userDefaults;

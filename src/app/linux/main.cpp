@@ -26,7 +26,8 @@ int main(int argc, char** argv) {
     const vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxPlatform platform(runLoop, mainExecutor, {});
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
+    vtx::SerialExecutor blocking(vtx::LinuxPlatform::nameThread("vantrix-table"));
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });
-    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick}, std::move(options));
+    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick, blocking}, std::move(options));
     return vantrix.run();
 }

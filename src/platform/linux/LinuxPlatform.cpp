@@ -13,6 +13,7 @@
 #include "platform/linux/LinuxLocale.h"
 #include "platform/linux/LinuxPowerSources.h"
 #include "platform/linux/LinuxProcessInfo.h"
+#include "platform/linux/LinuxProcessTable.h"
 #include "platform/linux/LinuxProcessors.h"
 #include "platform/linux/LinuxRoot.h"
 #include "platform/linux/LinuxSysctl.h"
@@ -36,6 +37,7 @@ struct LinuxPlatform::Members {
           locale(options.environment),
           powerSources(root),
           processInfo(root, options.environment, bus),
+          processTable(root, clock),
           sysctl(root, processors),
           unifiedLog(root, options.environment),
           userDefaults(options.configFolder),
@@ -59,6 +61,7 @@ struct LinuxPlatform::Members {
     LinuxLocale locale;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
+    LinuxProcessTable processTable;
     LinuxSysctl sysctl;
     LinuxUnifiedLog unifiedLog;
     LinuxUserDefaults userDefaults;
@@ -72,8 +75,9 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
-    return {m.clock,       m.hostInfo, m.ioRegistry, m.ioReport,     m.locale,   m.powerSources,
-            m.processInfo, m.sysctl,   m.unifiedLog, m.userDefaults, m.workspace};
+    return {m.clock,  m.hostInfo,     m.ioRegistry,   m.ioReport,
+            m.locale, m.powerSources, m.processInfo,  m.processTable,
+            m.sysctl, m.unifiedLog,   m.userDefaults, m.workspace};
 }
 
 Job LinuxPlatform::nameThread(std::string_view name) {

@@ -20,6 +20,7 @@ constexpr std::uint64_t burstChannel = 1;
 constexpr std::uint64_t widthChannel = 2;
 constexpr std::uint64_t graphicsChannel = 3;
 constexpr std::uint64_t firstCoreChannel = 16;
+constexpr std::uint64_t firstProgramChannel = std::uint64_t{1} << 20;
 
 }  // namespace
 
@@ -35,6 +36,11 @@ double LivingLoad::graphics(Duration sinceStart) const {
     const double burst = std::pow(noise(burstChannel, time, 12.0), 3.0);
     const double scene = noise(graphicsChannel, time, 5.0);
     return std::clamp(0.02 + 0.12 * scene + 0.6 * burst * (0.5 + 0.5 * scene), 0.0, 1.0);
+}
+
+double LivingLoad::appetite(std::uint64_t program, Duration sinceStart) const {
+    const double wish = noise(firstProgramChannel + program, toSeconds(sinceStart), 15.0);
+    return 0.05 + 0.95 * std::pow(wish, 3.0);
 }
 
 double LivingLoad::busy(CoreKind kind, std::size_t core, double time) const {

@@ -21,6 +21,8 @@ public:
     [[nodiscard]] CoreLoad at(CoreKind kind, std::size_t core, Duration sinceStart) const;
     /// The load of the graphics processor, which joins in the larger bursts.
     [[nodiscard]] double graphics(Duration sinceStart) const;
+    /// How much a program wants to run, 0 to 1: mostly little, at times much.
+    [[nodiscard]] double appetite(std::uint64_t program, Duration sinceStart) const;
 
 private:
     [[nodiscard]] double busy(CoreKind kind, std::size_t core, double time) const;

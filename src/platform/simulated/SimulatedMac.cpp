@@ -14,7 +14,7 @@ constexpr std::string_view acceleratorClass = "IOAccelerator";
 }  // namespace
 
 SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
-    : processors(clock, std::move(shape)), graphics(clock) {
+    : processors(clock, std::move(shape)), graphics(clock), processes(clock, processors) {
     devices::install(registry, processors.shape());
     if (processors.shape().hasAccelerator) addAccelerator();
     channels.addSource([this] { return devices::coreStates(processors); });
@@ -24,6 +24,7 @@ SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
 void SimulatedMac::live(std::uint64_t seed) {
     processors.live(seed);
     graphics.live(seed);
+    processes.live(seed);
 }
 
 SimulatedRegistry::Node SimulatedMac::addAccelerator() {
@@ -46,11 +47,13 @@ void SimulatedMac::sleep() {
     if (std::exchange(isAsleep_, true)) return;
     willSleep.emit();
     processors.setAsleep(true);
+    processes.setAsleep(true);
 }
 
 void SimulatedMac::wake() {
     if (!std::exchange(isAsleep_, false)) return;
     processors.setAsleep(false);
+    processes.setAsleep(false);
     didWake.emit();
 }
 

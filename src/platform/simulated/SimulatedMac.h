@@ -10,6 +10,7 @@
 #include "base/Signal.h"
 #include "platform/simulated/SimulatedChannels.h"
 #include "platform/simulated/SimulatedGraphics.h"
+#include "platform/simulated/SimulatedProcesses.h"
 #include "platform/simulated/SimulatedProcessors.h"
 #include "platform/simulated/SimulatedRegistry.h"
 
@@ -28,6 +29,7 @@ public:
 
     SimulatedProcessors processors;
     SimulatedGraphics graphics;
+    SimulatedProcesses processes;
     /// Its devices and what its chip counts.
     SimulatedRegistry registry;
     SimulatedChannels channels;

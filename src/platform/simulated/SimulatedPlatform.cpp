@@ -15,13 +15,14 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
       locale(mac, instruments),
       powerSources(mac, instruments),
       processInfo(mac, instruments),
+      processTable(mac.processes, instruments),
       sysctl(mac.processors, instruments),
       userDefaults(std::move(settings)),
       workspace(mac, instruments) {}
 
 Ports SimulatedPlatform::ports() {
-    return {clock,       hostInfo, ioRegistry, ioReport,     locale,   powerSources,
-            processInfo, sysctl,   unifiedLog, userDefaults, workspace};
+    return {clock,       hostInfo,     ioRegistry, ioReport,   locale,       powerSources,
+            processInfo, processTable, sysctl,     unifiedLog, userDefaults, workspace};
 }
 
 }  // namespace vtx

@@ -10,6 +10,7 @@
 #include "platform/simulated/SimulatedMac.h"
 #include "platform/simulated/SimulatedPowerSources.h"
 #include "platform/simulated/SimulatedProcessInfo.h"
+#include "platform/simulated/SimulatedProcessTable.h"
 #include "platform/simulated/SimulatedSysctl.h"
 #include "platform/simulated/SimulatedUnifiedLog.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
@@ -47,6 +48,7 @@ public:
     SimulatedLocale locale;
     SimulatedPowerSources powerSources;
     SimulatedProcessInfo processInfo;
+    SimulatedProcessTable processTable;
     SimulatedSysctl sysctl;
     SimulatedUnifiedLog unifiedLog;
     SimulatedUserDefaults userDefaults;
