@@ -20,6 +20,7 @@ namespace {
 constexpr Logger logger{"MetricsCoordinator"};
 constexpr double batterySaverFactor = 2.0;
 constexpr Duration bridgeInterval = std::chrono::milliseconds(50);
+constexpr Duration processInterval = std::chrono::seconds(5);
 
 }  // namespace
 
@@ -30,6 +31,7 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       services_(std::move(services)),
       cpu(services_->cpu),
       gpu(services_->gpu),
+      processes(services_->processes),
       ane(services_->ane),
       preferences(*this, DisplayPreferences::load(ports.userDefaults)),
       tasks_(executors.main) {
@@ -107,6 +109,17 @@ Task<> MetricsCoordinator::refreshAll() {
             if (rows[i].phase == PassPhase::activeOnly && needed[i]) rows[i].refreshNow(*this);
     }
     for (auto& task : concurrent) co_await task;
+
+    const Date now = ports_.clock.now();
+    if (areProcessesDue(now)) {
+        lastProcessRefresh_ = now;
+        co_await processes.refresh();
+    }
+}
+
+bool MetricsCoordinator::areProcessesDue(Date now) const {
+    return (*pollingMode == PollingMode::active || preferences->hogDetectorEnabled) &&
+           now - lastProcessRefresh_ >= processInterval;
 }
 
 bool MetricsCoordinator::needsCPU() const {
@@ -173,7 +186,7 @@ void MetricsCoordinator::bridgeNestedMonitorChanges() {
     // While nobody looks at the coordinator there is nobody to tell, and no timer need run.
     Stream<Changed> merged = [this](std::function<void(const Changed&)> next) {
         return merge<Changed>({changes(cpu.objectWillChange), changes(gpu.objectWillChange),
-                               changes(ane.objectWillChange)})(
+                               changes(processes.objectWillChange), changes(ane.objectWillChange)})(
             [this, next = std::move(next)](const Changed& change) {
                 if (objectWillChange.hasSubscribers()) next(change);
             });

@@ -34,6 +34,7 @@ public:
 
     CPUMonitor& cpu;
     GPUMonitor& gpu;
+    ProcessManager& processes;
     ANEMonitor& ane;
 
     /// What the user set. Each change is saved and put in force at once.
@@ -78,6 +79,10 @@ private:
     void observeSystemPower();
     void bridgeNestedMonitorChanges();
     Task<> poll(std::stop_token stop, Duration interval);
+    [[nodiscard]] bool areProcessesDue(Date now) const;
+
+    /// When the last sample of processes began.
+    Date lastProcessRefresh_ = distantPast;
 
     Subscription preferencesPersistence_;
     Subscriptions nestedMonitorBridges_;

@@ -3,6 +3,7 @@
 
 #include "base/Executors.h"
 #include "platform/Ports.h"
+#include "processes/ProcessManager.h"
 #include "telemetry/ANEMonitor.h"
 #include "telemetry/CPUMonitor.h"
 #include "telemetry/GPUMonitor.h"
@@ -14,10 +15,14 @@ namespace vtx {
 struct Services {
     /// The ports and executors must outlive the services.
     Services(const Ports& ports, const Executors& executors)
-        : cpu(ports, executors), gpu(ports, executors.tick), ane(ports) {}
+        : cpu(ports, executors),
+          gpu(ports, executors.tick),
+          processes(ports, executors),
+          ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
+    ProcessManager processes;
     ANEMonitor ane;
 };
 

@@ -4,6 +4,7 @@
 namespace vtx {
 
 class Clock;
+class HeapRelief;
 class HostInfo;
 class IORegistry;
 class IOReportLibrary;
@@ -20,6 +21,7 @@ class Workspace;
 /// platform and hands its ports over; they outlive all that was given them.
 struct Ports {
     Clock& clock;
+    HeapRelief& heapRelief;
     HostInfo& hostInfo;
     IORegistry& ioRegistry;
     IOReportLibrary& ioReport;

@@ -7,6 +7,7 @@
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
 #include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxHeapRelief.h"
 #include "platform/linux/LinuxHostInfo.h"
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxIOReportLibrary.h"
@@ -31,6 +32,7 @@ struct LinuxPlatform::Members {
           bus(loop, main, options.busAddress),
           processors(root),
           cpuFreq(root, processors),
+          heapRelief(root),
           hostInfo(root, processors),
           ioRegistry(processors, cpuFreq, registrySources()),
           ioReport(root, processors, cpuFreq),
@@ -55,6 +57,7 @@ struct LinuxPlatform::Members {
     LinuxProcessors processors;
     CpuFreq cpuFreq;
     KernelDeviceChanges deviceChanges;
+    LinuxHeapRelief heapRelief;
     LinuxHostInfo hostInfo;
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;
@@ -75,9 +78,9 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
-    return {m.clock,  m.hostInfo,     m.ioRegistry,   m.ioReport,
-            m.locale, m.powerSources, m.processInfo,  m.processTable,
-            m.sysctl, m.unifiedLog,   m.userDefaults, m.workspace};
+    return {m.clock,      m.heapRelief,   m.hostInfo,    m.ioRegistry,   m.ioReport,
+            m.locale,     m.powerSources, m.processInfo, m.processTable, m.sysctl,
+            m.unifiedLog, m.userDefaults, m.workspace};
 }
 
 Job LinuxPlatform::nameThread(std::string_view name) {

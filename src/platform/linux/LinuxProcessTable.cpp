@@ -51,27 +51,25 @@ int LinuxProcessTable::readAll() {
     if (listing.error != 0) return listing.error;
     ++tick_;
     next_ = 0;
-    Processes present;
-    present.reserve(processes_.size() + listing.pids.size());
+    present_.clear();
+    present_.reserve(processes_.size() + listing.pids.size());
     auto listed = listing.pids.begin();
     for (auto& process : processes_) {
-        for (; listed != listing.pids.end() && *listed < process->pid(); ++listed)
-            add(*listed, present);
-        const bool isListed = listed != listing.pids.end() && *listed == process->pid();
-        if (isListed) ++listed;
         const std::int32_t pid = process->pid();
-        if (!isListed && listing.extent == ProcessListing::Extent::all)
-            process.reset();
-        else if (refresh(*process))
-            present.push_back(std::move(process));
-        else {
-            // Its number may have been given again.
-            process.reset();
-            if (isListed) add(pid, present);
+        for (; listed != listing.pids.end() && *listed < pid; ++listed) add(*listed);
+        const bool isListed = listed != listing.pids.end() && *listed == pid;
+        if (isListed) ++listed;
+        const bool mayBeThere = isListed || listing.extent == ProcessListing::Extent::some;
+        if (mayBeThere && refresh(*process)) {
+            present_.push_back(std::move(process));
+            continue;
         }
+        process.reset();
+        if (isListed) add(pid);  // its number may have been given again
     }
-    for (; listed != listing.pids.end(); ++listed) add(*listed, present);
-    processes_ = std::move(present);
+    for (; listed != listing.pids.end(); ++listed) add(*listed);
+    processes_.swap(present_);
+    present_.clear();
     return 0;
 }
 
@@ -85,15 +83,16 @@ bool LinuxProcessTable::refresh(LinuxProcess& process) {
     return reading != LinuxProcess::Reading::gone;
 }
 
-void LinuxProcessTable::add(std::int32_t pid, Processes& to) {
+void LinuxProcessTable::add(std::int32_t pid) {
     auto process = std::make_unique<LinuxProcess>(pid, budget_);
-    if (refresh(*process)) to.push_back(std::move(process));
+    if (refresh(*process)) present_.push_back(std::move(process));
 }
 
 void LinuxProcessTable::giveDescriptorsBack() {
     budget_.limit = budget_.used > descriptorsGivenBack ? budget_.used - descriptorsGivenBack : 0;
-    for (const auto& process : processes_)
-        if (process && budget_.used > budget_.limit) process->letGo();
+    for (auto* const all : {&present_, &processes_})
+        for (const auto& process : *all)
+            if (process && budget_.used > budget_.limit) process->letGo();
 }
 
 ProcessDetails LinuxProcessTable::details(std::int32_t pid) {

@@ -45,13 +45,14 @@ private:
 
     [[nodiscard]] int readAll();
     [[nodiscard]] bool refresh(LinuxProcess& process);
-    void add(std::int32_t pid, Processes& to);
+    void add(std::int32_t pid);
     void giveDescriptorsBack();
 
     const LinuxRoot& root_;
     DescriptorBudget budget_;
     ProcFolder folder_;
     ProcessListing listing_;
+    Processes present_;     ///< those of the listing under way, as far as they were read
     Processes processes_;   ///< ascending
     std::size_t next_ = 0;  ///< behind the one that was asked for last
     std::uint64_t tick_ = 0;

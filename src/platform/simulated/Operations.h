@@ -38,6 +38,9 @@ inline constexpr std::string_view loadedBundlePaths = "processInfo:loadedBundleP
 inline constexpr std::string_view operatingSystemVersion = "processInfo:operatingSystemVersion";
 inline constexpr std::string_view preferredLanguages = "locale:preferredLanguages";
 
+/// Counted; cannot fail.
+inline constexpr std::string_view mallocZonePressureRelief = "malloc_zone_pressure_relief";
+
 /// The table of processes. Sizing and filling fail with an errno value; a short filling tells of
 /// one record less than there are, and that is not counted apart.
 inline constexpr std::string_view kernProcAllSize = "sysctl(KERN_PROC_ALL):size";

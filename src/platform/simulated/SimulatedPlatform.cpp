@@ -9,6 +9,7 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
                                      SimulatedUserDefaults::Values settings)
     : clock(time),
       mac(time, std::move(shape)),
+      heapRelief(instruments),
       hostInfo(mac.processors, instruments),
       ioRegistry(mac.registry, instruments),
       ioReport(mac.channels, instruments),
@@ -21,8 +22,8 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
       workspace(mac, instruments) {}
 
 Ports SimulatedPlatform::ports() {
-    return {clock,       hostInfo,     ioRegistry, ioReport,   locale,       powerSources,
-            processInfo, processTable, sysctl,     unifiedLog, userDefaults, workspace};
+    return {clock,       heapRelief,   hostInfo, ioRegistry, ioReport,     locale,   powerSources,
+            processInfo, processTable, sysctl,   unifiedLog, userDefaults, workspace};
 }
 
 }  // namespace vtx

@@ -3,6 +3,7 @@
 
 #include "platform/Ports.h"
 #include "platform/simulated/Instruments.h"
+#include "platform/simulated/SimulatedHeapRelief.h"
 #include "platform/simulated/SimulatedHostInfo.h"
 #include "platform/simulated/SimulatedIORegistry.h"
 #include "platform/simulated/SimulatedIOReportLibrary.h"
@@ -42,6 +43,7 @@ public:
     Failures& failures = instruments.failures;
     SimulatedMac mac;
 
+    SimulatedHeapRelief heapRelief;
     SimulatedHostInfo hostInfo;
     SimulatedIORegistry ioRegistry;
     SimulatedIOReportLibrary ioReport;

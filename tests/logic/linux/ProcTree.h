@@ -2,6 +2,7 @@
 #pragma once
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -32,7 +33,14 @@ struct TreeProcess {
 
 /// A folder with processes in it, made by a test.
 struct ProcTree : TemporaryTree {
-    ProcTree() { std::filesystem::create_directory(*this / "proc"); }
+    ProcTree() : TemporaryTree(parent()) { std::filesystem::create_directory(*this / "proc"); }
+
+    /// In memory where the machine has such a folder: there may be many files.
+    static std::filesystem::path parent() {
+        const std::filesystem::path inMemory = "/dev/shm";
+        return ::access(inMemory.c_str(), W_OK) == 0 ? inMemory
+                                                     : std::filesystem::temp_directory_path();
+    }
 
     void put(const TreeProcess& process) const {
         write(fmt::format("/proc/{}/stat", process.pid), process.stat());
