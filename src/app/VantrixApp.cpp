@@ -39,12 +39,13 @@ private:
 }  // namespace
 
 struct VantrixApp::Parts {
-    Parts(const Ports& ports, const Executors& executors, LaunchOptions launch)
+    Parts(const Ports& ports, const Executors& executors, LaunchOptions launch, TrayHost* tray)
         : options(std::move(launch)),
           shared(ports),
           windowSystem(nativeWindowSystem()),
           surfaces(*windowSystem, ports.userDefaults, options.title),
           delegate(ports, executors, surfaces) {
+        if (tray) surfaces.useTray(*tray, ports.clock);
         if (!options.picturesFolder.isEmpty())
             tour = std::make_unique<PictureTour>(options.picturesFolder, ports.clock,
                                                  executors.main, surfaces);
@@ -58,8 +59,9 @@ struct VantrixApp::Parts {
     std::unique_ptr<PictureTour> tour;
 };
 
-VantrixApp::VantrixApp(const Ports& ports, const Executors& executors, LaunchOptions options)
-    : parts_(std::make_unique<Parts>(ports, executors, std::move(options))) {}
+VantrixApp::VantrixApp(const Ports& ports, const Executors& executors, LaunchOptions options,
+                       TrayHost* tray)
+    : parts_(std::make_unique<Parts>(ports, executors, std::move(options), tray)) {}
 
 VantrixApp::~VantrixApp() = default;
 

@@ -11,6 +11,8 @@ class QApplication;
 
 namespace vtx {
 
+class TrayHost;
+
 /// What the program was asked to do when it was started.
 struct LaunchOptions {
     /// Stands in every window's title.
@@ -23,8 +25,9 @@ struct LaunchOptions {
 /// the surfaces and the delegate, and runs the event loop. The one place that knows all parts.
 class VantrixApp {
 public:
-    /// All that is passed must outlive the object.
-    VantrixApp(const Ports& ports, const Executors& executors, LaunchOptions options);
+    /// All that is passed must outlive the object. Without a tray the strip serves alone.
+    VantrixApp(const Ports& ports, const Executors& executors, LaunchOptions options,
+               TrayHost* tray = nullptr);
     ~VantrixApp();
     VantrixApp(const VantrixApp&) = delete;
     VantrixApp& operator=(const VantrixApp&) = delete;

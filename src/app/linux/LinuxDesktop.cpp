@@ -9,6 +9,7 @@
 #include "platform/linux/Environment.h"
 #include "ui/kit/Symbol.h"
 #include "ui/kit/Theme.h"
+#include "ui/shell/linux/StatusNotifierTray.h"
 
 namespace vtx {
 namespace {
@@ -36,10 +37,14 @@ QIcon applicationIcon() {
 
 struct LinuxDesktop::Members {
     Members(RunLoop& loop, Executor& main)
-        : session(loop, main, sessionBusAddress()), appearance(session) {}
+        : session(loop, main, sessionBusAddress()),
+          appearance(session),
+          tray(session, QApplication::applicationName(),
+               QGuiApplication::applicationDisplayName()) {}
 
     SystemBus session;
     DesktopAppearance appearance;
+    StatusNotifierTray tray;
 };
 
 void LinuxDesktop::settleToolkit() {
@@ -57,6 +62,8 @@ LinuxDesktop::LinuxDesktop(RunLoop& loop, Executor& main)
     QApplication::setWindowIcon(applicationIcon());
     symbols::releaseCache();
 }
+
+TrayHost* LinuxDesktop::tray() { return &members_->tray; }
 
 LinuxDesktop::~LinuxDesktop() {
     Theme::current().follow(std::make_unique<PaletteAppearanceSource>());

@@ -8,8 +8,10 @@
 
 namespace vtx {
 
+class TrayHost;
+
 /// What both programs share around the application object on Linux: the toolkit's settings before
-/// it, and after it the desktop's light or dark appearance and the application's icon.
+/// it, and after it the desktop's light or dark appearance, its tray and the application's icon.
 class LinuxDesktop {
 public:
     /// Settles, before the application object is made, what the toolkit takes from the environment,
@@ -21,6 +23,9 @@ public:
     ~LinuxDesktop();
     LinuxDesktop(const LinuxDesktop&) = delete;
     LinuxDesktop& operator=(const LinuxDesktop&) = delete;
+
+    /// The tray, which may come and go. Lives as long as the object.
+    [[nodiscard]] TrayHost* tray();
 
 private:
     struct Members;

@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
 
     vtx::QtMainExecutor mainExecutor;
     vtx::QtRunLoop runLoop;
-    const vtx::LinuxDesktop desktop(runLoop, mainExecutor);
+    vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxClock clock(runLoop);
     vtx::SimulatedPlatform platform(clock);
     platform.mac.live(1);
@@ -35,6 +35,7 @@ int main(int argc, char** argv) {
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
     vtx::SerialExecutor blocking(vtx::LinuxPlatform::nameThread("vantrix-table"));
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });
-    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick, blocking}, std::move(options));
+    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick, blocking}, std::move(options),
+                            desktop.tray());
     return vantrix.run();
 }

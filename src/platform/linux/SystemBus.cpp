@@ -51,6 +51,13 @@ std::optional<std::string> BusMessage::variantText() {
     return value;
 }
 
+std::optional<bool> BusMessage::variantBoolean() {
+    if (!message_ || sd_bus_message_enter_container(message_, 'v', "b") <= 0) return std::nullopt;
+    const auto value = boolean();
+    sd_bus_message_exit_container(message_);
+    return value;
+}
+
 std::optional<std::uint32_t> BusMessage::variantUnsigned() {
     if (!message_) return std::nullopt;
     constexpr int deepest = 4;
@@ -182,6 +189,24 @@ Subscription SystemBus::addMatch(const std::string& rule, Handler handler) {
     }
     watch();
     return tokenOf(std::move(slot));
+}
+
+Subscription SystemBus::addObject(const std::string& path, const std::string& interface,
+                                  const sd_bus_vtable* table, void* self) {
+    if (!open()) return {};
+    auto slot = std::make_shared<Slot>(Handler{});
+    if (sd_bus_add_object_vtable(bus_, &slot->slot, path.c_str(), interface.c_str(), table, self) <
+        0) {
+        return {};
+    }
+    return tokenOf(std::move(slot));
+}
+
+void SystemBus::emitSignal(const std::string& path, const std::string& interface,
+                           const std::string& member) {
+    if (!bus_) return;
+    sd_bus_emit_signal(bus_, path.c_str(), interface.c_str(), member.c_str(), "");
+    watch();
 }
 
 Subscription SystemBus::tokenOf(std::shared_ptr<Slot> slot) {

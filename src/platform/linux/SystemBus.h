@@ -15,6 +15,7 @@
 
 struct sd_bus;
 struct sd_bus_message;
+struct sd_bus_vtable;
 
 namespace vtx {
 
@@ -29,6 +30,7 @@ public:
     [[nodiscard]] std::optional<bool> boolean();
     [[nodiscard]] std::optional<std::string> text();
     [[nodiscard]] std::optional<std::string> variantText();
+    [[nodiscard]] std::optional<bool> variantBoolean();
     /// Of 32 bits; a variant that only wraps another one is looked into.
     [[nodiscard]] std::optional<std::uint32_t> variantUnsigned();
     /// A copy that the caller owns; -1 when there is none.
@@ -77,6 +79,15 @@ public:
 
     /// Tells that a service came, went or changed hands.
     [[nodiscard]] Subscription onOwnerChanged(const std::string& service, Handler handler);
+
+    /// Offers an object whose interface is the table, of whose entries `self` is the last argument;
+    /// both must outlive the token. Empty where there is no bus.
+    [[nodiscard]] Subscription addObject(const std::string& path, const std::string& interface,
+                                         const sd_bus_vtable* table, void* self);
+
+    /// Tells everybody of a signal without arguments of such an object.
+    void emitSignal(const std::string& path, const std::string& interface,
+                    const std::string& member);
 
     /// Whether there is a connection, established or under way.
     [[nodiscard]] bool isOpen() const { return bus_ != nullptr; }

@@ -23,6 +23,7 @@ PopoverController::PopoverController(WindowSystem& system, MetricsCoordinator& c
     window_.onClose = [this] {
         item_.setHighlighted(false);
         symbols::releaseCache();
+        if (didClose) didClose();
         if (onClose) onClose();
     };
     item_.onPress = [this] { window_.anchorPressed(); };

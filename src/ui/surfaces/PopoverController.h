@@ -20,6 +20,9 @@ public:
     void show() override;
     void close() override { window_.dismiss(); }
 
+    /// As `onClose`, for the item that it belongs to.
+    std::function<void()> didClose;
+
     [[nodiscard]] QWidget& window() { return window_; }
 
 private:

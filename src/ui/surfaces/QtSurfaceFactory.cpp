@@ -16,6 +16,11 @@ QtSurfaceFactory::QtSurfaceFactory(WindowSystem& system, UserDefaults& defaults,
 
 QtSurfaceFactory::~QtSurfaceFactory() { delete about_; }
 
+void QtSurfaceFactory::useTray(TrayHost& tray, const Clock& clock) {
+    tray_ = &tray;
+    clock_ = &clock;
+}
+
 std::unique_ptr<DashboardSurface> QtSurfaceFactory::makeDashboard(MetricsCoordinator& coordinator) {
     auto made = std::make_unique<DashboardWindowController>(coordinator, defaults_, title_);
     dashboard_ = made.get();
@@ -27,6 +32,7 @@ std::unique_ptr<StatusItemSurface> QtSurfaceFactory::makeStatusItem(
     auto made = std::make_unique<StatusItemController>(
         system_, vtx::makeStatusItem(system_, defaults_), title_, coordinator);
     statusItem_ = made.get();
+    if (tray_) made->joinTray(*tray_, *clock_);
     return made;
 }
 
@@ -37,6 +43,7 @@ std::unique_ptr<PopoverSurface> QtSurfaceFactory::makePopover(
     auto& ours = static_cast<StatusItemController&>(item);
     auto made = std::make_unique<PopoverController>(system_, coordinator, ours.item(), title_,
                                                     std::move(onDetachRequested));
+    made->didClose = [&ours] { ours.popoverClosed(); };
     popover_ = made.get();
     return made;
 }

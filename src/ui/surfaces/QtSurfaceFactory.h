@@ -11,9 +11,11 @@ class QWidget;
 namespace vtx {
 
 class AboutPanel;
+class Clock;
 class DashboardWindowController;
 class PopoverController;
 class StatusItemController;
+class TrayHost;
 class UserDefaults;
 class WindowSystem;
 
@@ -23,6 +25,9 @@ public:
     /// `title` stands in every window's title. The system and the store must outlive the factory.
     QtSurfaceFactory(WindowSystem& system, UserDefaults& defaults, QString title);
     ~QtSurfaceFactory() override;
+
+    /// Gives the status item that is made later a place in the tray too; both must outlive it.
+    void useTray(TrayHost& tray, const Clock& clock);
 
     std::unique_ptr<DashboardSurface> makeDashboard(MetricsCoordinator& coordinator) override;
     std::unique_ptr<StatusItemSurface> makeStatusItem(MetricsCoordinator& coordinator) override;
@@ -47,6 +52,8 @@ private:
     DashboardWindowController* dashboard_ = nullptr;
     StatusItemController* statusItem_ = nullptr;
     PopoverController* popover_ = nullptr;
+    TrayHost* tray_ = nullptr;
+    const Clock* clock_ = nullptr;
     QPointer<AboutPanel> about_;
 };
 

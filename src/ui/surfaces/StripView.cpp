@@ -12,18 +12,10 @@
 #include "ui/kit/Theme.h"
 #include "ui/kit/Type.h"
 #include "ui/surfaces/QtText.h"
+#include "ui/surfaces/StripSource.h"
 
 namespace vtx {
 namespace {
-
-StripReadings readingsOf(const MetricsCoordinator& coordinator) {
-    StripReadings readings;
-    if (const auto& cpu = *coordinator.cpu.latest) readings.cpuUsage = cpu->totalUsage;
-    readings.isGPUAvailable = *coordinator.gpu.isAvailable;
-    if (const auto& gpu = *coordinator.gpu.latest) readings.gpuUtilization = gpu->deviceUtilization;
-    readings.criticalMetric = *coordinator.criticalMetric;
-    return readings;
-}
 
 // The reserved width, unless the text needs more.
 double labelWidth(const StripTile& tile) {
@@ -58,12 +50,7 @@ void StripView::display(StripModel model) {
 
 void StripView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    const auto follow = [this](const auto&) { rebuild(); };
-    subscriptions_.push_back(coordinator_.cpu.latest.subscribe(follow));
-    subscriptions_.push_back(coordinator_.gpu.latest.subscribe(follow));
-    subscriptions_.push_back(coordinator_.gpu.isAvailable.subscribe(follow));
-    subscriptions_.push_back(coordinator_.preferences.subscribe(follow));
-    subscriptions_.push_back(coordinator_.criticalMetric.subscribe(follow));
+    subscriptions_ = followStripReadings(coordinator_, [this] { rebuild(); });
 }
 
 void StripView::hideEvent(QHideEvent* event) {
@@ -72,7 +59,7 @@ void StripView::hideEvent(QHideEvent* event) {
 }
 
 void StripView::rebuild() {
-    display(describeStrip(readingsOf(coordinator_), *coordinator_.preferences));
+    display(describeStrip(stripReadingsOf(coordinator_), *coordinator_.preferences));
 }
 
 void StripView::layOut() {

@@ -31,6 +31,10 @@ public:
     [[nodiscard]] UserInput& user() { return *user_; }
     [[nodiscard]] AccessibleTree& accessibility() { return *accessibility_; }
     [[nodiscard]] const Folder& folder() const { return folder_; }
+    /// Where the session bus listens.
+    [[nodiscard]] const std::string& sessionBusAddress() const {
+        return environment_.at("DBUS_SESSION_BUS_ADDRESS");
+    }
 
 private:
     void writeAuthority() const;

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/StatusNotifierItem.h"
+
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <systemd/sd-bus.h>
+
+#include <string_view>
+
+#include "linux/PrivateBus.h"
+#include "platform/linux/PollRunLoop.h"
+
+namespace vtx::test {
+namespace {
+
+constexpr Duration longEnough = std::chrono::seconds(60);
+constexpr auto watcherName = "org.kde.StatusNotifierWatcher";
+constexpr auto itemInterface = "org.kde.StatusNotifierItem";
+
+/// The watcher of a desktop, with a tray or without.
+class FakeWatcher {
+public:
+    FakeWatcher(RunLoop& loop, const std::string& address, bool hasHost)
+        : hasHost_(hasHost),
+          service_(loop, address, watcherName, "/StatusNotifierWatcher",
+                   [this](sd_bus_message* message) { return answer(message); }) {}
+
+    void setHost(bool hasHost) {
+        hasHost_ = hasHost;
+        service_.emit(watcherName,
+                      hasHost ? "StatusNotifierHostRegistered" : "StatusNotifierHostUnregistered",
+                      std::string());
+    }
+
+    std::vector<std::string> registered;  ///< the sender of each registration
+
+private:
+    int answer(sd_bus_message* message) {
+        if (sd_bus_message_is_method_call(message, nullptr, "Get") > 0)
+            return sd_bus_reply_method_return(message, "v", "b", static_cast<int>(hasHost_));
+        const char* item = nullptr;
+        sd_bus_message_read(message, "s", &item);
+        EXPECT_STREQ(item, "/StatusNotifierItem");
+        registered.emplace_back(sd_bus_message_get_sender(message));
+        return sd_bus_reply_method_return(message, "");
+    }
+
+    bool hasHost_;
+    FakeService service_;
+};
+
+struct StatusNotifierItemTest : testing::Test {
+    void SetUp() override {
+        if (!daemon.isRunning()) GTEST_SKIP() << "this machine has no dbus-daemon";
+    }
+    bool until(const std::function<bool()>& done) { return loop.runUntil(done, longEnough); }
+    BusObject itemOf(const FakeWatcher& watcher) const {
+        return {watcher.registered.back(), "/StatusNotifierItem", itemInterface};
+    }
+
+    PrivateBus daemon;
+    PollRunLoop loop;
+    SystemBus session{loop, loop.executor(), daemon.address()};
+    SystemBus tray{loop, loop.executor(), daemon.address()};
+};
+
+TEST_F(StatusNotifierItemTest, offers_itself_to_a_tray_that_is_there) {
+    FakeWatcher watcher(loop, daemon.address(), true);
+    StatusNotifierItem item(session, "vantrix", "Vantrix");
+    EXPECT_TRUE(until([&] { return item.isHosted() && watcher.registered.size() == 1; }));
+}
+
+TEST_F(StatusNotifierItemTest,
+       without_a_tray_it_is_not_hosted_and_follows_one_that_comes_and_goes) {
+    FakeWatcher watcher(loop, daemon.address(), false);
+    StatusNotifierItem item(session, "vantrix", "Vantrix");
+    int changes = 0;
+    item.onHostedChange = [&changes] { ++changes; };
+    watcher.setHost(true);
+    ASSERT_TRUE(until([&] { return item.isHosted() && !watcher.registered.empty(); }));
+    watcher.setHost(false);
+    EXPECT_TRUE(until([&] { return !item.isHosted(); }));
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(StatusNotifierItemTest, offers_itself_again_to_a_watcher_that_comes_back) {
+    StatusNotifierItem item(session, "vantrix", "Vantrix");
+    {
+        FakeWatcher first(loop, daemon.address(), true);
+        ASSERT_TRUE(until([&] { return !first.registered.empty(); }));
+    }
+    ASSERT_TRUE(until([&] { return !item.isHosted(); }));
+    FakeWatcher second(loop, daemon.address(), true);
+    EXPECT_TRUE(until([&] { return item.isHosted() && !second.registered.empty(); }));
+}
+
+TEST_F(StatusNotifierItemTest, tells_who_it_is) {
+    FakeWatcher watcher(loop, daemon.address(), true);
+    StatusNotifierItem item(session, "vantrix", "Vantrix");
+    ASSERT_TRUE(until([&] { return !watcher.registered.empty(); }));
+    std::vector<std::string> told;
+    Subscriptions questions;
+    for (const char* name : {"Id", "Title", "Status", "IconName"})
+        questions.push_back(tray.getProperty(itemOf(watcher), name, [&told](BusMessage& answer) {
+            told.push_back(answer.variantText().value_or("no text"));
+        }));
+    ASSERT_TRUE(until([&] { return told.size() == 4; }));
+    EXPECT_EQ(told, (std::vector<std::string>{"vantrix", "Vantrix", "Active", ""}));
+}
+
+TEST_F(StatusNotifierItemTest, a_click_on_the_tray_is_passed_on_with_its_place) {
+    FakeWatcher watcher(loop, daemon.address(), true);
+    StatusNotifierItem item(session, "vantrix", "Vantrix");
+    ASSERT_TRUE(until([&] { return !watcher.registered.empty(); }));
+    std::vector<std::tuple<StatusNotifierItem::Click, int, int>> clicks;
+    item.onClick = [&clicks](auto click, int x, int y) { clicks.emplace_back(click, x, y); };
+
+    sd_bus* host = nullptr;
+    ASSERT_GE(sd_bus_new(&host), 0);
+    sd_bus_set_address(host, daemon.address().c_str());
+    sd_bus_set_bus_client(host, 1);
+    ASSERT_GE(sd_bus_start(host), 0);
+    for (const char* method : {"Activate", "SecondaryActivate", "ContextMenu"})
+        sd_bus_call_method_async(host, nullptr, watcher.registered.back().c_str(),
+                                 "/StatusNotifierItem", itemInterface, method, nullptr, nullptr,
+                                 "ii", 1910, 12);
+    const auto reading = loop.watch(sd_bus_get_fd(host), POLLIN | POLLOUT, [host] {
+        while (sd_bus_process(host, nullptr) > 0) continue;
+    });
+    EXPECT_TRUE(until([&] { return clicks.size() == 3; }));
+    using Click = StatusNotifierItem::Click;
+    EXPECT_EQ(clicks.at(0), std::tuple(Click::primary, 1910, 12));
+    EXPECT_EQ(std::get<0>(clicks.at(1)), Click::secondary);
+    EXPECT_EQ(std::get<0>(clicks.at(2)), Click::menu);
+    sd_bus_close_unref(host);
+}
+
+TEST_F(StatusNotifierItemTest, a_new_picture_and_new_words_are_announced) {
+    FakeWatcher watcher(loop, daemon.address(), true);
+    StatusNotifierItem item(session, "vantrix", "Vantrix");
+    ASSERT_TRUE(until([&] { return !watcher.registered.empty(); }));
+    int icons = 0, words = 0, ready = 0;
+    const auto icon = tray.onSignal(itemOf(watcher), "NewIcon", [&](BusMessage&) { ++icons; });
+    const auto tip = tray.onSignal(itemOf(watcher), "NewToolTip", [&](BusMessage&) { ++words; });
+    // Answered after the matches before it are in force.
+    const auto asked = tray.getProperty(itemOf(watcher), "Id", [&](BusMessage&) { ++ready; });
+    ASSERT_TRUE(until([&] { return ready == 1; }));
+    item.setPictures({{1, 1, {255, 1, 2, 3}}});
+    item.setToolTip("CPU 12 percent");
+    EXPECT_TRUE(until([&] { return icons == 1 && words == 1; }));
+}
+
+TEST(StatusNotifierItem, without_a_bus_it_is_never_hosted) {
+    PollRunLoop loop;
+    SystemBus bus(loop, loop.executor(), "none");
+    StatusNotifierItem item(bus, "vantrix", "Vantrix");
+    item.setPictures({});
+    item.setToolTip("nobody hears it");
+    EXPECT_FALSE(item.isHosted());
+}
+
+}  // namespace
+}  // namespace vtx::test
