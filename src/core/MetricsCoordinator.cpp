@@ -31,10 +31,14 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       services_(std::move(services)),
       cpu(services_->cpu),
       gpu(services_->gpu),
+      memory(services_->memory),
       processes(services_->processes),
+      memoryPressure(services_->memoryPressure),
       ane(services_->ane),
       preferences(*this, DisplayPreferences::load(ports.userDefaults)),
       tasks_(executors.main) {
+    applyAutoRelief();
+    memoryPressure.attach(memory, processes);
     applyLanguage();
     installPreferenceSink();
     if (!isRunningTests(ports_)) observeSystemPower();
@@ -167,10 +171,17 @@ void MetricsCoordinator::applyLanguage() {
     Localization::shared().setPreference(languageFromStoredCode(preferences->languageCode));
 }
 
+void MetricsCoordinator::applyAutoRelief() {
+    const bool wanted = preferences->autoRelieveOnPressure;
+    if (*memoryPressure.autoRelieveOnPressure != wanted)
+        memoryPressure.autoRelieveOnPressure = wanted;
+}
+
 void MetricsCoordinator::installPreferenceSink() {
     const auto changes = dropFirst(removeDuplicates(preferences.stream()));
     preferencesPersistence_ = changes([this](const DisplayPreferences& changed) {
         changed.save(ports_.userDefaults);
+        applyAutoRelief();
         applyLanguage();
     });
 }
@@ -186,6 +197,7 @@ void MetricsCoordinator::bridgeNestedMonitorChanges() {
     // While nobody looks at the coordinator there is nobody to tell, and no timer need run.
     Stream<Changed> merged = [this](std::function<void(const Changed&)> next) {
         return merge<Changed>({changes(cpu.objectWillChange), changes(gpu.objectWillChange),
+                               changes(memory.objectWillChange),
                                changes(processes.objectWillChange), changes(ane.objectWillChange)})(
             [this, next = std::move(next)](const Changed& change) {
                 if (objectWillChange.hasSubscribers()) next(change);

@@ -34,7 +34,9 @@ public:
 
     CPUMonitor& cpu;
     GPUMonitor& gpu;
+    MemoryMonitor& memory;
     ProcessManager& processes;
+    MemoryPressureService& memoryPressure;
     ANEMonitor& ane;
 
     /// What the user set. Each change is saved and put in force at once.
@@ -75,6 +77,7 @@ private:
 
     [[nodiscard]] static bool isRunningTests(const Ports& ports);
     void applyLanguage();
+    void applyAutoRelief();
     void installPreferenceSink();
     void observeSystemPower();
     void bridgeNestedMonitorChanges();

@@ -15,6 +15,11 @@ constexpr std::array table{
                 return coordinator.needsSubsystem(Subsystem::gpu);
             },
             [](MetricsCoordinator& coordinator) { return coordinator.gpu.refresh(); }, nullptr},
+    PassRow{"memory", PassPhase::concurrent,
+            [](const MetricsCoordinator& coordinator) {
+                return coordinator.needsSubsystem(Subsystem::memory);
+            },
+            [](MetricsCoordinator& coordinator) { return coordinator.memory.refresh(); }, nullptr},
 };
 
 }  // namespace

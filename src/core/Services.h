@@ -2,6 +2,8 @@
 #pragma once
 
 #include "base/Executors.h"
+#include "memory/MemoryMonitor.h"
+#include "memory/MemoryPressureService.h"
 #include "platform/Ports.h"
 #include "processes/ProcessManager.h"
 #include "telemetry/ANEMonitor.h"
@@ -17,12 +19,16 @@ struct Services {
     Services(const Ports& ports, const Executors& executors)
         : cpu(ports, executors),
           gpu(ports, executors.tick),
+          memory(ports, executors),
           processes(ports, executors),
+          memoryPressure(ports, executors),
           ane(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
+    MemoryMonitor memory;
     ProcessManager processes;
+    MemoryPressureService memoryPressure;
     ANEMonitor ane;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "platform/KernReturn.h"
 #include "platform/KernelArray.h"
@@ -18,6 +19,22 @@ struct ProcessorLoadInfo {
     KernelArray words;
 };
 
+/// The flavour of `statistics64` that counts pages.
+inline constexpr std::int32_t hostVMInfo64 = 4;
+
+/// The answer of `host_statistics64`.
+struct HostStatistics {
+    KernReturn result = kernFailure;
+    /// How many words were written, which may be fewer than there was space for.
+    std::uint32_t count = 0;
+};
+
+/// The answer of `host_page_size`.
+struct HostPageSize {
+    KernReturn result = kernFailure;
+    std::uint64_t bytes = 0;
+};
+
 /// Statistics of the host. Called by one engine at a time.
 class HostInfo {
 public:
@@ -27,6 +44,13 @@ public:
     virtual ~HostInfo() = default;
 
     [[nodiscard]] virtual ProcessorLoadInfo processorLoadInfo() = 0;
+
+    /// `host_statistics64` into the caller's words; on failure they mean nothing.
+    [[nodiscard]] virtual HostStatistics statistics64(std::int32_t flavour,
+                                                      std::span<std::uint32_t> into) = 0;
+
+    /// `host_page_size`. Any thread.
+    [[nodiscard]] virtual HostPageSize pageSize() = 0;
 };
 
 }  // namespace vtx

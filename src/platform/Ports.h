@@ -9,6 +9,7 @@ class HostInfo;
 class IORegistry;
 class IOReportLibrary;
 class Locale;
+class MemoryPressureSources;
 class PowerSources;
 class ProcessInfo;
 class ProcessTable;
@@ -26,6 +27,7 @@ struct Ports {
     IORegistry& ioRegistry;
     IOReportLibrary& ioReport;
     Locale& locale;
+    MemoryPressureSources& memoryPressure;
     PowerSources& powerSources;
     ProcessInfo& processInfo;
     ProcessTable& processTable;

@@ -7,7 +7,7 @@ namespace vtx {
 
 void CPUTotals::arrange() {
     const auto pidOf = [](const auto& total) { return total.first; };
-    if (!std::ranges::is_sorted(totals_, {}, pidOf)) std::ranges::stable_sort(totals_, {}, pidOf);
+    if (!std::ranges::is_sorted(totals_, {}, pidOf)) std::ranges::sort(totals_, {}, pidOf);
     next_ = 0;
 }
 

@@ -37,6 +37,7 @@ bool announcesDeviceChange(std::string_view message) {
 }
 
 std::uint64_t KernelDeviceChanges::generation() {
+    const std::lock_guard lock(mutex_);
     if (generation_ == 0) {
         socket_ = openSocket();
         generation_ = 1;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <mutex>
 #include <string_view>
 
 #include "platform/linux/FileDescriptor.h"
@@ -17,7 +18,7 @@ public:
     virtual ~DeviceChanges() = default;
 
     /// Another number than before when devices may have changed meanwhile; never 0. Ask before
-    /// looking, so that what changes while looking is found the next time. One thread at a time.
+    /// looking, so that what changes while looking is found the next time. Any thread.
     [[nodiscard]] virtual std::uint64_t generation() = 0;
 };
 
@@ -35,6 +36,7 @@ public:
 private:
     [[nodiscard]] bool takeAnnouncements();
 
+    std::mutex mutex_;  ///< of all below
     FileDescriptor socket_;
     std::uint64_t generation_ = 0;  ///< 0 before the first call
 };

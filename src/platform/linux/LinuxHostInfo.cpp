@@ -1,12 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxHostInfo.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 
-namespace vtx {
+#include "platform/shapes/Memory.h"
 
-LinuxHostInfo::LinuxHostInfo(const LinuxRoot& root, const LinuxProcessors& processors)
-    : processors_(processors), stat_(root, processors) {}
+namespace vtx {
+namespace {
+
+constexpr KernReturn kernInvalidArgument = 4;
+
+}  // namespace
+
+LinuxHostInfo::LinuxHostInfo(const LinuxRoot& root, const LinuxProcessors& processors,
+                             MemInfoReader& memory)
+    : processors_(processors), stat_(root, processors), memory_(memory) {}
 
 ProcessorLoadInfo LinuxHostInfo::processorLoadInfo() {
     if (processors_.count() == 0 || !stat_.read()) return {};
@@ -16,6 +26,21 @@ ProcessorLoadInfo LinuxHostInfo::processorLoadInfo() {
     array.isOut = true;
     return {kernSuccess, static_cast<std::uint32_t>(processors_.count()),
             KernelArray(*this, array.words.data(), array.words.size())};
+}
+
+HostStatistics LinuxHostInfo::statistics64(std::int32_t flavour, std::span<std::uint32_t> into) {
+    if (flavour != hostVMInfo64) return {kernInvalidArgument, 0};
+    const auto size = pageSize();
+    const auto sample = memory_.read();
+    if (!sample || size.result != kernSuccess) return {};
+    return {kernSuccess,
+            encodeVMStatistics(pageCountsOf(sample->info, sample->zramBytes, size.bytes), into)};
+}
+
+HostPageSize LinuxHostInfo::pageSize() {
+    const long bytes = ::sysconf(_SC_PAGESIZE);
+    if (bytes <= 0) return {};
+    return {kernSuccess, static_cast<std::uint64_t>(bytes)};
 }
 
 LinuxHostInfo::Array& LinuxHostInfo::freeArray() {

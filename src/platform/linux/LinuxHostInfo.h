@@ -10,17 +10,22 @@
 #include "platform/linux/CpuStatReader.h"
 #include "platform/linux/LinuxProcessors.h"
 #include "platform/linux/LinuxRoot.h"
+#include "platform/linux/MemInfoReader.h"
 
 namespace vtx {
 
-/// The host's statistics by /proc/stat. A processor that is offline keeps its place and its last
-/// counters; the call fails when nothing is understood. One engine at a time; owned by the
-/// platform, and outlives every array that it gave.
+/// The host's statistics by /proc/stat and /proc/meminfo. A processor that is offline keeps its
+/// place and its last counters; the call fails when nothing is understood. One engine at a time;
+/// owned by the platform, and outlives every array that it gave.
 class LinuxHostInfo final : public HostInfo, private KernelMemory {
 public:
-    LinuxHostInfo(const LinuxRoot& root, const LinuxProcessors& processors);
+    LinuxHostInfo(const LinuxRoot& root, const LinuxProcessors& processors, MemInfoReader& memory);
 
     [[nodiscard]] ProcessorLoadInfo processorLoadInfo() override;
+    /// Page counts alone, as `pageCountsOf` makes them.
+    [[nodiscard]] HostStatistics statistics64(std::int32_t flavour,
+                                              std::span<std::uint32_t> into) override;
+    [[nodiscard]] HostPageSize pageSize() override;
 
     /// Arrays that were given out and have not come back.
     [[nodiscard]] std::size_t outstandingArrays() const;
@@ -37,6 +42,7 @@ private:
 
     const LinuxProcessors& processors_;
     CpuStatReader stat_;
+    MemInfoReader& memory_;
     std::vector<std::unique_ptr<Array>> arrays_;
 };
 

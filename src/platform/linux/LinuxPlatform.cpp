@@ -12,6 +12,7 @@
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxIOReportLibrary.h"
 #include "platform/linux/LinuxLocale.h"
+#include "platform/linux/LinuxMemoryPressure.h"
 #include "platform/linux/LinuxPowerSources.h"
 #include "platform/linux/LinuxProcessInfo.h"
 #include "platform/linux/LinuxProcessTable.h"
@@ -20,6 +21,9 @@
 #include "platform/linux/LinuxSysctl.h"
 #include "platform/linux/LinuxUnifiedLog.h"
 #include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/MemInfoReader.h"
+#include "platform/linux/PressureTriggers.h"
+#include "platform/linux/SlowReadThread.h"
 #include "platform/linux/SystemBus.h"
 
 namespace vtx {
@@ -32,15 +36,18 @@ struct LinuxPlatform::Members {
           bus(loop, main, options.busAddress),
           processors(root),
           cpuFreq(root, processors),
+          memInfo(root, clock, deviceChanges),
           heapRelief(root),
-          hostInfo(root, processors),
+          hostInfo(root, processors, memInfo),
           ioRegistry(processors, cpuFreq, registrySources()),
           ioReport(root, processors, cpuFreq),
           locale(options.environment),
+          pressureTriggers(root),
+          memoryPressure(root, loop, clock, pressureTriggers, memInfo),
           powerSources(root),
           processInfo(root, options.environment, bus),
           processTable(root, clock),
-          sysctl(root, processors),
+          sysctl(root, processors, memInfo),
           unifiedLog(root, options.environment),
           userDefaults(options.configFolder),
           workspace(bus, main) {}
@@ -53,15 +60,19 @@ struct LinuxPlatform::Members {
 
     LinuxRoot root;
     LinuxClock clock;
+    SlowReadThread slowReads{nameThread("slow reads")};  ///< without a thread until it is used
     SystemBus bus;
     LinuxProcessors processors;
     CpuFreq cpuFreq;
     KernelDeviceChanges deviceChanges;
+    MemInfoReader memInfo;
     LinuxHeapRelief heapRelief;
     LinuxHostInfo hostInfo;
     LinuxIORegistry ioRegistry;
     LinuxIOReportLibrary ioReport;
     LinuxLocale locale;
+    KernelPressureTriggers pressureTriggers;
+    LinuxMemoryPressure memoryPressure;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
     LinuxProcessTable processTable;
@@ -78,9 +89,9 @@ LinuxPlatform::~LinuxPlatform() = default;
 
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
-    return {m.clock,      m.heapRelief,   m.hostInfo,    m.ioRegistry,   m.ioReport,
-            m.locale,     m.powerSources, m.processInfo, m.processTable, m.sysctl,
-            m.unifiedLog, m.userDefaults, m.workspace};
+    return {m.clock,  m.heapRelief,     m.hostInfo,     m.ioRegistry,  m.ioReport,
+            m.locale, m.memoryPressure, m.powerSources, m.processInfo, m.processTable,
+            m.sysctl, m.unifiedLog,     m.userDefaults, m.workspace};
 }
 
 Job LinuxPlatform::nameThread(std::string_view name) {

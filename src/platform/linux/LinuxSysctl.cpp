@@ -2,14 +2,14 @@
 #include "platform/linux/LinuxSysctl.h"
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <limits>
 #include <optional>
 
 #include "platform/linux/MachineIdentity.h"
-#include "platform/linux/Parse.h"
+#include "platform/shapes/Memory.h"
 
 namespace vtx {
 namespace {
@@ -38,20 +38,22 @@ std::optional<std::uint64_t> topClock(const LinuxRoot& root, const LinuxProcesso
     return highestKHz * 1000;
 }
 
-std::optional<std::uint64_t> totalMemory(const LinuxRoot& root) {
-    const auto meminfo = root.readHead("/proc/meminfo", 4096).value_or("");
-    auto total = fieldOf(meminfo, "MemTotal");
-    if (!total || !total->ends_with(" kB")) return std::nullopt;
-    const auto kB = parseUnsigned(total->substr(0, total->size() - 3));
-    if (!kB || *kB > std::numeric_limits<std::uint64_t>::max() / 1024) return std::nullopt;
-    return *kB * 1024;
+int copyOut(std::span<const std::byte> bytes, std::span<std::byte> into, std::size_t& size) {
+    if (!into.empty()) {
+        if (bytes.size() > into.size()) return ENOMEM;
+        std::ranges::copy(bytes, into.begin());
+    }
+    size = bytes.size();
+    return 0;
 }
 
 }  // namespace
 
-LinuxSysctl::LinuxSysctl(const LinuxRoot& root, const LinuxProcessors& processors) {
+LinuxSysctl::LinuxSysctl(const LinuxRoot& root, const LinuxProcessors& processors,
+                         MemInfoReader& memory)
+    : memory_(memory) {
     if (processors.count() > 0) addProcessors(root, processors);
-    if (const auto bytes = totalMemory(root)) addInt64("hw.memsize", *bytes);
+    if (const auto sample = memory.recent()) addInt64("hw.memsize", sample->info.total * 1024);
     addIdentity(root);
 }
 
@@ -92,15 +94,19 @@ void LinuxSysctl::addText(std::string name, std::string_view text) {
 }
 
 int LinuxSysctl::sysctlbyname(std::string_view name, std::span<std::byte> into, std::size_t& size) {
+    if (name == "vm.swapusage") return swapUsage(into, size);
     const auto value = values_.find(name);
-    if (value == values_.end()) return ENOENT;
-    const Data& bytes = value->second;
-    if (!into.empty()) {
-        if (bytes.size() > into.size()) return ENOMEM;
-        std::ranges::copy(bytes, into.begin());
-    }
-    size = bytes.size();
-    return 0;
+    return value == values_.end() ? ENOENT : copyOut(value->second, into, size);
+}
+
+int LinuxSysctl::swapUsage(std::span<std::byte> into, std::size_t& size) {
+    const auto sample = memory_.recent();
+    if (!sample) return EIO;
+    SwapUsageRecord swap;
+    swap.total = sample->info.swapTotal * 1024;
+    swap.used = swap.total - std::min(sample->info.swapFree * 1024, swap.total);
+    swap.pageSize = static_cast<std::uint32_t>(::sysconf(_SC_PAGESIZE));
+    return copyOut(encodeSwapUsage(swap), into, size);
 }
 
 }  // namespace vtx

@@ -18,8 +18,9 @@ public:
     virtual ~RunLoop() = default;
 
     /// Calls `ready` from the loop, never inside this call, as long as the descriptor is in one of
-    /// the states of `pollEvents` (POLLIN, POLLOUT) or has failed. The descriptor must stay open
-    /// until the token has gone; `ready` may drop tokens, its own included, and watch others.
+    /// the states of `pollEvents` (POLLIN, POLLOUT, POLLPRI) or has failed. The descriptor must
+    /// stay open until the token has gone; `ready` may drop tokens, its own included, and watch
+    /// others.
     [[nodiscard]] virtual Subscription watch(int fd, short pollEvents,
                                              std::function<void()> ready) = 0;
 };

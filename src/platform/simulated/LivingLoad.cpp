@@ -19,6 +19,8 @@ double unit(std::uint64_t key) {
 constexpr std::uint64_t burstChannel = 1;
 constexpr std::uint64_t widthChannel = 2;
 constexpr std::uint64_t graphicsChannel = 3;
+constexpr std::uint64_t memoryChannel = 4;
+constexpr std::uint64_t crowdChannel = 5;
 constexpr std::uint64_t firstCoreChannel = 16;
 constexpr std::uint64_t firstProgramChannel = std::uint64_t{1} << 20;
 
@@ -41,6 +43,12 @@ double LivingLoad::graphics(Duration sinceStart) const {
 double LivingLoad::appetite(std::uint64_t program, Duration sinceStart) const {
     const double wish = noise(firstProgramChannel + program, toSeconds(sinceStart), 15.0);
     return 0.05 + 0.95 * std::pow(wish, 3.0);
+}
+
+double LivingLoad::memory(Duration sinceStart) const {
+    const double time = toSeconds(sinceStart);
+    const double crowd = std::pow(noise(crowdChannel, time, 180.0), 4.0);
+    return 0.40 + 0.12 * noise(memoryChannel, time, 25.0) + 0.45 * crowd;
 }
 
 double LivingLoad::busy(CoreKind kind, std::size_t core, double time) const {

@@ -19,6 +19,17 @@ inline constexpr std::string_view hostProcessorInfoSurplusEntries =
 inline constexpr std::string_view hostProcessorInfoZeroProcessors =
     "host_processor_info:zeroProcessors";
 
+/// The result is the kernel's; the first one counts pages alone.
+inline constexpr std::string_view hostStatistics64 = "host_statistics64";
+inline constexpr std::string_view hostPageSize = "host_page_size";
+/// Success with a size of 0; not counted apart.
+inline constexpr std::string_view hostPageSizeZero = "host_page_size:zero";
+
+/// Failing gives no source. The others are counted and cannot fail.
+inline constexpr std::string_view memoryPressureCreate = "memoryPressure:create";
+inline constexpr std::string_view memoryPressureActivate = "memoryPressure:activate";
+inline constexpr std::string_view memoryPressureCancel = "memoryPressure:cancel";
+
 /// Counted; cannot fail.
 inline constexpr std::string_view vmDeallocate = "vm_deallocate";
 

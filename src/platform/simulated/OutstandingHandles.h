@@ -36,6 +36,7 @@ private:
 /// The kinds of handles.
 namespace handles {
 inline constexpr std::string_view kernelArray = "KernelArray";
+inline constexpr std::string_view memoryPressureSource = "MemoryPressureSource";
 inline constexpr std::string_view powerSourcesInfo = "PowerSourcesInfo";
 inline constexpr std::string_view registryEntry = "RegistryEntry";
 inline constexpr std::string_view registryIterator = "RegistryIterator";

@@ -43,6 +43,19 @@ ProcessorLoadInfo SimulatedHostInfo::processorLoadInfo() {
     return info;
 }
 
+HostStatistics SimulatedHostInfo::statistics64(std::int32_t flavour,
+                                               std::span<std::uint32_t> into) {
+    if (const auto failure = instruments_.enter(operations::hostStatistics64)) return {*failure, 0};
+    if (flavour != hostVMInfo64) return {};
+    return {kernSuccess, encodeVMStatistics(memory_.pages(), into)};
+}
+
+HostPageSize SimulatedHostInfo::pageSize() {
+    if (const auto failure = instruments_.enter(operations::hostPageSize)) return {*failure, 0};
+    const bool isZero = instruments_.failures.take(operations::hostPageSizeZero).has_value();
+    return {kernSuccess, isZero ? 0 : SimulatedMemory::pageSize};
+}
+
 KernelArray SimulatedHostInfo::allocate(const std::vector<std::uint32_t>& words) {
     auto memory = std::make_unique<std::uint32_t[]>(words.size() + headerWords);
     memory[0] = static_cast<std::uint32_t>(words.size());

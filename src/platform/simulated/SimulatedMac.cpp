@@ -13,8 +13,11 @@ constexpr std::string_view acceleratorClass = "IOAccelerator";
 
 }  // namespace
 
-SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
-    : processors(clock, std::move(shape)), graphics(clock), processes(clock, processors) {
+SimulatedMac::SimulatedMac(Clock& clock, MacShape shape)
+    : processors(clock, std::move(shape)),
+      graphics(clock),
+      memory(clock),
+      processes(clock, processors) {
     devices::install(registry, processors.shape());
     if (processors.shape().hasAccelerator) addAccelerator();
     channels.addSource([this] { return devices::coreStates(processors); });
@@ -24,6 +27,7 @@ SimulatedMac::SimulatedMac(const Clock& clock, MacShape shape)
 void SimulatedMac::live(std::uint64_t seed) {
     processors.live(seed);
     graphics.live(seed);
+    memory.live(seed);
     processes.live(seed);
 }
 

@@ -10,6 +10,7 @@
 #include "base/Signal.h"
 #include "platform/simulated/SimulatedChannels.h"
 #include "platform/simulated/SimulatedGraphics.h"
+#include "platform/simulated/SimulatedMemory.h"
 #include "platform/simulated/SimulatedProcesses.h"
 #include "platform/simulated/SimulatedProcessors.h"
 #include "platform/simulated/SimulatedRegistry.h"
@@ -23,12 +24,13 @@ enum class SimulatedPower { mains, battery, uninterruptible, unknown };
 /// ports read. Main executor, except for the parts that any thread may use.
 class SimulatedMac {
 public:
-    SimulatedMac(const Clock& clock, MacShape shape);
+    SimulatedMac(Clock& clock, MacShape shape);
     SimulatedMac(const SimulatedMac&) = delete;
     SimulatedMac& operator=(const SimulatedMac&) = delete;
 
     SimulatedProcessors processors;
     SimulatedGraphics graphics;
+    SimulatedMemory memory;
     SimulatedProcesses processes;
     /// Its devices and what its chip counts.
     SimulatedRegistry registry;

@@ -9,6 +9,7 @@
 #include "platform/simulated/SimulatedIOReportLibrary.h"
 #include "platform/simulated/SimulatedLocale.h"
 #include "platform/simulated/SimulatedMac.h"
+#include "platform/simulated/SimulatedMemoryPressure.h"
 #include "platform/simulated/SimulatedPowerSources.h"
 #include "platform/simulated/SimulatedProcessInfo.h"
 #include "platform/simulated/SimulatedProcessTable.h"
@@ -48,6 +49,7 @@ public:
     SimulatedIORegistry ioRegistry;
     SimulatedIOReportLibrary ioReport;
     SimulatedLocale locale;
+    SimulatedMemoryPressure memoryPressure;
     SimulatedPowerSources powerSources;
     SimulatedProcessInfo processInfo;
     SimulatedProcessTable processTable;

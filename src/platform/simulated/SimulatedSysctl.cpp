@@ -63,6 +63,11 @@ std::optional<Data> SimulatedSysctl::value(std::string_view name) const {
 std::optional<Data> SimulatedSysctl::derived(std::string_view name) const {
     const MacShape& shape = processors_.shape();
     if (name == "hw.logicalcpu") return count32(processors_.processorCount());
+    if (name == "hw.memsize") return bytesOf(SimulatedMemory::totalBytes);
+    if (name == "vm.swapusage") {
+        const auto record = encodeSwapUsage(memory_.swap());
+        return Data(record.begin(), record.end());
+    }
     if (!shape.performanceLevels) return std::nullopt;
     const bool hasTwoLevels = *shape.performanceLevels > 1;
     if (name == "hw.nperflevels") return bytesOf(std::int32_t{*shape.performanceLevels});

@@ -11,6 +11,7 @@
 #include "base/Data.h"
 #include "platform/Sysctl.h"
 #include "platform/simulated/Instruments.h"
+#include "platform/simulated/SimulatedMemory.h"
 #include "platform/simulated/SimulatedProcessors.h"
 
 namespace vtx {
@@ -19,8 +20,9 @@ namespace vtx {
 /// were set, which win. Any thread.
 class SimulatedSysctl final : public Sysctl {
 public:
-    SimulatedSysctl(const SimulatedProcessors& processors, Instruments& instruments)
-        : processors_(processors), instruments_(instruments) {}
+    SimulatedSysctl(const SimulatedProcessors& processors, const SimulatedMemory& memory,
+                    Instruments& instruments)
+        : processors_(processors), memory_(memory), instruments_(instruments) {}
 
     [[nodiscard]] int sysctlbyname(std::string_view name, std::span<std::byte> into,
                                    std::size_t& size) override;
@@ -41,6 +43,7 @@ private:
     void store(std::string_view name, std::optional<Data> bytes);
 
     const SimulatedProcessors& processors_;
+    const SimulatedMemory& memory_;
     Instruments& instruments_;
     mutable std::mutex mutex_;
     std::map<std::string, std::optional<Data>, std::less<>> set_;  // absent: removed

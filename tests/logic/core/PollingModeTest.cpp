@@ -160,6 +160,7 @@ TEST(PollingModes, closing_every_surface_stops_what_only_they_need) {
     auto preferences = *m.controller.coordinator().preferences;
     preferences.showCPU = preferences.menuBarLiveCPU = false;
     preferences.showGPU = preferences.menuBarLiveGPU = false;
+    preferences.showMemory = preferences.menuBarLiveMemory = false;
     m.controller.coordinator().preferences = preferences;
     const auto samplesInTenSeconds = [&m] {
         m.bench.settle();
@@ -190,6 +191,8 @@ TEST(PollingModes, each_mode_asks_the_platform_for_this_and_no_more_in_a_pass) {
         b.advance(seconds(b.coordinator.effectiveInterval()));
         const CallCounter::Counts expected{{"host_processor_info", 1},
                                            {"vm_deallocate", 1},
+                                           {"host_statistics64", 1},
+                                           {"sysctlbyname:vm.swapusage", 1},
                                            {"IOReportCreateSamples", 1},
                                            {"IOReportCreateSamplesDelta", 1},
                                            {"IORegistryEntryCreateCFProperties", 1}};

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include "linux/SteadyMemory.h"
 #include "linux/TemporaryTree.h"
 
 namespace vtx::test {
@@ -33,7 +34,8 @@ struct Host {
     TemporaryTree tree;
     LinuxRoot root{tree.path()};
     LinuxProcessors processors = twoProcessors();
-    LinuxHostInfo info{root, processors};
+    SteadyMemory memory{root};
+    LinuxHostInfo info{root, processors, memory.reader};
 };
 
 TEST(LinuxHostInfo, gives_four_words_for_each_processor_in_order) {
@@ -54,7 +56,8 @@ TEST(LinuxHostInfo, a_processor_that_goes_offline_keeps_its_place_and_its_counte
 TEST(LinuxHostInfo, a_processor_offline_since_the_start_has_its_place_too) {
     const LinuxRoot root(fixture("intel-hybrid-laptop-6.12"));
     const LinuxProcessors processors(root);
-    LinuxHostInfo host(root, processors);
+    SteadyMemory memory(root);
+    LinuxHostInfo host(root, processors, memory.reader);
     const auto info = host.processorLoadInfo();
     EXPECT_EQ(info.processorCount, 16u);
     const auto words = wordsOf(info);
@@ -90,9 +93,9 @@ TEST(LinuxHostInfo, a_file_cut_anywhere_never_moves_a_counter_wrongly) {
     const std::string after = "cpu  1 1 1 1\ncpu0 111 222 333 444\ncpu1 111 222 333 444\nintr 1\n";
     const Words old{100, 300, 400, 200};
     const Words renewed{111, 333, 444, 222};
-    const Host host(before);
+    Host host(before);
     for (std::size_t cut = 0; cut <= after.size(); ++cut) {
-        LinuxHostInfo reader(host.root, host.processors);
+        LinuxHostInfo reader(host.root, host.processors, host.memory.reader);
         host.write(before);
         ASSERT_EQ(reader.processorLoadInfo().result, kernSuccess);
         host.write(after.substr(0, cut));
@@ -159,7 +162,8 @@ TEST(LinuxHostInfo, counters_of_a_gap_in_the_numbers_have_no_place) {
     tree.write(statPath, "cpu0 1 2 3 4\ncpu1 7 7 7 7\ncpu2 10 20 30 40\nintr 1\n");
     const LinuxRoot root(tree.path());
     const LinuxProcessors processors(root);
-    LinuxHostInfo host(root, processors);
+    SteadyMemory memory(root);
+    LinuxHostInfo host(root, processors, memory.reader);
     EXPECT_EQ(wordsOf(host.processorLoadInfo()), (Words{1, 3, 4, 2, 10, 30, 40, 20}));
 }
 
@@ -167,7 +171,9 @@ TEST(LinuxHostInfo, a_machine_that_names_no_processor_fails_every_call) {
     const TemporaryTree tree;
     const LinuxRoot root(tree.path());
     const LinuxProcessors processors(root);
-    EXPECT_EQ(LinuxHostInfo(root, processors).processorLoadInfo().result, kernFailure);
+    SteadyMemory memory(root);
+    EXPECT_EQ(LinuxHostInfo(root, processors, memory.reader).processorLoadInfo().result,
+              kernFailure);
 }
 
 }  // namespace

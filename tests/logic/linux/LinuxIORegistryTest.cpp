@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "linux/SteadyMemory.h"
 #include "linux/TemporaryTree.h"
 #include "platform/linux/LinuxSysctl.h"
 #include "telemetry/CoreLayout.h"
@@ -20,7 +21,8 @@ struct Machine {
           processors(root),
           cpuFreq(root, processors),
           registry(processors, cpuFreq, std::move(sources)),
-          sysctl(root, processors) {}
+          memory(root),
+          sysctl(root, processors, memory.reader) {}
 
     /// The cluster map as letters.
     [[nodiscard]] std::string clusters() {
@@ -34,6 +36,7 @@ struct Machine {
     LinuxProcessors processors;
     CpuFreq cpuFreq;
     LinuxIORegistry registry;
+    SteadyMemory memory;
     LinuxSysctl sysctl;
 };
 

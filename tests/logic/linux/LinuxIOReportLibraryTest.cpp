@@ -11,6 +11,7 @@
 #include <string>
 #include <utility>
 
+#include "linux/SteadyMemory.h"
 #include "linux/TemporaryTree.h"
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxSysctl.h"
@@ -30,7 +31,8 @@ struct Machine {
           processors(root),
           cpuFreq(root, processors),
           registry(processors, cpuFreq),
-          sysctl(root, processors),
+          memory(root),
+          sysctl(root, processors, memory.reader),
           library(root, processors, cpuFreq) {}
 
     [[nodiscard]] bool isThere() { return library.open(libraryPath, 10) != nullptr; }
@@ -54,6 +56,7 @@ struct Machine {
     LinuxProcessors processors;
     CpuFreq cpuFreq;
     LinuxIORegistry registry;
+    SteadyMemory memory;
     LinuxSysctl sysctl;
     LinuxIOReportLibrary library;
     std::optional<CPUClockMonitorEngine> engine;

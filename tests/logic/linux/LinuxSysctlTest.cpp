@@ -7,6 +7,7 @@
 #include <cstring>
 #include <optional>
 
+#include "linux/SteadyMemory.h"
 #include "linux/TemporaryTree.h"
 
 namespace vtx::test {
@@ -37,7 +38,8 @@ struct Machine {
 
     LinuxRoot root;
     LinuxProcessors processors{root};
-    LinuxSysctl sysctl{root, processors};
+    SteadyMemory memory{root};
+    LinuxSysctl sysctl{root, processors, memory.reader};
 };
 
 TEST(LinuxSysctl, a_hybrid_laptop_has_two_levels_that_add_up_to_its_processors) {

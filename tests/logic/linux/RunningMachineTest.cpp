@@ -5,10 +5,12 @@
 
 #include <pthread.h>
 #include <algorithm>
+#include <fstream>
 #include <numeric>
 #include <thread>
 
 #include "linux/TemporaryTree.h"
+#include "memory/MemoryMonitorEngine.h"
 #include "platform/HostInfo.h"
 #include "platform/IORegistry.h"
 #include "platform/IOReportLibrary.h"
@@ -20,6 +22,8 @@
 #include "platform/Workspace.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PollRunLoop.h"
+#include "platform/linux/PressureText.h"
+#include "platform/linux/PressureTriggers.h"
 #include "telemetry/PMGRReader.h"
 
 namespace vtx::test {
@@ -97,6 +101,46 @@ TEST_F(RunningMachine, counts_ticks_while_it_runs) {
     int reads = 0;
     while (tickSum() <= first && reads < 1'000'000) ++reads;
     EXPECT_LT(reads, 1'000'000);
+}
+
+TEST_F(RunningMachine, uses_the_memory_that_the_kernel_does_not_call_available) {
+    MemoryMonitorEngine engine(ports);
+    EXPECT_EQ(engine.pageSize(), static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE)));
+    const auto kilobytes = [](const char* key) {
+        std::ifstream in("/proc/meminfo");
+        std::string word;
+        while (in >> word && word != key) in.ignore(1000, '\n');
+        std::uint64_t amount = 0;
+        in >> amount;
+        return amount;
+    };
+    // Memory moves between two readings: one of some must lie between those around it.
+    bool isBetween = false;
+    for (int attempt = 0; attempt < 1000 && !isBetween; ++attempt) {
+        const auto before = kilobytes("MemAvailable:");
+        const auto stats = engine.sample(MemoryStats::Pressure::normal);
+        const auto after = kilobytes("MemAvailable:");
+        ASSERT_TRUE(stats);
+        const auto available = (stats->totalBytes - stats->usedBytes) / 1024;
+        EXPECT_EQ(stats->totalBytes, kilobytes("MemTotal:") * 1024);
+        EXPECT_EQ(stats->freeBytes + stats->inactiveBytes, available * 1024);
+        EXPECT_LE(stats->swapUsedBytes, stats->swapTotalBytes);
+        isBetween = std::min(before, after) <= available && available <= std::max(before, after);
+    }
+    EXPECT_TRUE(isBetween);
+}
+
+TEST_F(RunningMachine, takes_triggers_of_memory_pressure_or_tells_averages) {
+    const LinuxRoot root("/");
+    const bool hasPressure = root.exists("/proc/pressure/memory");
+    const bool taken = static_cast<bool>(KernelPressureTriggers(root).open("some 150000 2000000"));
+    if (!hasPressure) {
+        EXPECT_FALSE(taken);
+        GTEST_SKIP() << "this machine does not account for stalls";
+    }
+    EXPECT_TRUE(parseMemoryPressure(root.read("/proc/pressure/memory").value_or("")));
+    if (!taken) GTEST_SKIP() << "this machine takes no triggers";
+    EXPECT_FALSE(KernelPressureTriggers(root).open("some 150000 nonsense"));
 }
 
 TEST_F(RunningMachine, answers_for_every_other_port) {

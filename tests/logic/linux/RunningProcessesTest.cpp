@@ -17,6 +17,7 @@
 #include <thread>
 
 #include "platform/linux/LinuxProcessTable.h"
+#include "platform/linux/ProcessListing.h"
 #include "platform/simulated/ManualClock.h"
 
 namespace vtx::test {
@@ -186,6 +187,28 @@ TEST_F(RunningProcesses, a_listing_by_steps_finds_what_a_whole_one_finds) {
         EXPECT_TRUE(std::ranges::binary_search(whole, child->pid()));
     }
     EXPECT_TRUE(std::ranges::is_sorted(bySteps));
+}
+
+TEST_F(RunningProcesses, as_a_rule_only_what_can_be_new_is_walked) {
+    using enum ProcessListing::Extent;
+    ProcFolder folder(root);
+    ASSERT_TRUE(folder.open());
+    if (!folder.isKernels()) GTEST_SKIP() << "/proc is another process's view";
+    ProcessListing listing(root, clock);
+    // Two whole ones to begin with: what was about to start at the first is not listed before.
+    EXPECT_EQ(listing.next(folder).extent, all);
+    EXPECT_EQ(listing.next(folder).extent, all);
+    std::size_t wholes = 0;
+    for (int i = 0; i < 17; ++i) wholes += listing.next(folder).extent == all ? 1U : 0U;
+    EXPECT_EQ(wholes, 1U);
+    EXPECT_EQ(listing.next(folder).extent, some);
+    clock.advanceBy(seconds(11));
+    EXPECT_EQ(listing.next(folder).extent, all);
+    const Child child;
+    const auto next = listing.next(folder);
+    EXPECT_EQ(next.extent, some);
+    EXPECT_TRUE(std::ranges::binary_search(next.pids, child.pid()));
+    EXPECT_FALSE(std::ranges::binary_search(next.pids, 1));
 }
 
 TEST_F(RunningProcesses, what_has_ended_and_is_not_forgotten_holds_no_memory) {

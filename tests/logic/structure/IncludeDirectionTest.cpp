@@ -25,18 +25,19 @@ const std::map<std::string, std::set<std::string>>& layers() {
         {"platform/simulated", {"base", "platform", "platform/shapes"}},
         {"telemetry", {"base", "platform"}},
         {"processes", {"base", "platform"}},
+        {"memory", {"base", "platform", "telemetry", "processes"}},
         {"language", {"base", "platform"}},
-        {"core", {"base", "platform", "telemetry", "processes", "language"}},
-        {"ui/models", {"base", "telemetry", "language", "core"}},
-        {"ui/controller", {"base", "platform", "telemetry", "core", "ui/models"}},
+        {"core", {"base", "platform", "telemetry", "memory", "processes", "language"}},
+        {"ui/models", {"base", "telemetry", "memory", "language", "core"}},
+        {"ui/controller", {"base", "platform", "telemetry", "memory", "core", "ui/models"}},
         {"ui/kit", {"base"}},
         {"ui/shell", {"base", "platform", "platform/linux", "ui/kit"}},
         {"ui/surfaces",
-         {"base", "platform", "telemetry", "language", "core", "ui/models", "ui/controller",
-          "ui/kit", "ui/shell"}},
+         {"base", "platform", "telemetry", "memory", "language", "core", "ui/models",
+          "ui/controller", "ui/kit", "ui/shell"}},
         {"app",
-         {"base", "platform", "platform/linux", "platform/simulated", "telemetry", "language",
-          "core", "ui/models", "ui/controller", "ui/kit", "ui/shell", "ui/surfaces"}},
+         {"base", "platform", "platform/linux", "platform/simulated", "telemetry", "memory",
+          "language", "core", "ui/models", "ui/controller", "ui/kit", "ui/shell", "ui/surfaces"}},
     };
     return all;
 }
@@ -105,8 +106,9 @@ TEST(IncludeDirection, no_arrow_points_up) {
 }
 
 TEST(IncludeDirection, logic_includes_neither_a_toolkit_nor_the_operating_system) {
-    const std::set<std::string> logic{"base",     "platform", "telemetry", "processes",
-                                      "language", "core",     "ui/models", "ui/controller"};
+    const std::set<std::string> logic{"base",   "platform",  "telemetry",
+                                      "memory", "processes", "language",
+                                      "core",   "ui/models", "ui/controller"};
     for (const auto& file : sourceFiles()) {
         if (!logic.contains(layerOf(file))) continue;
         for (const auto& include : includesOf(file))
