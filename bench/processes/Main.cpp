@@ -84,8 +84,9 @@ public:
             return std::nullopt;
         const auto used =
             std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
-        return std::chrono::duration<double, std::micro>(used) /
-               std::chrono::duration<double>(std::chrono::steady_clock::now() - began_);
+        const auto passed =
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - began_);
+        return std::chrono::duration<double, std::micro>(used).count() / passed.count();
     }
 
 private:
