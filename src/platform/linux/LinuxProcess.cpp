@@ -16,7 +16,7 @@ namespace {
 /// A young process may yet change its user, and its session has yet to put it into its group.
 constexpr int youngSightings = 2;
 /// An older one that changes its user is noticed within so many refreshes.
-constexpr std::uint64_t ownerRounds = 16;
+constexpr std::uint64_t ownerRounds = 32;
 
 /// The file of what is gone cannot be read, or is not there any more.
 bool isGone(int error) { return error == ESRCH || error == ENOENT; }

@@ -22,7 +22,11 @@ constexpr std::uint32_t nanosecondsPerSecond = 1'000'000'000;
 
 LinuxProcessTable::LinuxProcessTable(const LinuxRoot& root, const Clock& clock,
                                      std::size_t descriptors)
-    : root_(root), budget_{descriptors, 0}, folder_(root), listing_(root, clock) {}
+    : root_(root),
+      user_(::getuid()),
+      budget_{descriptors, 0},
+      folder_(root),
+      listing_(root, clock) {}
 
 std::size_t LinuxProcessTable::usualDescriptors() {
     rlimit limit{};
@@ -74,11 +78,10 @@ int LinuxProcessTable::readAll() {
 }
 
 bool LinuxProcessTable::refresh(LinuxProcess& process) {
-    const std::uint32_t user = getuid();
-    auto reading = process.refresh(folder_, user, tick_);
+    auto reading = process.refresh(folder_, user_, tick_);
     if (reading == LinuxProcess::Reading::noDescriptor) {
         giveDescriptorsBack();
-        reading = process.refresh(folder_, user, tick_);
+        reading = process.refresh(folder_, user_, tick_);
     }
     return reading != LinuxProcess::Reading::gone;
 }
@@ -114,8 +117,6 @@ MachTimebaseInfo LinuxProcessTable::machTimebaseInfo() const {
     if (ticksPerSecond <= 0) return {};
     return {nanosecondsPerSecond / static_cast<std::uint32_t>(ticksPerSecond), 1};
 }
-
-std::uint32_t LinuxProcessTable::getuid() const { return ::getuid(); }
 
 int LinuxProcessTable::setpriority(std::int32_t pid, std::optional<ProcessStartTime> start,
                                    std::int32_t nice) {

@@ -29,7 +29,7 @@ public:
     [[nodiscard]] int kernProcAll(std::span<KinfoProc> into, std::size_t& bytes) override;
     [[nodiscard]] ProcessDetails details(std::int32_t pid) override;
     [[nodiscard]] MachTimebaseInfo machTimebaseInfo() const override;
-    [[nodiscard]] std::uint32_t getuid() const override;
+    [[nodiscard]] std::uint32_t getuid() const override { return user_; }
     /// Changes every thread of the process: to this system a thread is what has a priority.
     [[nodiscard]] int setpriority(std::int32_t pid, std::optional<ProcessStartTime> start,
                                   std::int32_t nice) override;
@@ -49,6 +49,7 @@ private:
     void giveDescriptorsBack();
 
     const LinuxRoot& root_;
+    const std::uint32_t user_;  ///< asked for once: it is wanted for every process
     DescriptorBudget budget_;
     ProcFolder folder_;
     ProcessListing listing_;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/ProcStat.h"
 
+#include <string.h>
+
 #include <algorithm>
 #include <charconv>
 #include <limits>
@@ -45,12 +47,19 @@ std::int32_t narrow(std::int64_t value) {
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
 }
 
+/// As `rfind`, in steps of many bytes: it goes over most of the line.
+std::size_t lastClose(std::string_view text) {
+    const void* const found = text.empty() ? nullptr : ::memrchr(text.data(), ')', text.size());
+    return found ? static_cast<std::size_t>(static_cast<const char*>(found) - text.data())
+                 : std::string_view::npos;
+}
+
 }  // namespace
 
 std::optional<ProcStat> parseProcStat(std::string_view text) {
     // The name may hold brackets; nothing behind it does.
     const auto open = text.find('(');
-    const auto close = text.rfind(')');
+    const auto close = lastClose(text);
     if (open == std::string_view::npos || close == std::string_view::npos || close < open ||
         close + 2 > text.size())
         return std::nullopt;
