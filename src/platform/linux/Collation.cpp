@@ -39,7 +39,8 @@ std::string smallLetters(std::string_view text, locale_t rules) {
     std::string small;
     small.reserve(valid.size());
     // A zero byte would end the text for the C library.
-    for (std::string_view rest = valid.substr(0, valid.find('\0')); !rest.empty();)
+    const std::string_view whole = valid;
+    for (std::string_view rest = whole.substr(0, whole.find('\0')); !rest.empty();)
         append(small, static_cast<char32_t>(
                           ::towlower_l(static_cast<wint_t>(takeCharacter(rest)), rules)));
     return small;
