@@ -27,7 +27,7 @@ class LinuxProcess {
 public:
     enum class Reading {
         whole,
-        refused,  ///< it is there, and tells nothing
+        refused,       ///< it is there, and tells nothing
         noDescriptor,  ///< as that, for want of a descriptor
         gone,
     };
