@@ -34,7 +34,7 @@ PassMeter::PassMeter()
     const Ports ports = platform_.ports();
     Shared<Localization>::setFactory(
         [ports] { return std::make_unique<Localization>(ports.locale); });
-    const Executors executors{loop_.executor(), tick_};
+    const Executors executors{loop_.executor(), tick_, blocking_};
     coordinator_ = std::make_unique<MetricsCoordinator>(
         std::make_unique<Services>(ports, executors), ports, executors);
     (void)onWorker([this] { return workerClock_.emplace(), true; });

@@ -72,6 +72,7 @@ private:
     TemporaryFolder settings_;
     PollRunLoop loop_;
     SerialExecutor tick_;
+    SerialExecutor blocking_;
     LinuxPlatform platform_;
     KeptFile stat_;
     std::unique_ptr<ChipEngine> clocks_ = ChipEngine::clocks(loop_);

@@ -12,6 +12,9 @@ struct Executors {
     /// Runs the steps of the tick engines, one thread for all, so that a pass wakes one thread
     /// once.
     Executor& tick;
+    /// Runs what may take long: the walk of the process table, and sources that block. Its thread
+    /// is made on first use.
+    Executor& blocking;
 };
 
 }  // namespace vtx

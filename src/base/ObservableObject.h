@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
+
 #include "base/Signal.h"
 
 namespace vtx {
@@ -15,6 +17,15 @@ public:
 
     /// Emitted after any published value of the object was stored and its own subscribers told.
     Signal<> objectWillChange;
+
+    /// Expires with the object, for who refers to it without keeping it.
+    [[nodiscard]] std::weak_ptr<const void> life() const {
+        if (!life_) life_ = std::make_shared<char>();
+        return life_;
+    }
+
+private:
+    mutable std::shared_ptr<const char> life_;  ///< made when first asked for
 };
 
 }  // namespace vtx

@@ -20,6 +20,7 @@ namespace {
 constexpr Logger logger{"MetricsCoordinator"};
 constexpr double batterySaverFactor = 2.0;
 constexpr Duration bridgeInterval = std::chrono::milliseconds(50);
+constexpr Duration processInterval = std::chrono::seconds(5);
 
 }  // namespace
 
@@ -35,12 +36,16 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       temperature(services_->temperature),
       network(services_->network),
       battery(services_->battery),
+      processes(services_->processes),
+      memoryPressure(services_->memoryPressure),
       systemInfo(services_->systemInfo),
       diskIO(services_->diskIO),
       fan(services_->fan),
       ane(services_->ane),
       preferences(*this, DisplayPreferences::load(ports.userDefaults)),
       tasks_(executors.main) {
+    applyAutoRelief();
+    memoryPressure.attach(memory, processes);
     applyLanguage();
     installPreferenceSink();
     if (!SystemInfoService::isRunningTests(ports_.processInfo)) observeSystemPower();
@@ -118,6 +123,10 @@ Task<> MetricsCoordinator::refreshAll() {
     for (auto& task : concurrent) co_await task;
 
     const Date now = ports_.clock.now();
+    if (areProcessesDue(now)) {
+        lastProcessRefresh_ = now;
+        co_await processes.refresh();
+    }
     if (keepsHistory) appendHistory(now);
     updateCriticalMetric();
 }
@@ -126,6 +135,11 @@ void MetricsCoordinator::refreshBattery() {
     const auto& reading = *temperature.latest;
     battery.refresh(reading ? reading->batteryC : std::nullopt,
                     ports_.processInfo.isLowPowerModeEnabled());
+}
+
+bool MetricsCoordinator::areProcessesDue(Date now) const {
+    return (*pollingMode == PollingMode::active || preferences->hogDetectorEnabled) &&
+           now - lastProcessRefresh_ >= processInterval;
 }
 
 bool MetricsCoordinator::needsCPU() const {
@@ -167,10 +181,17 @@ void MetricsCoordinator::applyLanguage() {
     Localization::shared().setPreference(languageFromStoredCode(preferences->languageCode));
 }
 
+void MetricsCoordinator::applyAutoRelief() {
+    const bool wanted = preferences->autoRelieveOnPressure;
+    if (*memoryPressure.autoRelieveOnPressure != wanted)
+        memoryPressure.autoRelieveOnPressure = wanted;
+}
+
 void MetricsCoordinator::installPreferenceSink() {
     const auto changes = dropFirst(removeDuplicates(preferences.stream()));
     preferencesPersistence_ = changes([this](const DisplayPreferences& changed) {
         changed.save(ports_.userDefaults);
+        applyAutoRelief();
         applyLanguage();
     });
 }
@@ -185,15 +206,15 @@ void MetricsCoordinator::observeSystemPower() {
 void MetricsCoordinator::bridgeNestedMonitorChanges() {
     // While nobody looks at the coordinator there is nobody to tell, and no timer need run.
     Stream<Changed> merged = [this](std::function<void(const Changed&)> next) {
-        return merge<Changed>({changes(cpu.objectWillChange), changes(gpu.objectWillChange),
-                               changes(memory.objectWillChange), changes(thermal.objectWillChange),
-                               changes(temperature.objectWillChange),
-                               changes(network.objectWillChange), changes(battery.objectWillChange),
-                               changes(diskIO.objectWillChange), changes(fan.objectWillChange),
-                               changes(ane.objectWillChange)})(
-            [this, next = std::move(next)](const Changed& change) {
-                if (objectWillChange.hasSubscribers()) next(change);
-            });
+        return merge<Changed>(
+            {changes(cpu.objectWillChange), changes(gpu.objectWillChange),
+             changes(memory.objectWillChange), changes(thermal.objectWillChange),
+             changes(temperature.objectWillChange), changes(network.objectWillChange),
+             changes(battery.objectWillChange), changes(processes.objectWillChange),
+             changes(diskIO.objectWillChange), changes(fan.objectWillChange),
+             changes(ane.objectWillChange)})([this, next = std::move(next)](const Changed& change) {
+            if (objectWillChange.hasSubscribers()) next(change);
+        });
     };
     const auto throttled = throttleLatest(std::move(merged), bridgeInterval, ports_.clock, main_);
     nestedMonitorBridges_.push_back(throttled([this](const Changed&) { objectWillChange.emit(); }));

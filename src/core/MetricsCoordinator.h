@@ -41,6 +41,8 @@ public:
     TemperatureService& temperature;
     NetworkMonitor& network;
     BatteryMonitor& battery;
+    ProcessManager& processes;
+    MemoryPressureService& memoryPressure;
     SystemInfoService& systemInfo;
     DiskIOMonitor& diskIO;
     FanMonitor& fan;
@@ -108,11 +110,16 @@ private:
     };
 
     void applyLanguage();
+    void applyAutoRelief();
     void installPreferenceSink();
     void observeSystemPower();
     void bridgeNestedMonitorChanges();
     Task<> poll(std::stop_token stop, Duration interval);
     void updateCriticalMetric();
+    [[nodiscard]] bool areProcessesDue(Date now) const;
+
+    /// When the last sample of processes began.
+    Date lastProcessRefresh_ = distantPast;
 
     Subscription preferencesPersistence_;
     Subscriptions nestedMonitorBridges_;

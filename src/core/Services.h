@@ -4,7 +4,9 @@
 #include "base/Executors.h"
 #include "fan/FanMonitor.h"
 #include "memory/MemoryMonitor.h"
+#include "memory/MemoryPressureService.h"
 #include "platform/Ports.h"
+#include "processes/ProcessManager.h"
 #include "smc/TemperatureService.h"
 #include "telemetry/ANEMonitor.h"
 #include "telemetry/BatteryMonitor.h"
@@ -28,6 +30,8 @@ struct Services {
           thermal(ports),
           network(ports.networkInterfaces, ports.clock),
           battery(ports),
+          processes(ports, executors),
+          memoryPressure(ports, executors),
           systemInfo(ports),
           diskIO(ports.ioRegistry, ports.clock),
           fan(ports),
@@ -40,6 +44,8 @@ struct Services {
     TemperatureService temperature;
     NetworkMonitor network;
     BatteryMonitor battery;
+    ProcessManager processes;
+    MemoryPressureService memoryPressure;
     SystemInfoService systemInfo;
     DiskIOMonitor diskIO;
     FanMonitor fan;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vtx {
@@ -16,6 +17,10 @@ public:
 
     /// The user's languages as BCP 47 tags, most preferred first; may be empty.
     [[nodiscard]] virtual std::vector<std::string> preferredLanguages() const = 0;
+
+    /// Bytes by whose plain comparison texts sort as the user's language sorts them, without regard
+    /// to case: those that differ in nothing else have the same key.
+    [[nodiscard]] virtual std::string collationKey(std::string_view text) const = 0;
 };
 
 }  // namespace vtx

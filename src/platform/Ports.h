@@ -4,6 +4,7 @@
 namespace vtx {
 
 class Clock;
+class HeapRelief;
 class HIDEventSystem;
 class HostInfo;
 class IORegistry;
@@ -13,6 +14,7 @@ class MemoryPressureSources;
 class NetworkInterfaces;
 class PowerSources;
 class ProcessInfo;
+class ProcessTable;
 class SMCUserClient;
 class Sysctl;
 class ThermalState;
@@ -24,6 +26,7 @@ class Workspace;
 /// platform and hands its ports over; they outlive all that was given them.
 struct Ports {
     Clock& clock;
+    HeapRelief& heapRelief;
     HIDEventSystem& hidEventSystem;
     HostInfo& hostInfo;
     IORegistry& ioRegistry;
@@ -33,6 +36,7 @@ struct Ports {
     NetworkInterfaces& networkInterfaces;
     PowerSources& powerSources;
     ProcessInfo& processInfo;
+    ProcessTable& processTable;
     SMCUserClient& smc;
     Sysctl& sysctl;
     ThermalState& thermalState;

@@ -28,8 +28,9 @@ int main(int argc, char** argv) {
     vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxPlatform platform(runLoop, mainExecutor, {});
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
+    vtx::SerialExecutor blocking(vtx::LinuxPlatform::nameThread("vantrix-table"));
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });
-    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick}, std::move(options),
+    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick, blocking}, std::move(options),
                             desktop.tray());
     return vantrix.run();
 }

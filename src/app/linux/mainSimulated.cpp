@@ -33,8 +33,9 @@ int main(int argc, char** argv) {
     platform.unifiedLog.setLowestLevel(vtx::LogLevel::standard);
     platform.unifiedLog.setEcho(true);
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
+    vtx::SerialExecutor blocking(vtx::LinuxPlatform::nameThread("vantrix-table"));
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });
-    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick}, std::move(options),
+    vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick, blocking}, std::move(options),
                             desktop.tray());
     return vantrix.run();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Locale.h"
+#include "platform/linux/Collation.h"
 #include "platform/linux/Environment.h"
 
 namespace vtx {
@@ -12,9 +13,13 @@ namespace vtx {
 /// plain English. Main executor; owned by the platform.
 class LinuxLocale final : public Locale {
 public:
-    explicit LinuxLocale(Environment environment) : environment_(std::move(environment)) {}
+    explicit LinuxLocale(Environment environment)
+        : environment_(std::move(environment)), collation_(environment_) {}
 
     [[nodiscard]] std::vector<std::string> preferredLanguages() const override;
+    [[nodiscard]] std::string collationKey(std::string_view text) const override {
+        return collation_.key(text);
+    }
 
     /// "de_AT.UTF-8@euro" as "de-AT", "sr_RS@latin" as "sr-Latn-RS"; absent for "C", "POSIX" and
     /// for what names no language.
@@ -24,6 +29,7 @@ private:
     [[nodiscard]] std::string messageLocale() const;
 
     Environment environment_;
+    Collation collation_;
 };
 
 }  // namespace vtx

@@ -14,6 +14,7 @@
 #include "platform/linux/IdentityNodes.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxHIDEventSystem.h"
+#include "platform/linux/LinuxHeapRelief.h"
 #include "platform/linux/LinuxHostInfo.h"
 #include "platform/linux/LinuxIORegistry.h"
 #include "platform/linux/LinuxIOReportLibrary.h"
@@ -22,6 +23,7 @@
 #include "platform/linux/LinuxNetworkInterfaces.h"
 #include "platform/linux/LinuxPowerSources.h"
 #include "platform/linux/LinuxProcessInfo.h"
+#include "platform/linux/LinuxProcessTable.h"
 #include "platform/linux/LinuxProcessors.h"
 #include "platform/linux/LinuxRoot.h"
 #include "platform/linux/LinuxSMCUserClient.h"
@@ -47,6 +49,7 @@ struct LinuxPlatform::Members {
           processors(root),
           cpuFreq(root, processors),
           memInfo(root, clock, deviceChanges),
+          heapRelief(root),
           hostInfo(root, processors, memInfo),
           battery(root, clock, slowReads, slowChanges),
           ioRegistry(processors, cpuFreq, registrySources(),
@@ -58,6 +61,7 @@ struct LinuxPlatform::Members {
           networkInterfaces(root),
           powerSources(root, battery),
           processInfo(root, options.environment, bus),
+          processTable(root, clock),
           sysctl(root, processors, memInfo),
           thermalState(root, clock, main, slowReads, slowChanges),
           unifiedLog(root, options.environment),
@@ -98,6 +102,7 @@ struct LinuxPlatform::Members {
     std::shared_ptr<DeviceChanges> slowChanges = std::make_shared<KernelDeviceChanges>();
     MemInfoReader memInfo;
     LinuxHIDEventSystem hidEventSystem;
+    LinuxHeapRelief heapRelief;
     LinuxHostInfo hostInfo;
     BatteryGauge battery;
     LinuxIORegistry ioRegistry;
@@ -108,6 +113,7 @@ struct LinuxPlatform::Members {
     LinuxNetworkInterfaces networkInterfaces;
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
+    LinuxProcessTable processTable;
     LinuxSysctl sysctl;
     LinuxThermalState thermalState;
     LinuxUnifiedLog unifiedLog;
@@ -125,6 +131,7 @@ Ports LinuxPlatform::ports() {
     Members& m = *members_;
     return {
         .clock = m.clock,
+        .heapRelief = m.heapRelief,
         .hidEventSystem = m.hidEventSystem,
         .hostInfo = m.hostInfo,
         .ioRegistry = m.ioRegistry,
@@ -134,6 +141,7 @@ Ports LinuxPlatform::ports() {
         .networkInterfaces = m.networkInterfaces,
         .powerSources = m.powerSources,
         .processInfo = m.processInfo,
+        .processTable = m.processTable,
         .smc = m.smc,
         .sysctl = m.sysctl,
         .thermalState = m.thermalState,

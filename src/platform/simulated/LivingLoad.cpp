@@ -26,6 +26,7 @@ constexpr std::uint64_t sendChannel = 7;
 constexpr std::uint64_t memoryChannel = 8;
 constexpr std::uint64_t crowdChannel = 9;
 constexpr std::uint64_t firstCoreChannel = 16;
+constexpr std::uint64_t firstProgramChannel = std::uint64_t{1} << 20;
 
 }  // namespace
 
@@ -54,6 +55,11 @@ LivingRates LivingLoad::network(Duration sinceStart) const {
     const double time = toSeconds(sinceStart);
     return {2e3 + 2e7 * std::pow(noise(receiveChannel, time, 9.0), 6.0),
             1e3 + 2e6 * std::pow(noise(sendChannel, time, 7.0), 6.0)};
+}
+
+double LivingLoad::appetite(std::uint64_t program, Duration sinceStart) const {
+    const double wish = noise(firstProgramChannel + program, toSeconds(sinceStart), 15.0);
+    return 0.05 + 0.95 * std::pow(wish, 3.0);
 }
 
 double LivingLoad::memory(Duration sinceStart) const {

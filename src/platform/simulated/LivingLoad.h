@@ -33,6 +33,8 @@ public:
     [[nodiscard]] LivingRates network(Duration sinceStart) const;
     /// The part of the memory that is in use, which is rarely more than nine tenths.
     [[nodiscard]] double memory(Duration sinceStart) const;
+    /// How much a program wants to run, 0 to 1: mostly little, at times much.
+    [[nodiscard]] double appetite(std::uint64_t program, Duration sinceStart) const;
 
 private:
     [[nodiscard]] double busy(CoreKind kind, std::size_t core, double time) const;

@@ -14,6 +14,8 @@ public:
         : mac_(mac), instruments_(instruments) {}
 
     [[nodiscard]] std::vector<std::string> preferredLanguages() const override;
+    /// Latin letters sort by their base letter first.
+    [[nodiscard]] std::string collationKey(std::string_view text) const override;
 
 private:
     SimulatedMac& mac_;

@@ -24,7 +24,8 @@ SimulatedMac::SimulatedMac(Clock& clock, MacShape shape)
       battery(clock),
       thermals(clock, processors),
       disks(registry, clock),
-      network(clock) {
+      network(clock),
+      processes(clock, processors) {
     sensors::install(smc, thermals, processors.shape());
     sensors::install(hidSensors, thermals, processors.shape());
     devices::install(registry, processors.shape());
@@ -40,6 +41,7 @@ void SimulatedMac::live(std::uint64_t seed) {
     graphics.live(seed);
     disks.live(seed);
     network.live(seed);
+    processes.live(seed);
     memory.live(seed);
     if (processors.shape().hasBattery) battery.live();
     isThermalStateLiving_ = true;
@@ -105,11 +107,13 @@ void SimulatedMac::sleep() {
     if (std::exchange(isAsleep_, true)) return;
     willSleep.emit();
     processors.setAsleep(true);
+    processes.setAsleep(true);
 }
 
 void SimulatedMac::wake() {
     if (!std::exchange(isAsleep_, false)) return;
     processors.setAsleep(false);
+    processes.setAsleep(false);
     didWake.emit();
 }
 

@@ -15,6 +15,7 @@
 #include "platform/simulated/SimulatedHIDSensors.h"
 #include "platform/simulated/SimulatedMemory.h"
 #include "platform/simulated/SimulatedNetwork.h"
+#include "platform/simulated/SimulatedProcesses.h"
 #include "platform/simulated/SimulatedProcessors.h"
 #include "platform/simulated/SimulatedRegistry.h"
 #include "platform/simulated/SimulatedSMC.h"
@@ -48,6 +49,7 @@ public:
     /// One that is built in, at first.
     SimulatedDisks disks;
     SimulatedNetwork network;
+    SimulatedProcesses processes;
 
     /// The system's name and version.
     std::string operatingSystemVersion = "Version 15.2 (Build 24C101)";

@@ -4,6 +4,7 @@
 #include "platform/Ports.h"
 #include "platform/simulated/Instruments.h"
 #include "platform/simulated/SimulatedHIDEventSystem.h"
+#include "platform/simulated/SimulatedHeapRelief.h"
 #include "platform/simulated/SimulatedHostInfo.h"
 #include "platform/simulated/SimulatedIORegistry.h"
 #include "platform/simulated/SimulatedIOReportLibrary.h"
@@ -13,6 +14,7 @@
 #include "platform/simulated/SimulatedNetworkInterfaces.h"
 #include "platform/simulated/SimulatedPowerSources.h"
 #include "platform/simulated/SimulatedProcessInfo.h"
+#include "platform/simulated/SimulatedProcessTable.h"
 #include "platform/simulated/SimulatedSMCUserClient.h"
 #include "platform/simulated/SimulatedSysctl.h"
 #include "platform/simulated/SimulatedThermalState.h"
@@ -47,6 +49,7 @@ public:
     SimulatedMac mac;
 
     SimulatedHIDEventSystem hidEventSystem;
+    SimulatedHeapRelief heapRelief;
     SimulatedHostInfo hostInfo;
     SimulatedIORegistry ioRegistry;
     SimulatedIOReportLibrary ioReport;
@@ -58,6 +61,7 @@ public:
     SimulatedSMCUserClient smc;
     /// In the place of `smc` in the ports, where a test sets one; outlives what was given them.
     SMCUserClient* otherSMC = nullptr;
+    SimulatedProcessTable processTable;
     SimulatedSysctl sysctl;
     SimulatedThermalState thermalState;
     SimulatedUnifiedLog unifiedLog;

@@ -126,6 +126,7 @@ TEST(LinuxWordingKeys, the_automatic_setting_has_no_words_of_its_own) {
 class EnglishLocale : public Locale {
 public:
     std::vector<std::string> preferredLanguages() const override { return {"en-GB"}; }
+    std::string collationKey(std::string_view text) const override { return std::string(text); }
 };
 
 std::string_view saidIn(Language language, Key key, PlatformWording wording) {

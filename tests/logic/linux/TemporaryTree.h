@@ -37,8 +37,9 @@ inline std::set<std::string> namesIn(const std::filesystem::path& folder) {
 /// A folder of its own for one test, gone with it.
 class TemporaryTree {
 public:
-    TemporaryTree() {
-        std::string name = (std::filesystem::temp_directory_path() / "vantrix-XXXXXX").string();
+    explicit TemporaryTree(
+        const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+        std::string name = (parent / "vantrix-XXXXXX").string();
         if (!::mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
         folder_ = name;
     }

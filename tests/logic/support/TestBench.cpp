@@ -31,7 +31,7 @@ TestBench::~TestBench() { AppLog::install(previousSink_); }
 
 void TestBench::settle() {
     Limit limit("the queues do not come to rest");
-    while (main.runOne() || engine.runOne()) limit.step();
+    while (main.runOne() || engine.runOne() || blocking.runOne()) limit.step();
 }
 
 void TestBench::advance(Duration span) {

@@ -14,7 +14,7 @@
 
 namespace vtx {
 
-/// Everything that logic needs around it in a test: the two executors as queues that the test
+/// Everything that logic needs around it in a test: the executors as queues that the test
 /// steps, the clock that stands until moved, the machine in memory, and its log in the place of the
 /// process's, as the process's shared objects are. Made first in a test, so that it goes last.
 class TestBench {
@@ -34,11 +34,13 @@ public:
     QueueExecutor main;
     /// Stands for the thread of the tick engines.
     QueueExecutor engine;
+    /// Stands for the thread of what may take long.
+    QueueExecutor blocking;
 
     [[nodiscard]] Ports ports() { return platform.ports(); }
-    [[nodiscard]] Executors executors() { return {main, engine}; }
+    [[nodiscard]] Executors executors() { return {main, engine, blocking}; }
 
-    /// Runs the jobs of both queues, and those that they post, until none is left. One that never
+    /// Runs the jobs of all queues, and those that they post, until none is left. One that never
     /// comes to rest ends the test with an exception.
     void settle();
     /// Settles, then moves the clock by `span` from deadline to deadline, settling at each.

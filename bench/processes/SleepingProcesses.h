@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <sys/types.h>
+
+#include <vector>
+
+namespace vtx::bench {
+
+/// Processes that do nothing, begun here and ended when this goes, one by one by their numbers.
+class SleepingProcesses {
+public:
+    /// Throws `std::system_error` where the system begins no more. To be made before any thread.
+    explicit SleepingProcesses(int count);
+    ~SleepingProcesses();
+    SleepingProcesses(const SleepingProcesses&) = delete;
+    SleepingProcesses& operator=(const SleepingProcesses&) = delete;
+
+private:
+    void end();
+
+    std::vector<pid_t> processes_;
+};
+
+}  // namespace vtx::bench

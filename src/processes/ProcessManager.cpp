@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "processes/ProcessManager.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Clock.h"
+#include "base/Executors.h"
+#include "base/Log.h"
+#include "platform/Ports.h"
+
+namespace vtx {
+namespace {
+
+constexpr Logger logger{"ProcessManager"};
+constexpr std::uint32_t greatestNice = 20;
+
+}  // namespace
+
+ProcessManager::ProcessManager(const Ports& ports, const Executors& executors)
+    : table_(ports.processTable),
+      clock_(ports.clock),
+      order_(ports.locale),
+      engine_(executors.blocking,
+              std::make_shared<ProcessSamplingEngine>(ports.processTable, ports.clock)) {}
+
+Task<> ProcessManager::refresh() {
+    isLoading = true;
+    auto sample = co_await engine_.run(&ProcessSamplingEngine::snapshot);
+    processes = order_.sorted(std::move(sample));
+    lastRefresh = clock_.now();
+    isLoading = false;
+}
+
+bool ProcessManager::isModifiable(const ProcessSnapshot& snapshot) const {
+    return snapshot.isModifiable(table_.getuid());
+}
+
+bool ProcessManager::isOwnSoftware(const ProcessSnapshot& snapshot) const {
+    return snapshot.isOwnSoftware(table_.getuid());
+}
+
+ProcessManager::ReniceResult ProcessManager::renice(const ProcessSnapshot& snapshot,
+                                                    std::int32_t nice) {
+    const std::int32_t pid = snapshot.pid;
+    if (!isModifiable(snapshot)) {
+        logger.error("renice rejected: pid={} not modifiable", pid);
+        return ProcessManagerError::notModifiable();
+    }
+    if (static_cast<std::uint32_t>(nice) > greatestNice)
+        return ProcessManagerError::invalidNice(nice);
+    if (const int error = table_.setpriority(pid, snapshot.startTime, nice)) {
+        logger.error("setpriority({}, {}) failed: errno={}", pid, nice, error);
+        return ProcessManagerError::systemCallFailed(error);
+    }
+    logger.info("renice succeeded: pid={} nice={}", pid, nice);
+    const auto listed = std::ranges::find(*processes, pid, &ProcessSnapshot::pid);
+    if (listed == processes->end()) {
+        ProcessSnapshot changed = snapshot;
+        changed.nice = nice;
+        return changed;
+    }
+    const auto place = static_cast<std::size_t>(listed - processes->begin());
+    ProcessSnapshot changed = *listed;
+    changed.nice = nice;
+    processes.modify([&](auto& all) { all[place].nice = nice; });
+    return changed;
+}
+
+}  // namespace vtx

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <variant>
+#include <vector>
+
+#include "base/Confined.h"
+#include "base/Published.h"
+#include "processes/ProcessManagerError.h"
+#include "processes/ProcessOrder.h"
+#include "processes/ProcessSamplingEngine.h"
+
+namespace vtx {
+
+struct Executors;
+struct Ports;
+
+/// Publishes the processes of the machine, sorted, and lowers the priority of one on request. Lives
+/// on the main executor; made once at start and owned by the coordinator for the life of the
+/// process.
+class ProcessManager : public ObservableObject {
+public:
+    using ReniceResult = std::variant<ProcessSnapshot, ProcessManagerError>;
+
+    /// The ports and executors must outlive the manager.
+    ProcessManager(const Ports& ports, const Executors& executors);
+
+    /// Takes a sample and publishes it. Never fails: a sample that cannot be had is an empty one.
+    /// Refreshes may overlap.
+    Task<> refresh();
+
+    /// Gives a process a niceness from 0 to 20. The record as it then stands, also in the published
+    /// list if it is still there; or why nothing was changed.
+    [[nodiscard]] ReniceResult renice(const ProcessSnapshot& snapshot, std::int32_t nice);
+
+    /// Whether `renice` would try.
+    [[nodiscard]] bool isModifiable(const ProcessSnapshot& snapshot) const;
+    /// Whether it is the user's own and not the system's.
+    [[nodiscard]] bool isOwnSoftware(const ProcessSnapshot& snapshot) const;
+
+    /// The latest sample.
+    Published<std::vector<ProcessSnapshot>> processes{*this};
+    /// Whether a refresh is under way.
+    Published<bool> isLoading{*this, false};
+    /// When the latest sample was published; absent before the first.
+    Published<std::optional<Date>> lastRefresh{*this};
+
+private:
+    ProcessTable& table_;
+    const Clock& clock_;
+    ProcessOrder order_;
+    Confined<ProcessSamplingEngine> engine_;
+};
+
+}  // namespace vtx

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "base/Date.h"
+#include "platform/ProcessTable.h"
+#include "processes/CPUTotals.h"
+#include "processes/ProcessSnapshot.h"
+
+namespace vtx {
+
+class Clock;
+
+/// Walks the kernel's process table and measures each process's share of the processor between two
+/// walks. Owned by `ProcessManager`; its state belongs to the executor that runs its steps.
+class ProcessSamplingEngine {
+public:
+    /// The ports must outlive the engine.
+    ProcessSamplingEngine(ProcessTable& table, const Clock& clock);
+
+    /// One sample, in the kernel's order. Shares are 0 where there is no sample before. Empty when
+    /// the table cannot be had, and the next one then measures from the last good sample.
+    [[nodiscard]] std::vector<ProcessSnapshot> snapshot();
+
+private:
+    /// The records live until the next call. Absent on failure.
+    [[nodiscard]] std::optional<std::span<const KinfoProc>> fetchAllProcs();
+    [[nodiscard]] ProcessSnapshot read(const KinfoProc& record, double elapsed, CPUTotals& totals);
+
+    ProcessTable& table_;
+    const Clock& clock_;
+    const MachTimebaseInfo timebase_;
+    std::vector<KinfoProc> records_;
+    CPUTotals prevTotalCPUNanos_;
+    std::optional<Date> prevSampleAt_;
+};
+
+}  // namespace vtx

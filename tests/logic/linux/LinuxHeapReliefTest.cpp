@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxHeapRelief.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include "linux/TemporaryTree.h"
+
+namespace vtx::test {
+namespace {
+
+constexpr std::int64_t mebibyte = 1 << 20;
+
+// As Linux 6.18 writes it, the lines that do not matter left out.
+constexpr auto rollup = R"(55d0c0a00000-7ffd0bfff000 ---p 00000000 00:00 0                  [rollup]
+Rss:               41232 kB
+Pss_Anon:          10112 kB
+Anonymous:         12000 kB
+AnonHugePages:         0 kB
+Swap:                288 kB
+SwapPss:             288 kB
+)";
+
+TEST(LinuxHeapRelief, what_a_program_holds_for_itself_is_resident_or_swapped_out) {
+    EXPECT_EQ(LinuxHeapRelief::heldBytes(rollup), (12000 + 288) * 1024);
+}
+
+TEST(LinuxHeapRelief, a_text_that_does_not_tell_both_tells_nothing) {
+    for (const auto* text :
+         {"", "Anonymous: 5 kB\n", "Swap: 5 kB\n", "Anonymous: x kB\nSwap: 1 kB\n",
+          "Anonymous: 5\nSwap: 1\n", "Anonymous: -5 kB\nSwap: 1 kB\n",
+          "Anonymous: 99999999999999999999 kB\nSwap: 1 kB\n"})
+        EXPECT_EQ(LinuxHeapRelief::heldBytes(text), std::nullopt) << text;
+}
+
+TEST(LinuxHeapRelief, a_machine_that_does_not_tell_gets_no_invented_number) {
+    const TemporaryTree tree;
+    const LinuxRoot root(tree.path());
+    LinuxHeapRelief relief(root);
+    EXPECT_EQ(relief.heldBytes(), std::nullopt);
+    EXPECT_EQ(relief.mallocZonePressureRelief(), 0);
+}
+
+// Blocks that are in use lie between those that are not, so that the library keeps all of it until
+// it is told to give back.
+TEST(LinuxHeapRelief, gives_the_unused_heap_back_and_tells_how_much) {
+    const LinuxRoot root;
+    LinuxHeapRelief relief(root);
+    const auto held = relief.heldBytes();
+    if (!held) GTEST_SKIP() << "this machine does not tell what a program holds";
+    (void)relief.mallocZonePressureRelief();
+    constexpr std::size_t count = 8192;
+    constexpr std::size_t blockBytes = 8192;  // 64 MiB together
+    std::vector<std::unique_ptr<char[]>> blocks;
+    for (std::size_t i = 0; i < count; ++i) {
+        blocks.push_back(std::make_unique<char[]>(blockBytes));
+        std::memset(blocks.back().get(), 1, blockBytes);
+    }
+    for (std::size_t i = 0; i < count; ++i)
+        if (i % 64 != 63) blocks[i].reset();
+    const std::int64_t before = *relief.heldBytes();
+    const std::int64_t told = relief.mallocZonePressureRelief();
+    const std::int64_t after = *relief.heldBytes();
+    if (before - after < mebibyte) GTEST_SKIP() << "another heap than the C library's is in use";
+    EXPECT_GT(told, 56 * mebibyte);
+    EXPECT_LT(told, 66 * mebibyte);
+    EXPECT_NEAR(static_cast<double>(before - after), static_cast<double>(told), 2.0 * mebibyte);
+    EXPECT_LT(relief.mallocZonePressureRelief(), mebibyte);
+}
+
+}  // namespace
+}  // namespace vtx::test

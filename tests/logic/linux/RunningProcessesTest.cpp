@@ -1,0 +1,347 @@
+// SPDX-License-Identifier: MIT
+// The process table of the machine that runs the tests.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+#include "platform/linux/LinuxProcessTable.h"
+#include "platform/linux/ProcessListing.h"
+#include "platform/simulated/ManualClock.h"
+
+namespace vtx::test {
+namespace {
+
+/// A process of the test's own, which sleeps until it is ended here.
+class Child {
+public:
+    /// `prepare` runs in it before it sleeps; the constructor returns after that.
+    template <class Prepare>
+    explicit Child(Prepare prepare) {
+        std::array<int, 2> ready{};
+        if (::pipe(ready.data()) != 0) return;
+        const pid_t parent = ::getpid();
+        pid_ = ::fork();
+        if (pid_ == 0) {
+            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            if (::getppid() != parent) ::_exit(1);
+            prepare();
+            (void)!::write(ready[1], "x", 1);
+            for (;;) ::pause();
+        }
+        ::close(ready[1]);
+        char byte = 0;
+        isReady_ = ::read(ready[0], &byte, 1) == 1;
+        ::close(ready[0]);
+    }
+    Child() : Child([] {}) {}
+    ~Child() { end(); }
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+
+    [[nodiscard]] pid_t pid() const { return pid_; }
+    [[nodiscard]] bool isReady() const { return isReady_; }
+    /// Ends it; with `Reap::later` it stays behind as a zombie until this goes.
+    enum class Reap { now, later };
+    void end(Reap reap = Reap::now) {
+        if (pid_ <= 0) return;
+        ::kill(pid_, SIGKILL);
+        siginfo_t info{};
+        ::waitid(P_PID, static_cast<id_t>(pid_), &info,
+                 reap == Reap::now ? WEXITED : WEXITED | WNOWAIT);
+        if (reap == Reap::now) pid_ = -1;
+    }
+
+private:
+    pid_t pid_ = -1;
+    bool isReady_ = false;
+};
+
+struct RunningProcesses : testing::Test {
+    LinuxRoot root;
+    ManualClock clock;
+    LinuxProcessTable table{root, clock};
+
+    std::vector<KinfoProc> list() {
+        std::size_t bytes = 0;
+        EXPECT_EQ(table.kernProcAll({}, bytes), 0);
+        std::vector<KinfoProc> records(bytes / kinfoProcBytes + 1);
+        EXPECT_EQ(table.kernProcAll(records, bytes), 0);
+        records.resize(bytes / kinfoProcBytes);
+        clock.advanceBy(seconds(2));
+        return records;
+    }
+    std::optional<KinfoProc> find(pid_t pid) {
+        const auto all = list();
+        const auto found = std::ranges::find(all, pid, &KinfoProc::pid);
+        return found == all.end() ? std::nullopt : std::optional(*found);
+    }
+    static int niceOf(pid_t pid) { return ::getpriority(PRIO_PROCESS, static_cast<id_t>(pid)); }
+};
+
+TEST_F(RunningProcesses, this_program_appears_with_its_own_figures) {
+    const auto self = find(::getpid());
+    ASSERT_TRUE(self);
+    EXPECT_EQ(self->uid, ::geteuid());
+    const auto details = table.details(::getpid());
+    EXPECT_EQ(details.name, "vantrix-logic-tests");  // longer than the kernel keeps
+    ASSERT_TRUE(details.path);
+    EXPECT_TRUE(details.path->ends_with("/vantrix-logic-tests"));
+    ASSERT_EQ(details.taskInfoBytes, procTaskInfoBytes);
+    EXPECT_GT(details.taskInfo.residentSize, std::uint64_t{1} << 20);
+    EXPECT_LT(details.taskInfo.residentSize, std::uint64_t{1} << 40);
+    EXPECT_GE(details.taskInfo.threadNum, 1);
+    EXPECT_EQ(details.priority, niceOf(0));
+    EXPECT_TRUE(details.startTime);
+    EXPECT_TRUE(details.isSystemSoftware.has_value());
+}
+
+TEST_F(RunningProcesses, this_program_uses_processor_time) {
+    const auto used = [this] {
+        (void)list();
+        const auto task = table.details(::getpid()).taskInfo;
+        return task.totalUser + task.totalSystem;
+    };
+    const auto before = used();
+    int rounds = 0;
+    while (used() <= before && rounds < 1'000'000) ++rounds;
+    EXPECT_LT(rounds, 1'000'000);
+}
+
+TEST_F(RunningProcesses, threads_are_counted_and_are_no_processes) {
+    std::mutex mutex;
+    std::condition_variable change;
+    pid_t number = 0;
+    bool isOver = false;
+    (void)list();
+    const int before = table.details(::getpid()).taskInfo.threadNum;
+    std::thread thread([&] {
+        std::unique_lock lock(mutex);
+        number = static_cast<pid_t>(::syscall(SYS_gettid));
+        change.notify_all();
+        change.wait(lock, [&] { return isOver; });
+    });
+    {
+        std::unique_lock lock(mutex);
+        change.wait(lock, [&] { return number != 0; });
+    }
+    EXPECT_FALSE(find(number));
+    EXPECT_EQ(table.details(::getpid()).taskInfo.threadNum, before + 1);
+    {
+        const std::lock_guard lock(mutex);
+        isOver = true;
+    }
+    change.notify_all();
+    thread.join();
+}
+
+// The second listing walks everything again, those after it only what can be new.
+TEST_F(RunningProcesses, one_that_begins_is_there_in_the_next_listing_and_gone_after_its_end) {
+    for (int round = 0; round < 40; ++round) {
+        Child child;
+        ASSERT_TRUE(child.isReady());
+        const auto started = find(child.pid());
+        ASSERT_TRUE(started) << round;
+        EXPECT_EQ(started->uid, ::geteuid());
+        EXPECT_EQ(table.details(child.pid()).taskInfoBytes, procTaskInfoBytes);
+        const pid_t pid = child.pid();
+        child.end();
+        EXPECT_FALSE(find(pid)) << round;
+    }
+}
+
+TEST_F(RunningProcesses, a_listing_by_steps_finds_what_a_whole_one_finds) {
+    std::vector<std::unique_ptr<Child>> children;
+    for (int round = 0; round < 10; ++round) {
+        (void)list();
+        for (int i = 0; i < 5; ++i) children.push_back(std::make_unique<Child>());
+        if (round % 3 == 2) children.erase(children.begin(), children.begin() + 4);
+    }
+    const auto pidsOf = [](const std::vector<KinfoProc>& all) {
+        std::vector<pid_t> pids;
+        for (const auto& record : all) pids.push_back(record.pid);
+        return pids;
+    };
+    const auto bySteps = pidsOf(list());
+    LinuxProcessTable fresh(root, clock);
+    std::size_t bytes = 0;
+    ASSERT_EQ(fresh.kernProcAll({}, bytes), 0);
+    std::vector<KinfoProc> records(bytes / kinfoProcBytes + 1);
+    ASSERT_EQ(fresh.kernProcAll(records, bytes), 0);
+    records.resize(bytes / kinfoProcBytes);
+    const auto whole = pidsOf(records);
+    // Others may begin and end beside the test; its own processes must be in both.
+    for (const auto& child : children) {
+        EXPECT_TRUE(std::ranges::binary_search(bySteps, child->pid()));
+        EXPECT_TRUE(std::ranges::binary_search(whole, child->pid()));
+    }
+    EXPECT_TRUE(std::ranges::is_sorted(bySteps));
+}
+
+TEST_F(RunningProcesses, as_a_rule_only_what_can_be_new_is_walked) {
+    using enum ProcessListing::Extent;
+    ProcFolder folder(root);
+    ASSERT_TRUE(folder.open());
+    if (!folder.isKernels()) GTEST_SKIP() << "/proc is another process's view";
+    ProcessListing listing(root, clock);
+    // Two whole ones to begin with: what was about to start at the first is not listed before.
+    EXPECT_EQ(listing.next(folder).extent, all);
+    EXPECT_EQ(listing.next(folder).extent, all);
+    std::size_t wholes = 0;
+    for (int i = 0; i < 17; ++i) wholes += listing.next(folder).extent == all ? 1U : 0U;
+    EXPECT_EQ(wholes, 1U);
+    EXPECT_EQ(listing.next(folder).extent, some);
+    clock.advanceBy(seconds(11));
+    EXPECT_EQ(listing.next(folder).extent, all);
+    const Child child;
+    const auto next = listing.next(folder);
+    EXPECT_EQ(next.extent, some);
+    EXPECT_TRUE(std::ranges::binary_search(next.pids, child.pid()));
+    EXPECT_FALSE(std::ranges::binary_search(next.pids, 1));
+}
+
+TEST_F(RunningProcesses, what_has_ended_and_is_not_forgotten_holds_no_memory) {
+    Child child;
+    ASSERT_TRUE(find(child.pid()));
+    child.end(Child::Reap::later);
+    ASSERT_TRUE(find(child.pid()));
+    const auto details = table.details(child.pid());
+    EXPECT_EQ(details.taskInfo.residentSize, 0U);
+    EXPECT_EQ(details.path, std::nullopt);
+}
+
+TEST_F(RunningProcesses, another_program_in_the_same_process_has_its_own_name_and_path) {
+    // What waits in the shell's place is "sleep", after it was told to go on.
+    std::array<int, 2> go{};
+    ASSERT_EQ(::pipe(go.data()), 0);
+    Child child([&go] {
+        ::dup2(go[0], 0);
+        ::close(go[1]);
+        if (::fork() != 0) return;
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        ::execlp("sleep", "sleep", "600", nullptr);
+        ::_exit(1);
+    });
+    ASSERT_TRUE(child.isReady());
+    const auto isAsleep = [this] {
+        for (const auto& record : list())
+            if (table.details(record.pid).name == "sleep") return true;
+        return false;
+    };
+    int rounds = 0;
+    while (!isAsleep() && rounds < 100'000) ++rounds;
+    EXPECT_LT(rounds, 100'000);
+    ::close(go[0]);
+    ::close(go[1]);
+}
+
+TEST_F(RunningProcesses, a_child_is_given_a_lower_priority_with_all_its_threads) {
+    std::array<int, 2> report{};
+    ASSERT_EQ(::pipe(report.data()), 0);
+    Child child([&report] {
+        // Without the C library's threads, of which the child of a fork may have none.
+        static std::array<char, 65536> stack;
+        constexpr int flags = CLONE_VM | CLONE_FS | CLONE_FILES | CLONE_SIGHAND | CLONE_THREAD;
+        const auto wait = [](void*) -> int {
+            for (;;) ::pause();
+        };
+        const pid_t thread = ::clone(wait, stack.data() + stack.size(), flags, nullptr);
+        (void)!::write(report[1], &thread, sizeof thread);
+    });
+    ASSERT_TRUE(child.isReady());
+    pid_t thread = 0;
+    ASSERT_EQ(::read(report[0], &thread, sizeof thread), static_cast<ssize_t>(sizeof thread));
+    ::close(report[0]);
+    ::close(report[1]);
+    ASSERT_GT(thread, 0);
+    (void)list();
+    const auto start = table.details(child.pid()).startTime;
+    ASSERT_TRUE(start);
+    EXPECT_EQ(table.details(child.pid()).taskInfo.threadNum, 2);
+    // The tests may run at a niceness of their own.
+    EXPECT_EQ(table.setpriority(child.pid(), *start + 1, 19), ESRCH);
+    EXPECT_EQ(niceOf(child.pid()), niceOf(0));
+    EXPECT_EQ(table.setpriority(child.pid(), start, 19), 0);
+    EXPECT_EQ(niceOf(child.pid()), 19);
+    EXPECT_EQ(niceOf(thread), 19);
+    (void)list();
+    EXPECT_EQ(table.details(child.pid()).priority, 19);
+}
+
+TEST_F(RunningProcesses, what_is_not_there_is_not_given_a_priority) {
+    Child child;
+    const pid_t pid = child.pid();
+    child.end();
+    EXPECT_EQ(table.setpriority(pid, std::nullopt, 5), ESRCH);
+    EXPECT_EQ(table.setpriority(0, std::nullopt, 5), ESRCH);
+    EXPECT_EQ(table.setpriority(-1, std::nullopt, 5), ESRCH);
+}
+
+TEST_F(RunningProcesses, an_ordinary_user_may_not_raise_a_priority_again) {
+    constexpr uid_t nobody = 65534;
+    Child child([] {
+        if (::geteuid() == 0) (void)!::setresuid(nobody, nobody, nobody);
+    });
+    ASSERT_TRUE(child.isReady());
+    (void)list();
+    const auto start = table.details(child.pid()).startTime;
+    // The test itself may be the superuser, so another process asks, as that user.
+    std::array<int, 2> report{};
+    ASSERT_EQ(::pipe(report.data()), 0);
+    const Child asking([&] {
+        if (::geteuid() == 0) (void)!::setresuid(nobody, nobody, nobody);
+        const std::array answers{static_cast<int>(::geteuid()),
+                                 table.setpriority(child.pid(), start, 19),
+                                 table.setpriority(child.pid(), start, 18)};
+        (void)!::write(report[1], answers.data(), sizeof answers);
+    });
+    ASSERT_TRUE(asking.isReady());
+    std::array<int, 3> answers{};
+    ASSERT_EQ(::read(report[0], answers.data(), sizeof answers),
+              static_cast<ssize_t>(sizeof answers));
+    ::close(report[0]);
+    ::close(report[1]);
+    if (answers[0] == 0) GTEST_SKIP() << "this machine does not let the superuser step down";
+    EXPECT_EQ(answers[1], 0);
+    EXPECT_EQ(answers[2], EACCES);
+    EXPECT_EQ(niceOf(child.pid()), 19);
+}
+
+TEST_F(RunningProcesses, without_descriptors_the_table_gives_some_back_and_goes_on) {
+    std::vector<std::unique_ptr<Child>> children;
+    for (int i = 0; i < 20; ++i) children.push_back(std::make_unique<Child>());
+    const auto before = list().size();
+    ASSERT_GE(before, 20U);
+    const auto kept = table.keptDescriptors();
+    for (int i = 0; i < 3; ++i) children.push_back(std::make_unique<Child>());
+    rlimit usual{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+    // Nothing may be opened above the lowest number that is free now.
+    const int lowest = ::dup(0);
+    ::close(lowest);
+    rlimit none = usual;
+    none.rlim_cur = static_cast<rlim_t>(lowest);
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    const auto all = list();
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
+    EXPECT_LT(table.keptDescriptors(), kept);
+    for (const auto& child : children) {
+        const auto found = std::ranges::find(all, child->pid(), &KinfoProc::pid);
+        ASSERT_NE(found, all.end());
+        EXPECT_EQ(table.details(child->pid()).taskInfoBytes, procTaskInfoBytes);
+    }
+}
+
+}  // namespace
+}  // namespace vtx::test
