@@ -102,9 +102,9 @@ TEST(SimulatedSensors, the_hot_spots_stand_above_every_other_sensor) {
     TestBench b;
     SMCClient client(b.platform.smc, SMCClient::openConnection(b.platform.smc));
     const auto celsiusOf = [&client](std::string_view key) {
-        const auto bytes = client.readValue(key)->bytes();
+        const auto read = client.readValue(key);
         float value = 0;
-        std::memcpy(&value, bytes.data(), sizeof value);
+        std::memcpy(&value, read->bytes().data(), sizeof value);
         return value;
     };
     const auto coolestHotSpot = std::min(celsiusOf("Tp0H"), celsiusOf("Tp0n"));
