@@ -86,10 +86,11 @@ constexpr auto enWording = std::to_array<TextEntry>({
 
 constexpr auto frWording = std::to_array<TextEntry>({
     {memory_purgeBody,
-     "Demande au noyau d'abandonner les pages inactives. Le système demande votre mot de passe une "
-     "seule fois — l'autorisation dure ~5 minutes."},
+     "Demande au noyau de libérer les pages inactives. Le système demande votre mot de passe une "
+     "seule fois — l'autorisation est valable ~5 minutes."},
     {memory_pressureCritical,
-     "Le système ralentit maintenant l'activité. Quittez un élément de la liste ci-dessous."},
+     "Le système bride maintenant les performances. Fermez l'un des éléments de la liste "
+     "ci-dessous."},
     {gpu_unavailableBody,
      "Sur ce système, aucun pilote graphique n'indique sa charge. C'est courant dans les machines "
      "virtuelles et avec du matériel très récent."},
@@ -99,7 +100,7 @@ constexpr auto frWording = std::to_array<TextEntry>({
      "⚠️ Les notifications de Vantrix sont désactivées — activez-les dans les réglages de votre "
      "bureau → Notifications."},
     {settings_autoReliefBody,
-     "Quand la pression mémoire est ≠ Normale, Vantrix demande à la bibliothèque C de libérer les "
+     "Quand la pression mémoire ≠ Normale, Vantrix demande à la bibliothèque C de libérer les "
      "pages inutilisées de **son propre** processus. Les autres processus ne sont jamais touchés."},
     {settings_aboutFooter,
      "Vantrix lit les mesures du système via /proc, /sys et netlink. Il ne modifie jamais d'autres "
@@ -110,7 +111,7 @@ constexpr auto frWording = std::to_array<TextEntry>({
 
 constexpr auto esWording = std::to_array<TextEntry>({
     {memory_purgeBody,
-     "Pide al núcleo que descarte las páginas inactivas. El sistema solicita tu contraseña una vez "
+     "Pide al kernel que descarte las páginas inactivas. El sistema solicita tu contraseña una vez "
      "— el permiso dura ~5 minutos."},
     {memory_pressureCritical,
      "El sistema está limitando el rendimiento. Cierra algo de la lista siguiente."},
@@ -142,13 +143,13 @@ constexpr auto itWording = std::to_array<TextEntry>({
      "Su questo sistema nessun driver grafico segnala il proprio carico. È frequente nelle "
      "macchine virtuali e con hardware molto recente."},
     {fan_unavailable, "Questo computer non segnala alcuna ventola."},
-    {ane_unavailableBody, "Il computer non ha una ANE oppure il suo driver non segnala nulla."},
+    {ane_unavailableBody, "Il computer non ha un'ANE oppure il suo driver non segnala nulla."},
     {settings_alertsDenied,
      "⚠️ Le notifiche di Vantrix sono disattivate — attivale nelle impostazioni del tuo desktop → "
      "Notifiche."},
     {settings_autoReliefBody,
      "Con una pressione memoria ≠ Normale, Vantrix chiede alla libreria C di rilasciare le pagine "
-     "inutilizzate nel **proprio** processo. Gli altri processi non vengono mai toccati."},
+     "inutilizzate del **proprio** processo. Gli altri processi non vengono mai toccati."},
     {settings_aboutFooter,
      "Vantrix legge le metriche di sistema tramite /proc, /sys e netlink. Non modifica mai altri "
      "processi e non esegue operazioni privilegiate."},
@@ -158,8 +159,8 @@ constexpr auto itWording = std::to_array<TextEntry>({
 
 constexpr auto ptWording = std::to_array<TextEntry>({
     {memory_purgeBody,
-     "Pede ao núcleo que descarte as páginas inativas. O sistema pede a palavra-passe uma vez — a "
-     "autorização dura ~5 minutos."},
+     "Pede ao kernel que descarte as páginas inativas. O sistema solicita a palavra-passe uma vez "
+     "— a autorização é válida durante ~5 minutos."},
     {memory_pressureCritical, "O sistema está a limitar o desempenho. Feche algo da lista abaixo."},
     {gpu_unavailableBody,
      "Neste sistema, nenhum controlador gráfico indica a sua carga. É comum em máquinas virtuais e "
@@ -172,7 +173,7 @@ constexpr auto ptWording = std::to_array<TextEntry>({
      "trabalho → Notificações."},
     {settings_autoReliefBody,
      "Com pressão da memória ≠ Normal, o Vantrix pede à biblioteca C que liberte as páginas não "
-     "usadas do **seu próprio** processo. Os outros processos nunca são afetados."},
+     "utilizadas do **seu próprio** processo. Os outros processos nunca são afetados."},
     {settings_aboutFooter,
      "O Vantrix lê as métricas do sistema através de /proc, /sys e netlink. Nunca modifica outros "
      "processos nem executa operações privilegiadas."},
@@ -184,7 +185,8 @@ constexpr auto nlWording = std::to_array<TextEntry>({
     {memory_purgeBody,
      "Vraagt de kernel om inactieve pagina’s vrij te geven. Het systeem vraagt één keer om je "
      "wachtwoord — de toestemming geldt ongeveer 5 minuten."},
-    {memory_pressureCritical, "Het systeem remt nu af. Sluit iets uit de lijst hieronder."},
+    {memory_pressureCritical,
+     "Het systeem beperkt nu de prestaties. Sluit iets uit de lijst hieronder."},
     {gpu_unavailableBody,
      "Op dit systeem meldt geen enkel grafisch stuurprogramma zijn belasting. Komt vaak voor in "
      "VM’s en bij heel nieuwe hardware."},
@@ -196,63 +198,64 @@ constexpr auto nlWording = std::to_array<TextEntry>({
 
 constexpr auto plWording = std::to_array<TextEntry>({
     {memory_purgeBody,
-     "Prosi jądro systemu o zwolnienie nieaktywnych stron. System jednorazowo zapyta o hasło — "
-     "zgoda jest ważna ok. 5 minut."},
+     "Prosi jądro systemu o zwolnienie nieaktywnych stron pamięci. System jednorazowo zapyta o "
+     "hasło — zgoda jest ważna ok. 5 minut."},
     {memory_pressureCritical, "System ogranicza teraz wydajność. Zamknij coś z poniższej listy."},
     {gpu_unavailableBody,
      "W tym systemie żaden sterownik grafiki nie podaje obciążenia. Zdarza się to często na "
      "maszynach wirtualnych i na bardzo nowym sprzęcie."},
     {fan_unavailable, "Ten komputer nie zgłasza żadnego wentylatora."},
-    {ane_unavailableBody, "Ten komputer nie ma ANE albo jego sterownik niczego nie podaje."},
+    {ane_unavailableBody, "Ten komputer nie ma ANE albo sterownik nie podaje żadnych danych."},
     {settings_languageFooter, "'Automatycznie' podąża za językiem sesji."},
     {battery_unavailable, "Ten komputer nie ma baterii."},
 });
 
 constexpr auto jaWording = std::to_array<TextEntry>({
     {memory_purgeBody,
-     "非アクティブなページを破棄するようカーネルに要求します。システムからパスワードを一度求められ"
-     "、許可は約5分間有効です。"},
+     "非アクティブなページを破棄するようカーネルに要求します。"
+     "システムから一度だけパスワードの入力を求められ、許可は約5分間有効です。"},
     {memory_pressureCritical,
      "システムが処理を抑制しています。下のリストからいずれかを終了してください。"},
     {gpu_unavailableBody,
-     "このシステムでは負荷を報告するグラフィックスドライバがありません。仮想マシンやごく新しいハー"
-     "ドウェアではよくあることです。"},
-    {fan_unavailable, "このコンピュータではファンが報告されていません。"},
-    {ane_unavailableBody, "このホストにANEがないか、ドライバが何も報告していません。"},
+     "このシステムでは負荷を報告するグラフィックスドライバがありません。"
+     "仮想マシンやごく新しいハードウェアではよくあることです。"},
+    {fan_unavailable, "このコンピュータではファンが検出されませんでした。"},
+    {ane_unavailableBody,
+     "このコンピュータにANEが搭載されていないか、ドライバが何も報告していません。"},
     {settings_languageFooter, "「自動」はセッションの言語に従います。"},
     {battery_unavailable, "このコンピュータにはバッテリーがありません。"},
 });
 
 constexpr auto zhWording = std::to_array<TextEntry>({
     {memory_purgeBody, "请求内核丢弃非活跃页面。系统会要求输入一次密码，授权在约5分钟内有效。"},
-    {memory_pressureCritical, "系统正在限制性能。请从下方列表中退出部分进程。"},
-    {gpu_unavailableBody, "此系统上没有图形驱动程序报告负载。这在虚拟机或较新的硬件上很常见。"},
-    {fan_unavailable, "此电脑未报告任何风扇。"},
-    {ane_unavailableBody, "此主机没有ANE，或其驱动程序未报告任何信息。"},
+    {memory_pressureCritical, "系统正在限制性能。请退出下方列表中的部分进程。"},
+    {gpu_unavailableBody, "此系统上没有图形驱动程序报告负载。这在虚拟机或很新的硬件上很常见。"},
+    {fan_unavailable, "此电脑没有报告风扇信息。"},
+    {ane_unavailableBody, "此电脑没有ANE，或者其驱动程序未报告任何信息。"},
     {settings_languageFooter, "「自动」会跟随会话的语言。"},
     {battery_unavailable, "此电脑没有电池。"},
 });
 
 constexpr auto trWording = std::to_array<TextEntry>({
     {memory_purgeBody,
-     "Sistem çekirdeğinden etkin olmayan sayfaları bırakmasını ister. Sistem parolanızı bir kez "
+     "Sistem çekirdeğinden etkin olmayan sayfaları bırakmasını ister. Sistem, parolanızı bir kez "
      "sorar — izin yaklaşık 5 dakika geçerlidir."},
     {memory_pressureCritical,
      "Sistem şu anda yavaşlatılıyor. Aşağıdaki listeden bir öğeyi kapatın."},
     {gpu_unavailableBody,
      "Bu sistemde hiçbir grafik sürücüsü yükünü bildirmiyor. Sanal makinelerde veya çok yeni "
      "donanımlarda sık görülür."},
-    {fan_unavailable, "Bu bilgisayar fan bildirmiyor."},
+    {fan_unavailable, "Bu bilgisayar herhangi bir fan bildirmiyor."},
     {ane_unavailableBody, "Bu bilgisayarda ANE yok ya da sürücüsü bilgi vermiyor."},
     {settings_alertsDenied,
-     "⚠️ Vantrix bildirimleri kapalı — masaüstünüzün ayarları → Bildirimler bölümünden "
+     "⚠️ Vantrix bildirimleri kapalı — masaüstünüzün Ayarlar → Bildirimler bölümünden "
      "etkinleştirin."},
     {settings_autoReliefBody,
      "Bellek baskısı ≠ Normal olduğunda Vantrix, C kitaplığından **kendi** işlemindeki "
      "kullanılmayan sayfaları bırakmasını ister. Diğer işlemlere asla dokunulmaz."},
     {settings_aboutFooter,
      "Vantrix, sistem ölçümlerini /proc, /sys ve netlink üzerinden okur. Diğer işlemleri asla "
-     "değiştirmez ve ayrıcalıklı hiçbir eylem gerçekleştirmez."},
+     "değiştirmez ve ayrıcalık gerektiren hiçbir eylem gerçekleştirmez."},
     {settings_languageFooter,
      "Tercihiniz hemen geçerli olur. 'Otomatik' oturumunuzun dilini takip eder."},
     {battery_unavailable, "Bu bilgisayarda pil yok."},
@@ -260,17 +263,18 @@ constexpr auto trWording = std::to_array<TextEntry>({
 
 constexpr auto ruWording = std::to_array<TextEntry>({
     {memory_purgeBody,
-     "Просит ядро системы освободить неактивные страницы. Система один раз запросит пароль — "
-     "разрешение действует около 5 минут."},
+     "Просит ядро системы освободить неактивные страницы памяти. Система один раз запросит пароль "
+     "— разрешение действует около 5 минут."},
     {memory_pressureCritical,
-     "Система сейчас работает медленнее. Завершите что-нибудь из списка ниже."},
+     "Система сейчас ограничивает производительность. Завершите что-нибудь из списка ниже."},
     {gpu_unavailableBody,
      "В этой системе ни один графический драйвер не сообщает о нагрузке. Так часто бывает в "
      "виртуальных машинах и на очень новом оборудовании."},
     {fan_unavailable, "Этот компьютер не сообщает о вентиляторах."},
     {ane_unavailableBody, "В этом компьютере нет ANE, либо его драйвер ничего не сообщает."},
     {settings_alertsDenied,
-     "⚠️ Уведомления Vantrix выключены — включите их в настройках рабочего стола → «Уведомления»."},
+     "⚠️ Уведомления Vantrix выключены — включите их в настройках среды рабочего стола → "
+     "«Уведомления»."},
     {settings_autoReliefBody,
      "Когда нагрузка на память ≠ «Норма», Vantrix просит библиотеку C освободить неиспользуемые "
      "страницы **своего** процесса. Другие процессы никогда не затрагиваются."},
@@ -279,7 +283,7 @@ constexpr auto ruWording = std::to_array<TextEntry>({
      "изменяет другие процессы и не выполняет привилегированных операций."},
     {settings_languageFooter,
      "Изменения вступают в силу немедленно. 'Авто' следует языку вашего сеанса."},
-    {battery_unavailable, "У этого компьютера нет аккумулятора."},
+    {battery_unavailable, "В этом компьютере нет аккумулятора."},
 });
 
 constexpr auto koWording = std::to_array<TextEntry>({
@@ -291,9 +295,9 @@ constexpr auto koWording = std::to_array<TextEntry>({
     {gpu_unavailableBody,
      "이 시스템에는 부하를 보고하는 그래픽 드라이버가 없습니다. 가상 머신이나 최신 하드웨어에서 "
      "흔히 발생합니다."},
-    {fan_unavailable, "이 컴퓨터에서 보고되는 팬이 없습니다."},
-    {ane_unavailableBody, "호스트에 ANE가 없거나 드라이버가 아무것도 보고하지 않습니다."},
-    {settings_alertsDenied, "⚠️ Vantrix의 알림이 꺼져 있습니다. 데스크탑 설정 → 알림에서 켜십시오."},
+    {fan_unavailable, "이 컴퓨터에서 보고된 팬이 없습니다."},
+    {ane_unavailableBody, "이 컴퓨터에 ANE가 없거나 드라이버가 아무것도 보고하지 않습니다."},
+    {settings_alertsDenied, "⚠️ Vantrix의 알림이 꺼져 있습니다. 데스크톱 설정 → 알림에서 켜십시오."},
     {settings_autoReliefBody,
      "메모리 압력 ≠ 정상일 때 Vantrix가 C 라이브러리에 **자체** 프로세스의 사용하지 않는 페이지를 "
      "해제하도록 요청합니다. 다른 프로세스는 절대 건드리지 않습니다."},

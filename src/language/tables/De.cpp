@@ -38,7 +38,7 @@ constexpr auto deTable = std::to_array<TextEntry>({
     {memory_compressed, "Komprimiert"},
     {memory_swap, "Swap"},
     {memory_topConsumers, "Größte Verbraucher"},
-    {memory_collecting, "Daten werden gesammelt…"},
+    {memory_collecting, "Daten werden gesammelt …"},
     {memory_purgeTitle, "Speicher freigeben"},
     {memory_purgeBody,
      "Bittet den Kernel, inaktive Seiten zu verwerfen. macOS fragt einmal nach deinem Passwort — "
@@ -120,7 +120,7 @@ constexpr auto deTable = std::to_array<TextEntry>({
     {settings_graphGPU, "GPU"},
     {settings_graphMemory, "Arbeitsspeicher"},
     {settings_colors, "Farben (Standard überschreiben)"},
-    {settings_colorsFooter, "Für den Standard leer lassen. Zum Ändern klicken."},
+    {settings_colorsFooter, "Für die Standardfarbe leer lassen. Zum Ändern klicken."},
     {settings_alerts, "Benachrichtigungen"},
     {settings_alertsFooter,
      "Benachrichtigungen erscheinen erst, wenn ein Zustand etwa zehn Sekunden lang anhält."},
@@ -129,7 +129,7 @@ constexpr auto deTable = std::to_array<TextEntry>({
      "Systemeinstellungen → Mitteilungen."},
     {settings_alertPressure, "Kritischer Speicherdruck"},
     {settings_memorySection, "Arbeitsspeicher"},
-    {settings_autoRelief, "Speicher unter Druck automatisch freigeben"},
+    {settings_autoRelief, "Bei Speicherdruck automatisch freigeben"},
     {settings_autoReliefBody,
      "Bei Speicherdruck ≠ Normal bittet Vantrix libmalloc, ungenutzte Seiten im **eigenen** "
      "Prozess freizugeben. Andere Prozesse werden nie angetastet."},
@@ -185,9 +185,9 @@ constexpr auto deTable = std::to_array<TextEntry>({
     {battery_discharging, "Batteriebetrieb"},
     {battery_acAttached, "Netzteil"},
     {battery_full, "Vollständig geladen"},
-    {battery_timeUntilFull, "Zeit bis voll"},
+    {battery_timeUntilFull, "Verbleibende Ladezeit"},
     {battery_timeRemaining, "Verbleibende Zeit"},
-    {battery_calculating, "Wird berechnet…"},
+    {battery_calculating, "Wird berechnet …"},
     {battery_health, "Zustand"},
     {battery_healthExcellent, "Ausgezeichnet"},
     {battery_healthGood, "Gut"},
@@ -231,7 +231,7 @@ constexpr auto deTableV3Additions = std::to_array<TextEntry>({
     {disk_history, "Durchsatzverlauf"},
 
     // Power
-    {power_packageDraw, "Leistungsaufnahme des Packages"},
+    {power_packageDraw, "Package-Leistungsaufnahme"},
     {power_rails, "Versorgungsschienen"},
     {power_package, "Package"},
     {power_system, "System"},
@@ -300,7 +300,7 @@ constexpr auto deTableV3Additions = std::to_array<TextEntry>({
 
     // Settings
     {settings_menuBarTilesFooterDragDrop,
-     "Ziehe die Kacheln, um sie umzuordnen. Die Schalter blenden sie ein und aus."},
+     "Ziehe die Kacheln, um sie neu anzuordnen. Die Schalter blenden sie ein und aus."},
     {settings_disk, "Festplatte"},
     {settings_power, "Leistung"},
     {settings_fan, "Lüfter"},
@@ -313,7 +313,7 @@ constexpr auto deTableV3Additions = std::to_array<TextEntry>({
     {settings_compactModeHeader, "Kompakte Menüleiste"},
     {settings_compactModeFooter, "Zeigt in der Menüleiste nur den kritischsten Messwert."},
     {settings_iconsFooter, "Wähle andere Symbole für die Menüleiste."},
-    {settings_presetsFooter, "Schnelle Vorgaben: minimal, ausgewogen oder für Power-User."},
+    {settings_presetsFooter, "Fertige Voreinstellungen: minimal, ausgewogen oder für Power-User."},
     {settings_chartStyle, "Stil"},
     {settings_graphDisk, "Festplatte"},
     {settings_graphPower, "Leistung"},

@@ -37,7 +37,7 @@ constexpr auto itTable = std::to_array<TextEntry>({
     {memory_inactive, "Inattiva"},
     {memory_compressed, "Compressa"},
     {memory_swap, "Swap"},
-    {memory_topConsumers, "Maggiori consumatori"},
+    {memory_topConsumers, "Maggiori consumi"},
     {memory_collecting, "Raccolta dati in corso…"},
     {memory_purgeTitle, "Libera memoria"},
     {memory_purgeBody,
@@ -48,7 +48,7 @@ constexpr auto itTable = std::to_array<TextEntry>({
     {memory_purgeGrew, "L'utilizzo è aumentato durante l'operazione"},
     {memory_pressureTitle, "Pressione memoria"},
     {memory_pressureWarning,
-     "La RAM sta per esaurirsi — chiudere pannelli o app riduce subito il carico."},
+     "La RAM sta per esaurirsi — chiudere schede o app riduce subito il carico."},
     {memory_pressureCritical,
      "macOS sta limitando le prestazioni. Chiudi qualcosa dall'elenco qui sotto."},
     {memory_noConsumers, "Nessun processo utente con un uso significativo di memoria."},
@@ -102,8 +102,8 @@ constexpr auto itTable = std::to_array<TextEntry>({
     {settings_menuBarTilesFooter, "Scegli i riquadri da mostrare nella barra dei menu."},
     {settings_menuBarLive, "Barra dei menu — valori in tempo reale"},
     {settings_menuBarLiveFooter,
-     "Se attivo, il riquadro mostra un valore in tempo reale come 'CPU 34%' invece della sola "
-     "icona. Regolabile per ogni componente."},
+     "Quando l'opzione è attiva, il riquadro mostra un valore in tempo reale come 'CPU 34%' invece "
+     "della sola icona. Regolabile per ogni componente."},
     {settings_cpu, "CPU"},
     {settings_gpu, "GPU"},
     {settings_memory, "Memoria"},
@@ -127,12 +127,12 @@ constexpr auto itTable = std::to_array<TextEntry>({
      "Le notifiche compaiono solo se uno stato persiste per circa dieci secondi."},
     {settings_alertsDenied,
      "⚠️ macOS ha negato le notifiche a Vantrix — attivale in Impostazioni di Sistema → Notifiche."},
-    {settings_alertPressure, "Pressione memoria critica"},
+    {settings_alertPressure, "Pressione critica della memoria"},
     {settings_memorySection, "Memoria"},
-    {settings_autoRelief, "Libera automaticamente la memoria sotto pressione"},
+    {settings_autoRelief, "Libera automaticamente in caso di pressione"},
     {settings_autoReliefBody,
      "Con una pressione memoria ≠ Normale, Vantrix chiede a libmalloc di rilasciare le pagine "
-     "inutilizzate nel **proprio** processo. Gli altri processi non vengono mai toccati."},
+     "inutilizzate del **proprio** processo. Gli altri processi non vengono mai toccati."},
     {settings_widget, "Mini widget"},
     {settings_widgetEnabled, "Mostra il mini widget fluttuante"},
     {settings_widgetBody,
@@ -198,7 +198,7 @@ constexpr auto itTable = std::to_array<TextEntry>({
     {battery_maxCapacity, "Capacità massima"},
     {battery_voltage, "Tensione"},
     {battery_amperage, "Corrente"},
-    {battery_powerDraw, "Assorbimento"},
+    {battery_powerDraw, "Potenza assorbita"},
     {battery_isCharged, "Carica"},
     {battery_lowPowerMode, "Modalità risparmio energetico"},
 
@@ -228,7 +228,7 @@ constexpr auto itTableV3Additions = std::to_array<TextEntry>({
     {disk_read, "Lettura"},
     {disk_write, "Scrittura"},
     {disk_volumes, "Volumi"},
-    {disk_history, "Cronologia velocità di trasferimento"},
+    {disk_history, "Cronologia throughput"},
 
     // Power
     {power_packageDraw, "Consumo del package"},
@@ -248,7 +248,7 @@ constexpr auto itTableV3Additions = std::to_array<TextEntry>({
     // Neural Engine
     {ane_unavailableTitle, "Neural Engine non disponibile"},
     {ane_unavailableBody,
-     "Il computer non ha una ANE oppure macOS ne ha bloccato l'accesso in questa sessione."},
+     "Il computer non ha un'ANE oppure macOS ne ha bloccato l'accesso in questa sessione."},
     {ane_utilization, "Utilizzo"},
     {ane_active, "Attivo"},
     {ane_power, "Potenza"},

@@ -42,7 +42,7 @@ constexpr auto jaTable = std::to_array<TextEntry>({
     {memory_purgeTitle, "メモリを解放"},
     {memory_purgeBody,
      "非アクティブなページを破棄するようカーネルに要求します。"
-     "macOSからパスワードを一度求められ、許可は約5分間有効です。"},
+     "macOSから一度だけパスワードの入力を求められ、許可は約5分間有効です。"},
     {memory_purgeButton, "RAMを解放"},
     {memory_purgeFreed, "解放済み"},
     {memory_purgeGrew, "操作中に使用量が増加しました"},
@@ -60,7 +60,7 @@ constexpr auto jaTable = std::to_array<TextEntry>({
 
     // GPU
     {gpu_device, "デバイス"},
-    {gpu_unavailableTitle, "GPU統計は利用できません"},
+    {gpu_unavailableTitle, "GPUの統計情報を利用できません"},
     {gpu_unavailableBody,
      "このシステムではIOAcceleratorがPerformanceStatisticsを返しません。"
      "仮想マシンやベータ版OSではよくあることです。"},
@@ -221,9 +221,10 @@ constexpr auto jaTableV3Additions = std::to_array<TextEntry>({
     {fan_target, "目標"},
 
     // Neural Engine
-    {ane_unavailableTitle, "Neural Engineは利用できません"},
+    {ane_unavailableTitle, "Neural Engineを利用できません"},
     {ane_unavailableBody,
-     "このホストにANEがないか、このセッションではmacOSがアクセスを制限しています。"},
+     "このコンピュータにANEが搭載されていないか、"
+     "このセッションではmacOSがアクセスを制限しています。"},
     {ane_utilization, "使用率"},
     {ane_active, "アクティブ"},
     {ane_power, "電力"},

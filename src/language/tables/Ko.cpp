@@ -93,7 +93,7 @@ constexpr auto koTable = std::to_array<TextEntry>({
 
     // Neural Engine
     {ane_unavailableTitle, "Neural Engine을 사용할 수 없음"},
-    {ane_unavailableBody, "호스트에 ANE가 없거나 이번 세션에서 macOS가 접근을 제한했습니다."},
+    {ane_unavailableBody, "이 컴퓨터에 ANE가 없거나 이번 세션에서 macOS가 접근을 제한했습니다."},
     {ane_utilization, "사용률"},
     {ane_active, "활성"},
     {ane_power, "전력"},
@@ -140,7 +140,7 @@ constexpr auto koTable = std::to_array<TextEntry>({
      "항목을 드래그하여 순서를 바꾸고, 스위치로 표시 여부를 전환합니다."},
     {settings_menuBarLive, "메뉴 막대: 실시간 값"},
     {settings_menuBarLiveFooter,
-     "켜면 항목에 아이콘만이 아니라 'CPU 34%'와 같은 실시간 값이 표시됩니다. "
+     "켜면 아이콘만 표시되는 대신 항목에 'CPU 34%'와 같은 실시간 값이 표시됩니다. "
      "구성 요소별로 켜고 끌 수 있습니다."},
     {settings_cpu, "CPU"},
     {settings_gpu, "GPU"},
@@ -186,7 +186,7 @@ constexpr auto koTable = std::to_array<TextEntry>({
      "CPU/GPU/온도는 약 10초, 메모리 사용량/압력은 약 30초입니다."},
     {settings_alertsDenied,
      "⚠️ macOS가 Vantrix의 알림을 거부했습니다. 시스템 설정 → 알림에서 허용하십시오."},
-    {settings_alertPressure, "메모리 압력 위험"},
+    {settings_alertPressure, "위험 수준의 메모리 압력"},
     {settings_memorySection, "메모리"},
     {settings_autoRelief, "메모리 압력 시 자동 확보"},
     {settings_autoReliefBody,

@@ -41,8 +41,8 @@ constexpr auto plTable = std::to_array<TextEntry>({
     {memory_collecting, "Zbieranie danych…"},
     {memory_purgeTitle, "Zwalnianie pamięci"},
     {memory_purgeBody,
-     "Prosi jądro systemu o zwolnienie nieaktywnych stron. macOS jednorazowo zapyta o hasło — "
-     "zgoda jest ważna ok. 5 minut."},
+     "Prosi jądro systemu o zwolnienie nieaktywnych stron pamięci. macOS jednorazowo zapyta o "
+     "hasło — zgoda jest ważna ok. 5 minut."},
     {memory_purgeButton, "Zwolnij RAM"},
     {memory_purgeFreed, "Zwolniono"},
     {memory_purgeGrew, "Użycie wzrosło podczas operacji"},
@@ -112,7 +112,7 @@ constexpr auto plTable = std::to_array<TextEntry>({
     {settings_graphMemory, "Pamięć"},
     {settings_alerts, "Powiadomienia"},
     {settings_alertsFooter,
-     "Powiadomienia pojawiają się dopiero, gdy stan utrzymuje się przez pewien czas: "
+     "Powiadomienia pojawiają się dopiero, gdy dany stan utrzymuje się przez pewien czas: "
      "CPU/GPU/temperatura ~10 s, RAM/obciążenie pamięci ~30 s."},
     {settings_alertPressure, "Krytyczne obciążenie pamięci"},
     {settings_widget, "Miniwidżet"},
@@ -130,7 +130,7 @@ constexpr auto plTable = std::to_array<TextEntry>({
     {settings_hogBody,
      "Wykrywa procesy, które mocno obciążają CPU, gdy ich aplikacja nie jest aktywna."},
     {settings_hogCPUThreshold, "Próg CPU"},
-    {settings_hogMinDuration, "Minimalny czas"},
+    {settings_hogMinDuration, "Minimalny czas trwania"},
 
     // Network
     {network_title, "Sieć"},
@@ -221,7 +221,8 @@ constexpr auto plTableV3Additions = std::to_array<TextEntry>({
 
     // Neural Engine
     {ane_unavailableTitle, "Neural Engine niedostępny"},
-    {ane_unavailableBody, "Ten komputer nie ma ANE albo macOS blokuje dostęp w tej sesji."},
+    {ane_unavailableBody,
+     "Ten komputer nie ma ANE albo macOS blokuje do niego dostęp w tej sesji."},
     {ane_utilization, "Użycie"},
     {ane_active, "Aktywny"},
     {ane_power, "Moc"},
@@ -242,7 +243,7 @@ constexpr auto plTableV3Additions = std::to_array<TextEntry>({
     {settings_compactMode, "Tryb kompaktowy"},
     {settings_compactModeHeader, "Kompaktowy pasek menu"},
     {settings_compactModeFooter, "Pokazuj na pasku menu tylko najbardziej krytyczny wskaźnik."},
-    {settings_iconsFooter, "Wybierz inne symbole na pasku menu."},
+    {settings_iconsFooter, "Wybierz inne symbole dla paska menu."},
     {settings_presetsFooter, "Gotowe ustawienia: minimalne, zrównoważone lub dla zaawansowanych."},
     {settings_chartStyle, "Styl"},
     {settings_graphDisk, "Dysk"},

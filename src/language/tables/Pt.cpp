@@ -37,18 +37,18 @@ constexpr auto ptTable = std::to_array<TextEntry>({
     {memory_inactive, "Inativa"},
     {memory_compressed, "Comprimida"},
     {memory_swap, "Swap"},
-    {memory_topConsumers, "Maiores consumidores"},
+    {memory_topConsumers, "Maior consumo"},
     {memory_collecting, "A recolher dados…"},
     {memory_purgeTitle, "Libertar memória"},
     {memory_purgeBody,
-     "Pede ao núcleo que descarte as páginas inativas. O macOS pede a palavra-passe uma vez — a "
-     "autorização dura ~5 minutos."},
+     "Pede ao kernel que descarte as páginas inativas. O macOS solicita a palavra-passe uma vez — "
+     "a autorização é válida durante ~5 minutos."},
     {memory_purgeButton, "Libertar RAM"},
     {memory_purgeFreed, "Libertado"},
     {memory_purgeGrew, "A utilização aumentou durante a operação"},
     {memory_pressureTitle, "Pressão da memória"},
     {memory_pressureWarning,
-     "A RAM está a escassear — fechar separadores ou apps reduz logo a carga."},
+     "A RAM está a escassear — fechar separadores ou apps reduz de imediato a carga."},
     {memory_pressureCritical, "O macOS está a limitar o desempenho. Feche algo da lista abaixo."},
     {memory_noConsumers, "Nenhum processo do utilizador com consumo de memória relevante."},
     {memory_statusNormal, "Normal"},
@@ -100,8 +100,8 @@ constexpr auto ptTable = std::to_array<TextEntry>({
     {settings_menuBarTilesFooter, "Escolha os mosaicos que quer ver na barra de menus."},
     {settings_menuBarLive, "Barra de menus — valores em tempo real"},
     {settings_menuBarLiveFooter,
-     "Quando ativado, o mosaico mostra um valor em tempo real como 'CPU 34%' em vez de apenas o "
-     "ícone. Ajustável para cada componente."},
+     "Quando a opção está ativada, o mosaico mostra um valor em tempo real como 'CPU 34%' em vez "
+     "de apenas o ícone. Ajustável para cada componente."},
     {settings_cpu, "CPU"},
     {settings_gpu, "GPU"},
     {settings_memory, "Memória"},
@@ -122,25 +122,25 @@ constexpr auto ptTable = std::to_array<TextEntry>({
     {settings_colorsFooter, "Deixe vazio para usar a cor predefinida. Clique para alterar."},
     {settings_alerts, "Notificações"},
     {settings_alertsFooter,
-     "As notificações só surgem quando um estado se mantém cerca de dez segundos."},
+     "As notificações só surgem quando um estado se mantém durante cerca de dez segundos."},
     {settings_alertsDenied,
      "⚠️ O macOS recusou as notificações do Vantrix — ative-as em Definições do Sistema → "
      "Notificações."},
-    {settings_alertPressure, "Pressão da memória crítica"},
+    {settings_alertPressure, "Pressão crítica da memória"},
     {settings_memorySection, "Memória"},
-    {settings_autoRelief, "Libertar memória automaticamente sob pressão"},
+    {settings_autoRelief, "Libertar automaticamente em caso de pressão"},
     {settings_autoReliefBody,
      "Com pressão da memória ≠ Normal, o Vantrix pede à libmalloc que liberte as páginas não "
-     "usadas do **seu próprio** processo. Os outros processos nunca são afetados."},
+     "utilizadas do **seu próprio** processo. Os outros processos nunca são afetados."},
     {settings_widget, "Mini widget"},
     {settings_widgetEnabled, "Mostrar o mini widget flutuante"},
     {settings_widgetBody,
      "Vista compacta de CPU, GPU e memória numa janela flutuante sempre visível — útil num segundo "
-     "ecrã durante os jogos."},
+     "ecrã enquanto joga."},
     {settings_startup, "Arranque"},
     {settings_launchAtLogin, "Abrir ao iniciar sessão"},
     {settings_launchAtLoginError, "Não foi possível alterar a abertura ao iniciar sessão"},
-    {settings_about, "Acerca"},
+    {settings_about, "Acerca do Vantrix"},
     {settings_version, "Versão"},
     {settings_build, "Compilação"},
     {settings_aboutFooter,
@@ -152,7 +152,8 @@ constexpr auto ptTable = std::to_array<TextEntry>({
     {settings_hogHeader, "Detetor de processos em segundo plano"},
     {settings_hogEnabled, "Ativar o detetor"},
     {settings_hogBody,
-     "Procura processos que ocupam muita CPU enquanto a respetiva app não está em primeiro plano."},
+     "Deteta processos que consomem muita CPU enquanto a respetiva app não está em primeiro "
+     "plano."},
     {settings_hogCPUThreshold, "Limiar da CPU"},
     {settings_hogMinDuration, "Duração mínima"},
 
@@ -226,7 +227,7 @@ constexpr auto ptTableV3Additions = std::to_array<TextEntry>({
     {disk_read, "Leitura"},
     {disk_write, "Escrita"},
     {disk_volumes, "Volumes"},
-    {disk_history, "Histórico de débito"},
+    {disk_history, "Histórico de transferência"},
 
     // Power
     {power_packageDraw, "Consumo do pacote"},
@@ -278,8 +279,8 @@ constexpr auto ptTableV3Additions = std::to_array<TextEntry>({
     {settings_chartArea, "Área"},
     {settings_chartBar, "Barras"},
     {settings_alertsFooter,
-     "As notificações só surgem quando um estado se mantém algum tempo: CPU/GPU/temperatura ~10 s, "
-     "RAM/pressão ~30 s."},
+     "As notificações só surgem quando um estado se mantém durante algum tempo: "
+     "CPU/GPU/temperatura ~10 s, RAM/pressão ~30 s."},
 });
 
 }  // namespace

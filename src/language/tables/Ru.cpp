@@ -45,16 +45,16 @@ constexpr auto ruTable = std::to_array<TextEntry>({
     {memory_collecting, "Сбор данных…"},
     {memory_purgeTitle, "Освобождение памяти"},
     {memory_purgeBody,
-     "Просит ядро системы освободить неактивные страницы. macOS один раз запросит пароль — "
+     "Просит ядро системы освободить неактивные страницы памяти. macOS один раз запросит пароль — "
      "разрешение действует около 5 минут."},
     {memory_purgeButton, "Освободить ОЗУ"},
     {memory_purgeFreed, "Освобождено"},
-    {memory_purgeGrew, "Во время операции использование выросло"},
+    {memory_purgeGrew, "Во время операции расход памяти вырос"},
     {memory_pressureTitle, "Нагрузка на память"},
     {memory_pressureWarning,
      "ОЗУ заканчивается — закройте вкладки или приложения, и нагрузка сразу снизится."},
     {memory_pressureCritical,
-     "macOS сейчас замедляет систему. Завершите что-нибудь из списка ниже."},
+     "macOS сейчас ограничивает производительность. Завершите что-нибудь из списка ниже."},
     {memory_noConsumers, "Нет пользовательских процессов с заметным расходом памяти."},
     {memory_statusNormal, "Норма"},
     {memory_statusWarning, "Предупреждение"},
@@ -83,8 +83,8 @@ constexpr auto ruTable = std::to_array<TextEntry>({
     {power_history, "История мощности"},
 
     // Fan readings
-    {fan_unavailable, "У этого Mac нет вентилятора."},
-    {fan_currentRPM, "Текущие об/мин"},
+    {fan_unavailable, "В этом Mac нет вентилятора."},
+    {fan_currentRPM, "Сейчас, об/мин"},
     {fan_load, "Нагрузка вентилятора"},
     {fan_label, "Вентилятор"},
     {fan_target, "Цель"},
@@ -178,11 +178,12 @@ constexpr auto ruTable = std::to_array<TextEntry>({
     {settings_chartArea, "Область"},
     {settings_chartBar, "Столбцы"},
     {settings_colors, "Цвета (вместо стандартных)"},
-    {settings_colorsFooter, "Оставьте пустым для цвета по умолчанию. Нажмите, чтобы изменить."},
+    {settings_colorsFooter,
+     "Оставьте поле пустым, чтобы использовать цвет по умолчанию. Нажмите, чтобы изменить."},
     {settings_alerts, "Уведомления"},
     {settings_alertsFooter,
-     "Уведомления приходят, только если состояние держится некоторое время: ЦП/ГП/температура ~10 "
-     "с, ОЗУ/нагрузка на память ~30 с."},
+     "Уведомления приходят, только если состояние сохраняется некоторое время: ЦП/ГП/температура "
+     "~10 с, ОЗУ/нагрузка на память ~30 с."},
     {settings_alertsDenied,
      "⚠️ macOS не разрешает уведомления Vantrix — включите их в разделе «Системные настройки» → "
      "«Уведомления»."},
@@ -199,7 +200,7 @@ constexpr auto ruTable = std::to_array<TextEntry>({
      "экране во время игры."},
     {settings_startup, "Запуск"},
     {settings_launchAtLogin, "Запускать при входе в систему"},
-    {settings_launchAtLoginError, "Не удалось изменить запуск при входе"},
+    {settings_launchAtLoginError, "Не удалось изменить настройку запуска при входе"},
     {settings_about, "О программе"},
     {settings_version, "Версия"},
     {settings_build, "Сборка"},
@@ -232,13 +233,13 @@ constexpr auto ruTable = std::to_array<TextEntry>({
     {network_macAddress, "MAC"},
     {network_typeWiFi, "Wi-Fi"},
     {network_typeEthernet, "Ethernet"},
-    {network_typeLoopback, "Локальная петля"},
+    {network_typeLoopback, "Петлевой"},
     {network_typeCellular, "Сотовая связь"},
     {network_typeOther, "Другой"},
     {network_typeVPN, "VPN"},
 
     // Battery
-    {battery_unavailable, "У этого Mac нет аккумулятора."},
+    {battery_unavailable, "В этом Mac нет аккумулятора."},
     {battery_charge, "Заряд"},
     {battery_powerSource, "Источник питания"},
     {battery_charging, "Заряжается"},

@@ -45,17 +45,17 @@ constexpr auto trTable = std::to_array<TextEntry>({
     {memory_collecting, "Veriler toplanıyor…"},
     {memory_purgeTitle, "Belleği boşalt"},
     {memory_purgeBody,
-     "Sistem çekirdeğinden etkin olmayan sayfaları bırakmasını ister. macOS parolanızı bir kez "
+     "Sistem çekirdeğinden etkin olmayan sayfaları bırakmasını ister. macOS, parolanızı bir kez "
      "sorar — izin yaklaşık 5 dakika geçerlidir."},
     {memory_purgeButton, "RAM’i boşalt"},
     {memory_purgeFreed, "Boşaltıldı"},
-    {memory_purgeGrew, "İşlem sırasında kullanım arttı"},
+    {memory_purgeGrew, "Boşaltma sırasında kullanım arttı"},
     {memory_pressureTitle, "Bellek baskısı"},
     {memory_pressureWarning,
-     "RAM azalıyor — sekmeleri veya uygulamaları kapatmak yükü hemen azaltır."},
+     "Boş RAM azalıyor — sekmeleri veya uygulamaları kapatmak yükü hemen azaltır."},
     {memory_pressureCritical,
      "macOS şu anda sistemi yavaşlatıyor. Aşağıdaki listeden bir öğeyi kapatın."},
-    {memory_noConsumers, "Kayda değer bellek kullanan kullanıcı işlemi yok."},
+    {memory_noConsumers, "Kayda değer miktarda bellek kullanan kullanıcı işlemi yok."},
     {memory_statusNormal, "Normal"},
     {memory_statusWarning, "Uyarı"},
     {memory_statusCritical, "Kritik"},
@@ -139,8 +139,8 @@ constexpr auto trTable = std::to_array<TextEntry>({
      "Sıralamayı değiştirmek için kutucukları sürükleyin. Görünürlüğü anahtarlarla ayarlayın."},
     {settings_menuBarLive, "Menü çubuğu — canlı değerler"},
     {settings_menuBarLiveFooter,
-     "Etkinleştirildiğinde kutucuk, yalnızca simge göstermek yerine “CPU %34” gibi canlı bir değer "
-     "sunar. Her bileşen için ayrı ayrı ayarlanabilir."},
+     "Etkinleştirildiğinde kutucukta yalnızca simge yerine “CPU %34” gibi canlı bir değer "
+     "gösterilir. Her bileşen için ayrı ayrı ayarlanabilir."},
     {settings_cpu, "CPU"},
     {settings_gpu, "GPU"},
     {settings_memory, "Bellek"},
@@ -162,8 +162,8 @@ constexpr auto trTable = std::to_array<TextEntry>({
     {settings_compactModeFooter, "Menü çubuğunda yalnızca en kritik ölçüm gösterilir."},
     {settings_iconsFooter, "Menü çubuğu için başka simgeler seçin."},
     {settings_presetsFooter, "Minimal, dengeli veya ileri düzey kullanım için hızlı ön ayarlar."},
-    {settings_updates, "Güncelleme"},
-    {settings_updateInterval, "Güncelleme aralığı"},
+    {settings_updates, "Yenileme"},
+    {settings_updateInterval, "Yenileme aralığı"},
     {settings_graphs, "Grafikler"},
     {settings_graphCPU, "Toplam CPU"},
     {settings_graphPCore, "P çekirdekleri"},
@@ -181,7 +181,7 @@ constexpr auto trTable = std::to_array<TextEntry>({
     {settings_colorsFooter, "Varsayılan için boş bırakın. Değiştirmek için tıklayın."},
     {settings_alerts, "Bildirimler"},
     {settings_alertsFooter,
-     "Bildirimler ancak bir durum bir süre devam ederse gönderilir: CPU/GPU/sıcaklık ~10 sn, "
+     "Bildirimler ancak bir durum belli bir süre devam ederse gönderilir: CPU/GPU/sıcaklık ~10 sn, "
      "RAM/bellek baskısı ~30 sn."},
     {settings_alertsDenied,
      "⚠️ macOS, Vantrix bildirimlerine izin vermedi — Sistem Ayarları → Bildirimler bölümünden "
@@ -205,19 +205,19 @@ constexpr auto trTable = std::to_array<TextEntry>({
     {settings_build, "Derleme"},
     {settings_aboutFooter,
      "Vantrix, sistem ölçümlerini Mach, sysctl ve IOKit üzerinden okur. Diğer işlemleri asla "
-     "değiştirmez ve ayrıcalıklı hiçbir eylem gerçekleştirmez."},
+     "değiştirmez ve ayrıcalık gerektiren hiçbir eylem gerçekleştirmez."},
     {settings_language, "Dil"},
     {settings_languageFooter,
      "Tercihiniz hemen geçerli olur. 'Otomatik' macOS bölge ayarınızı takip eder."},
-    {settings_hogHeader, "Arka plan obur işlem algılayıcısı"},
+    {settings_hogHeader, "Obur arka plan işlemi algılayıcısı"},
     {settings_hogEnabled, "Algılayıcıyı etkinleştir"},
-    {settings_hogBody, "Uygulamaları ön planda değilken CPU’yu yoğun kullanan işlemleri izler."},
+    {settings_hogBody, "Uygulaması ön planda değilken CPU’yu yoğun kullanan işlemleri izler."},
     {settings_hogCPUThreshold, "CPU eşiği"},
     {settings_hogMinDuration, "Minimum süre"},
 
     // Network
     {network_title, "Ağ"},
-    {network_unavailable, "Ağ arayüzü algılanmadı."},
+    {network_unavailable, "Hiçbir ağ arayüzü algılanmadı."},
     {network_downSpeed, "İndirme"},
     {network_upSpeed, "Yükleme"},
     {network_totalDown, "Alınan"},

@@ -47,9 +47,9 @@ constexpr auto zhTable = std::to_array<TextEntry>({
     {memory_purgeFreed, "已释放"},
     {memory_purgeGrew, "操作期间内存用量增加"},
     {memory_pressureTitle, "内存压力"},
-    {memory_pressureWarning, "内存渐趋紧张，关闭标签页或退出应用可立即减轻负载。"},
-    {memory_pressureCritical, "macOS正在限制性能。请从下方列表中退出部分进程。"},
-    {memory_noConsumers, "没有明显占用内存的用户进程。"},
+    {memory_pressureWarning, "内存开始紧张，关闭标签页或退出应用可立即减轻负载。"},
+    {memory_pressureCritical, "macOS正在限制性能。请退出下方列表中的部分进程。"},
+    {memory_noConsumers, "没有占用大量内存的用户进程。"},
     {memory_statusNormal, "正常"},
     {memory_statusWarning, "警告"},
     {memory_statusCritical, "严重"},
@@ -111,7 +111,7 @@ constexpr auto zhTable = std::to_array<TextEntry>({
     {settings_graphMemory, "内存"},
     {settings_alerts, "通知"},
     {settings_alertsFooter,
-     "仅在状态持续一段时间后才会通知："
+     "状态持续一段时间后才会发送通知："
      "CPU/GPU/温度约10秒，内存用量/压力约30秒。"},
     {settings_alertPressure, "内存压力严重"},
     {settings_widget, "迷你小组件"},
@@ -218,7 +218,7 @@ constexpr auto zhTableV3Additions = std::to_array<TextEntry>({
 
     // Neural Engine
     {ane_unavailableTitle, "神经网络引擎不可用"},
-    {ane_unavailableBody, "此主机没有ANE，或macOS在本次会话中限制了访问。"},
+    {ane_unavailableBody, "此电脑没有ANE，或者macOS在本次会话中限制了访问。"},
     {ane_utilization, "使用率"},
     {ane_active, "活跃"},
     {ane_power, "功耗"},
