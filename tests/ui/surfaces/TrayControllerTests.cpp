@@ -44,7 +44,8 @@ TEST_F(TrayControllerTest, shows_the_critical_metric_at_once) {
     const TrayController controller(tray, bench.coordinator, clock);
     ASSERT_EQ(tray.sent.size(), 1U);
     EXPECT_EQ(tray.sent[0], trayPicture({"cpu", "34", {}}, Theme::current().appearance(), 1.0));
-    EXPECT_EQ(tray.words, std::vector<QString>{"CPU 34 percent"});
+    ASSERT_EQ(tray.words.size(), 1U);
+    EXPECT_TRUE(tray.words[0].startsWith("CPU 34 percent"));
 }
 
 TEST_F(TrayControllerTest, a_new_figure_waits_for_five_seconds_since_the_last) {
@@ -100,7 +101,7 @@ TEST_F(TrayControllerTest, the_words_follow_within_half_a_minute_though_the_pict
     EXPECT_EQ(tray.words.size(), 1U);
     clock.advanceBy(std::chrono::seconds(2));
     bench.readCPU(0.3391);
-    EXPECT_EQ(tray.words.back(), "CPU 33 percent");
+    EXPECT_TRUE(tray.words.back().startsWith("CPU 33 percent"));
     EXPECT_EQ(tray.sent.size(), 1U);
 }
 
