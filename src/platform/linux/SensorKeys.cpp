@@ -61,7 +61,7 @@ bool SensorKeys::isEmpty() {
 
 SMCAnswer SensorKeys::answer(const SMCRequest& request) {
     std::uint32_t code = request.key;
-    std::optional<Key> key;
+    std::shared_ptr<const Key> key;
     {
         const std::lock_guard lock(mutex_);
         lookAgainIfDue();
@@ -90,7 +90,7 @@ void SensorKeys::lookAgainIfDue() {
 void SensorKeys::look() {
     const auto found = findSensors(root_);
     before_ = std::exchange(known_, {});
-    for (auto& [code, key] : keys_) key.sensors.clear();
+    for (auto& [code, key] : keys_) key = std::make_shared<Key>(Key{key->type, {}, {}});
     setNumber("#KEY", "ui32", 0);
     setNumber("FNum", "ui8 ", fans_.size());
     // The processor first: a board's controller that hangs must not hold up the search for it.
@@ -156,9 +156,12 @@ void SensorKeys::setNumber(std::string_view name, std::string_view type, std::si
 SensorKeys::Key& SensorKeys::keyOf(std::string_view name, std::string_view type) {
     const auto code = packSMCCode(name);
     const auto [at, isNew] = keys_.try_emplace(code);
-    if (isNew) order_.push_back(code);
-    at->second.type = packSMCCode(type);
-    return at->second;
+    if (isNew) {
+        order_.push_back(code);
+        at->second = std::make_shared<Key>();
+    }
+    at->second->type = packSMCCode(type);
+    return *at->second;
 }
 
 SensorKeys::Sensor SensorKeys::sensorOf(const FoundSensor& sensor, std::string_view part) {
@@ -178,9 +181,9 @@ SensorKeys::Sensor SensorKeys::sensorOf(const FoundSensor& sensor, std::string_v
     return known_.emplace(who, std::move(known)).first->second.sensor;
 }
 
-std::optional<SensorKeys::Key> SensorKeys::find(std::uint32_t code) {
+std::shared_ptr<const SensorKeys::Key> SensorKeys::find(std::uint32_t code) const {
     const auto found = keys_.find(code);
-    return found == keys_.end() ? std::nullopt : std::optional(found->second);
+    return found == keys_.end() ? nullptr : found->second;
 }
 
 SMCAnswer SensorKeys::describe(std::uint32_t code, const Key& key) {
