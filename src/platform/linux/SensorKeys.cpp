@@ -175,8 +175,12 @@ SensorKeys::Sensor SensorKeys::sensorOf(const FoundSensor& sensor, std::string_v
         auto& pace = paces_[sensor.device];
         if (!pace) pace = std::make_shared<ReadPace>();
         auto file = std::make_shared<SensorFile>(root_, tools_.reading.now, sensor, part);
+        // A fan's other figures can come a pass later; a sensor that the search misses never comes.
+        const auto firstCall = sensor.kind == SensorKind::fan
+                                   ? PacedSensor::FirstCall::waitsWithinBound
+                                   : PacedSensor::FirstCall::waits;
         known = {sensor.folder,
-                 std::make_shared<PacedSensor>(std::move(file), pace, tools_.reading)};
+                 std::make_shared<PacedSensor>(std::move(file), pace, tools_.reading, firstCall)};
     }
     return known_.emplace(who, std::move(known)).first->second.sensor;
 }
