@@ -113,11 +113,10 @@ void SensorKeys::addTemperatures(const std::vector<FoundSensor>& found) {
         static_cast<std::size_t>(std::ranges::count_if(found, isProcessor)) > mostProcessors;
     const auto common = isMany ? names_.nameOf("TC", allProcessors) : std::nullopt;
     for (const auto& sensor : found) {
-        if (!isProcessor(sensor)) continue;
-        if (common)
-            add(*common, floatType, sensor);
-        else
-            addNamed("TC", floatType, sensor);
+        if (sensor.kind != SensorKind::temperature) continue;
+        if (common && isProcessor(sensor)) add(*common, floatType, sensor);
+        if (!common && isProcessor(sensor)) offered_.insert(sensor.identity);
+        if (offered_.contains(sensor.identity)) addNamed("TC", floatType, sensor);
     }
     for (const auto& sensor : found) {
         const bool isPassedOver = common || !isProcessor(sensor);

@@ -6,6 +6,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -99,6 +100,9 @@ private:
     std::uint64_t generation_ = 0;  ///< of the last look
     std::vector<std::uint32_t> order_;
     std::map<std::uint32_t, std::shared_ptr<Key>> keys_;
+    /// Identities that ever had a key of the processor's of their own. They keep it when a driver
+    /// comes that knows better: who looked for the processor's temperature does not look again.
+    std::set<std::string> offered_;
     std::vector<std::string> fans_;              ///< identities by number
     std::map<std::string, KnownSensor> known_;   ///< by identity and part
     std::map<std::string, KnownSensor> before_;  ///< while looking: those of the last look
