@@ -6,11 +6,12 @@
 namespace vtx {
 
 PacedSensor::PacedSensor(std::shared_ptr<SensorFile> file, std::shared_ptr<ReadPace> pace,
-                         const Tools& tools)
+                         const Tools& tools, FirstCall firstCall)
     : file_(std::move(file)),
       pace_(std::move(pace)),
       now_(tools.now),
       patience_(tools.patience),
+      firstCall_(firstCall),
       slow_(
           tools.worker, tools.clock,
           [file = file_, pace = pace_, now = tools.now] {
@@ -35,13 +36,20 @@ std::optional<double> PacedSensor::value() {
             return value;
         }
     }
-    return isFirst && pace_->isWorthWaiting() ? first() : slow_.latest();
+    return isFirst && isWorthWaiting() ? first() : slow_.latest();
+}
+
+bool PacedSensor::isWorthWaiting() const {
+    if (!pace_->isWorthWaiting()) return false;
+    return firstCall_ == FirstCall::waits || pace_->waited() <= patience_;
 }
 
 std::optional<double> PacedSensor::first() {
     const Instant before = now_();
     const auto value = slow_.read();
-    if (!value && now_() - before >= patience_) pace_->noteUnanswered();
+    const Duration took = now_() - before;
+    pace_->noteWaited(took);
+    if (!value && took >= patience_) pace_->noteUnanswered();
     return value;
 }
 

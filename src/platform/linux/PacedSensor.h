@@ -27,18 +27,24 @@ public:
         Duration patience = SlowRead<double>::usualPatience;
     };
 
+    /// Whether the first call always waits, since who does not get a value then never asks again,
+    /// or only while the sensors of the chip were not waited for too long already.
+    enum class FirstCall { waits, waitsWithinBound };
+
     PacedSensor(std::shared_ptr<SensorFile> file, std::shared_ptr<ReadPace> pace,
-                const Tools& tools);
+                const Tools& tools, FirstCall firstCall = FirstCall::waits);
 
     [[nodiscard]] std::optional<double> value();
 
 private:
+    [[nodiscard]] bool isWorthWaiting() const;
     [[nodiscard]] std::optional<double> first();
 
     const std::shared_ptr<SensorFile> file_;
     const std::shared_ptr<ReadPace> pace_;
     const TimeSource now_;
     const Duration patience_;
+    const FirstCall firstCall_;
     SlowRead<double> slow_;
     std::atomic<bool> wasAsked_ = false;
 };

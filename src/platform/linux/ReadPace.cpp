@@ -31,4 +31,14 @@ bool ReadPace::isWorthWaiting() const {
     return !isUnanswered_;
 }
 
+void ReadPace::noteWaited(Duration took) {
+    const std::lock_guard lock(mutex_);
+    waited_ += took;
+}
+
+Duration ReadPace::waited() const {
+    const std::lock_guard lock(mutex_);
+    return waited_;
+}
+
 }  // namespace vtx

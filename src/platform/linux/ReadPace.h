@@ -33,11 +33,16 @@ public:
     void noteUnanswered();
     [[nodiscard]] bool isWorthWaiting() const;
 
+    /// How long callers waited so far for first answers of the chip, all of its sensors together.
+    void noteWaited(Duration took);
+    [[nodiscard]] Duration waited() const;
+
 private:
     mutable std::mutex mutex_;
     std::optional<Instant> fastFrom_;  ///< absent before the first answer
     Duration penalty_ = firstPenalty;
     bool isUnanswered_ = false;
+    Duration waited_{0};
 };
 
 }  // namespace vtx

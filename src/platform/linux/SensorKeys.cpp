@@ -61,7 +61,7 @@ bool SensorKeys::isEmpty() {
 
 SMCAnswer SensorKeys::answer(const SMCRequest& request) {
     std::uint32_t code = request.key;
-    std::optional<Key> key;
+    std::shared_ptr<const Key> key;
     {
         const std::lock_guard lock(mutex_);
         lookAgainIfDue();
@@ -90,7 +90,7 @@ void SensorKeys::lookAgainIfDue() {
 void SensorKeys::look() {
     const auto found = findSensors(root_);
     before_ = std::exchange(known_, {});
-    for (auto& [code, key] : keys_) key.sensors.clear();
+    for (auto& [code, key] : keys_) key = std::make_shared<Key>(Key{key->type, {}, {}});
     setNumber("#KEY", "ui32", 0);
     setNumber("FNum", "ui8 ", fans_.size());
     // The processor first: a board's controller that hangs must not hold up the search for it.
@@ -113,11 +113,10 @@ void SensorKeys::addTemperatures(const std::vector<FoundSensor>& found) {
         static_cast<std::size_t>(std::ranges::count_if(found, isProcessor)) > mostProcessors;
     const auto common = isMany ? names_.nameOf("TC", allProcessors) : std::nullopt;
     for (const auto& sensor : found) {
-        if (!isProcessor(sensor)) continue;
-        if (common)
-            add(*common, floatType, sensor);
-        else
-            addNamed("TC", floatType, sensor);
+        if (sensor.kind != SensorKind::temperature) continue;
+        if (common && isProcessor(sensor)) add(*common, floatType, sensor);
+        if (!common && isProcessor(sensor)) offered_.insert(sensor.identity);
+        if (offered_.contains(sensor.identity)) addNamed("TC", floatType, sensor);
     }
     for (const auto& sensor : found) {
         const bool isPassedOver = common || !isProcessor(sensor);
@@ -156,9 +155,12 @@ void SensorKeys::setNumber(std::string_view name, std::string_view type, std::si
 SensorKeys::Key& SensorKeys::keyOf(std::string_view name, std::string_view type) {
     const auto code = packSMCCode(name);
     const auto [at, isNew] = keys_.try_emplace(code);
-    if (isNew) order_.push_back(code);
-    at->second.type = packSMCCode(type);
-    return at->second;
+    if (isNew) {
+        order_.push_back(code);
+        at->second = std::make_shared<Key>();
+    }
+    at->second->type = packSMCCode(type);
+    return *at->second;
 }
 
 SensorKeys::Sensor SensorKeys::sensorOf(const FoundSensor& sensor, std::string_view part) {
@@ -172,15 +174,19 @@ SensorKeys::Sensor SensorKeys::sensorOf(const FoundSensor& sensor, std::string_v
         auto& pace = paces_[sensor.device];
         if (!pace) pace = std::make_shared<ReadPace>();
         auto file = std::make_shared<SensorFile>(root_, tools_.reading.now, sensor, part);
+        // A fan's other figures can come a pass later; a sensor that the search misses never comes.
+        const auto firstCall = sensor.kind == SensorKind::fan
+                                   ? PacedSensor::FirstCall::waitsWithinBound
+                                   : PacedSensor::FirstCall::waits;
         known = {sensor.folder,
-                 std::make_shared<PacedSensor>(std::move(file), pace, tools_.reading)};
+                 std::make_shared<PacedSensor>(std::move(file), pace, tools_.reading, firstCall)};
     }
     return known_.emplace(who, std::move(known)).first->second.sensor;
 }
 
-std::optional<SensorKeys::Key> SensorKeys::find(std::uint32_t code) {
+std::shared_ptr<const SensorKeys::Key> SensorKeys::find(std::uint32_t code) const {
     const auto found = keys_.find(code);
-    return found == keys_.end() ? std::nullopt : std::optional(found->second);
+    return found == keys_.end() ? nullptr : found->second;
 }
 
 SMCAnswer SensorKeys::describe(std::uint32_t code, const Key& key) {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -64,6 +65,7 @@ public:
 
 private:
     using Sensor = std::shared_ptr<PacedSensor>;
+    /// Changes only while it is made: whoever reads it holds it without the mutex.
     struct Key {
         std::uint32_t type = 0;
         std::vector<Sensor> sensors;          ///< the hottest of them is the value
@@ -85,7 +87,7 @@ private:
     void setNumber(std::string_view name, std::string_view type, std::size_t number);
     [[nodiscard]] Key& keyOf(std::string_view name, std::string_view type);
     [[nodiscard]] Sensor sensorOf(const FoundSensor& sensor, std::string_view part);
-    [[nodiscard]] std::optional<Key> find(std::uint32_t code);
+    [[nodiscard]] std::shared_ptr<const Key> find(std::uint32_t code) const;
 
     [[nodiscard]] static SMCAnswer describe(std::uint32_t code, const Key& key);
     [[nodiscard]] static SMCAnswer valueOf(std::uint32_t code, const Key& key);
@@ -97,7 +99,10 @@ private:
     std::optional<Instant> lastCheck_;
     std::uint64_t generation_ = 0;  ///< of the last look
     std::vector<std::uint32_t> order_;
-    std::map<std::uint32_t, Key> keys_;
+    std::map<std::uint32_t, std::shared_ptr<Key>> keys_;
+    /// Identities that ever had a key of the processor's of their own. They keep it when a driver
+    /// comes that knows better: who looked for the processor's temperature does not look again.
+    std::set<std::string> offered_;
     std::vector<std::string> fans_;              ///< identities by number
     std::map<std::string, KnownSensor> known_;   ///< by identity and part
     std::map<std::string, KnownSensor> before_;  ///< while looking: those of the last look

@@ -227,6 +227,37 @@ TEST_F(PaceOfASensor, that_becomes_slow_is_asked_at_the_worker_before_the_next_c
     EXPECT_EQ(paced->value(), 52.0);
 }
 
+/// How many of ten sensors of one chip tell a value when they are first asked.
+struct FirstCallsToAChip : PaceOfASensor {
+    [[nodiscard]] int answered(PacedSensor::FirstCall firstCall) {
+        int count = 0;
+        for (int i = 0; i < 10; ++i) {
+            PacedSensor one(
+                std::make_shared<SensorFile>(
+                    root, [] { return Instant(); }, sensor),
+                pace, PacedSensor::Tools{atOnce, bench.clock, clockOfReads(), milliseconds(200)},
+                firstCall);
+            if (one.value()) ++count;
+        }
+        return count;
+    }
+    AtOnceExecutor atOnce;
+};
+
+TEST_F(FirstCallsToAChip, wait_for_all_figures_of_a_quick_one) {
+    EXPECT_EQ(answered(PacedSensor::FirstCall::waitsWithinBound), 10);
+}
+
+TEST_F(FirstCallsToAChip, wait_no_longer_than_a_bound_for_a_slow_one) {
+    readTakes = milliseconds(50);  // a call that waits looks at the time thrice: 150 ms
+    EXPECT_EQ(answered(PacedSensor::FirstCall::waitsWithinBound), 2);
+}
+
+TEST_F(FirstCallsToAChip, wait_for_each_figure_that_is_searched_for) {
+    readTakes = milliseconds(50);
+    EXPECT_EQ(answered(PacedSensor::FirstCall::waits), 10);
+}
+
 TEST_F(PaceOfASensor, that_hangs_becomes_absent_and_holds_up_nobody) {
     start();
     for (int i = 0; i < 20; ++i) {

@@ -166,6 +166,30 @@ TEST_F(KeysOfAMachine, a_device_that_came_is_found_when_it_is_announced) {
     EXPECT_EQ(after, before);
 }
 
+TEST_F(KeysOfAMachine, a_board_that_stood_in_for_the_processor_keeps_its_key) {
+    const auto board = addChip(0, "/sys/devices/platform/nct6775.656", "nct6798");
+    addSensor(board, "temp7", "44000\n", "PECI Agent 0\n");
+    start();
+    const auto before = read->beginning("TC");
+    ASSERT_EQ(before.size(), 1u);
+    addPackage(0, 1, "50000\n");
+    bench.devicesChanged();
+    EXPECT_EQ(read->value(before.begin()->first), 44.0);
+    EXPECT_EQ(read->processors(), (Doubles{44.0, 50.0}));
+    start();
+    EXPECT_EQ(read->processors(), Doubles{50.0});
+}
+
+TEST_F(KeysOfAMachine, processors_keep_their_keys_when_they_become_many) {
+    for (int socket = 0; socket < 3; ++socket) addPackage(socket, socket, "45000\n");
+    start();
+    const auto before = read->beginning("TC");
+    ASSERT_EQ(before.size(), 3u);
+    addPackage(3, 3, "80000\n");
+    bench.devicesChanged();
+    for (const auto& [name, value] : before) EXPECT_EQ(read->value(name), value) << name;
+}
+
 TEST_F(KeysOfAMachine, devices_are_looked_for_once_a_second_at_most) {
     addPackage(0, 1, "50000\n");
     start();
