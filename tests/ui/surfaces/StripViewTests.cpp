@@ -126,6 +126,21 @@ TEST_F(StripViewTest, shows_temperature_and_fans_of_the_coordinator) {
     EXPECT_EQ(view.model().tiles[1].label, "2150");
 }
 
+TEST_F(StripViewTest, keeps_its_width_through_every_percentage_and_temperature) {
+    bench.coordinator.preferences.modify([](auto& p) {
+        p.showThermal = p.menuBarLiveTemp = p.showMemory = p.menuBarLiveMemory = true;
+    });
+    test::show(view);
+    bench.readCPU(0.0);
+    const double width = view.contentWidth();
+    for (int percent = 0; percent <= 100; ++percent) {
+        bench.readCPU(percent / 100.0);
+        bench.coordinator.temperature.latest =
+            TemperatureReading{20.0 + 79.0 * percent / 100.0, std::nullopt, {}};
+        ASSERT_EQ(view.contentWidth(), width) << percent;
+    }
+}
+
 TEST_F(StripViewTest, takes_no_clicks_itself) {
     EXPECT_TRUE(view.testAttribute(Qt::WA_TransparentForMouseEvents));
 }
