@@ -288,6 +288,20 @@ TEST_F(RunningProcesses, what_is_not_there_is_not_given_a_priority) {
     EXPECT_EQ(table.setpriority(-1, std::nullopt, 5), ESRCH);
 }
 
+TEST_F(RunningProcesses, one_that_cannot_be_held_for_want_of_descriptors_is_changed_all_the_same) {
+    const Child child;
+    ASSERT_TRUE(child.isReady());
+    rlimit usual{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+    rlimit none = usual;
+    none.rlim_cur = 0;
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    const int error = table.setpriority(child.pid(), std::nullopt, 19);
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
+    EXPECT_EQ(error, 0);
+    EXPECT_EQ(niceOf(child.pid()), 19);
+}
+
 TEST_F(RunningProcesses, an_ordinary_user_may_not_raise_a_priority_again) {
     constexpr uid_t nobody = 65534;
     Child child([] {
