@@ -211,6 +211,19 @@ TEST_F(RunningProcesses, as_a_rule_only_what_can_be_new_is_walked) {
     EXPECT_FALSE(std::ranges::binary_search(next.pids, 1));
 }
 
+TEST_F(RunningProcesses, after_many_new_numbers_everything_is_walked) {
+    using enum ProcessListing::Extent;
+    ProcFolder folder(root);
+    ASSERT_TRUE(folder.open());
+    if (!folder.isKernels()) GTEST_SKIP() << "/proc is another process's view";
+    ProcessListing listing(root, clock);
+    EXPECT_EQ(listing.next(folder).extent, all);
+    EXPECT_EQ(listing.next(folder).extent, all);
+    // A thread takes a number as a process does.
+    for (int i = 0; i <= 4096; ++i) std::thread([] {}).join();
+    EXPECT_EQ(listing.next(folder).extent, all);
+}
+
 TEST_F(RunningProcesses, what_has_ended_and_is_not_forgotten_holds_no_memory) {
     Child child;
     ASSERT_TRUE(find(child.pid()));
