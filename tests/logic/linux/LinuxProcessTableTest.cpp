@@ -149,6 +149,25 @@ TEST_F(LinuxProcessTables, a_name_that_the_kernel_cut_is_made_whole) {
     EXPECT_EQ(details(301).name, "gnome-terminal-helper");
 }
 
+TEST_F(LinuxProcessTables, a_whole_name_ends_with_the_program_that_had_it) {
+    tree.put({.pid = 300, .comm = "gnome-terminal-"});
+    tree.link(300, "/usr/libexec/gnome-terminal-server");
+    (void)details(300);
+    tree.put({.pid = 300, .comm = "gnome-terminal-", .startStack = 16384});
+    tree.link(300, "/opt/gnome-terminal-");
+    EXPECT_EQ(details(300).name, "gnome-terminal-");
+}
+
+TEST_F(LinuxProcessTables, a_program_that_hides_its_file_keeps_its_whole_name) {
+    tree.put({.pid = 300, .comm = "gnome-terminal-"});
+    tree.link(300, "/usr/libexec/gnome-terminal-server");
+    (void)details(300);
+    tree.put({.pid = 300, .comm = "gnome-terminal-", .startCode = 1, .startStack = 0});
+    std::filesystem::remove(tree / "proc/300/exe");
+    EXPECT_EQ(details(300).name, "gnome-terminal-server");
+    EXPECT_EQ(table->details(300).path, std::nullopt);
+}
+
 TEST_F(LinuxProcessTables, what_has_ended_keeps_its_whole_name) {
     tree.put({.pid = 300, .comm = "gnome-terminal-"});
     tree.link(300, "/usr/libexec/gnome-terminal-server");
