@@ -89,10 +89,8 @@ std::optional<std::string> ProcFolder::executable(std::int32_t pid) {
         ::readlinkat(folder_.get(), ProcessFile(pid, "exe").text(), buffer_.data(), buffer_.size());
     if (length <= 0) return std::nullopt;
     std::string path(buffer_.data(), static_cast<std::size_t>(length));
-    struct stat named{};
-    // A file may be called so.
-    if (path.ends_with(deletedMark) && ::lstat(path.c_str(), &named) != 0)
-        path.resize(path.size() - deletedMark.size());
+    // A file may be called so; to ask for it could wait for a drive that does not answer.
+    if (path.ends_with(deletedMark)) path.resize(path.size() - deletedMark.size());
     return path;
 }
 

@@ -134,10 +134,9 @@ TEST_F(LinuxProcessTables, a_deleted_executable_has_the_path_that_it_had) {
     tree.put({.pid = 300});
     tree.link(300, "/opt/no such folder/x (deleted)");
     EXPECT_EQ(details(300).path, "/opt/no such folder/x");
-    tree.write("/y (deleted)", "");
     tree.put({.pid = 301});
-    tree.link(301, tree.path() + "/y (deleted)");
-    EXPECT_EQ(details(301).path, tree.path() + "/y (deleted)");
+    tree.link(301, "/opt/x (deleted) (deleted)");
+    EXPECT_EQ(details(301).path, "/opt/x (deleted)");
 }
 
 TEST_F(LinuxProcessTables, a_name_that_the_kernel_cut_is_made_whole) {
