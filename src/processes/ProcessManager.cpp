@@ -15,6 +15,11 @@ namespace {
 constexpr Logger logger{"ProcessManager"};
 constexpr std::uint32_t greatestNice = 20;
 
+/// Whether two records with one number are of one process, as far as that is known.
+bool isSame(const ProcessSnapshot& a, const ProcessSnapshot& b) {
+    return !a.startTime || !b.startTime || *a.startTime == *b.startTime;
+}
+
 }  // namespace
 
 ProcessManager::ProcessManager(const Ports& ports, const Executors& executors)
@@ -55,7 +60,7 @@ ProcessManager::ReniceResult ProcessManager::renice(const ProcessSnapshot& snaps
     }
     logger.info("renice succeeded: pid={} nice={}", pid, nice);
     const auto listed = std::ranges::find(*processes, pid, &ProcessSnapshot::pid);
-    if (listed == processes->end()) {
+    if (listed == processes->end() || !isSame(*listed, snapshot)) {
         ProcessSnapshot changed = snapshot;
         changed.nice = nice;
         return changed;

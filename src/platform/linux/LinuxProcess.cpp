@@ -81,6 +81,7 @@ void LinuxProcess::learnProgram(ProcFolder& folder) {
     if (!stat_.hasProgram()) return;
     sightings_ = 0;
     path_ = folder.executable(pid_);
+    if (path_) name_ = comm_;
     if (comm_.size() != commLimit) return;
     const std::string path = path_.value_or("");
     auto whole = wholeName(comm_, path, {});

@@ -19,6 +19,12 @@ namespace {
 constexpr long procMagic = 0x9fa0;
 constexpr std::string_view deletedMark = " (deleted)";
 
+/// Whether the file is the kernel's own. In a container another program may tell in its place.
+bool isKernelsFile(const std::string& path) {
+    struct statfs system{};
+    return ::statfs(path.c_str(), &system) == 0 && system.f_type == procMagic;
+}
+
 /// "PID/name" without an allocation.
 class ProcessFile {
 public:
@@ -42,12 +48,11 @@ bool ProcFolder::open() {
     if (folder_) return true;
     folder_ = FileDescriptor(::open(path_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder_) return false;
-    struct statfs system{};
     std::array<char, 16> self{};
     const auto length = ::readlinkat(folder_.get(), "self", self.data(), self.size());
     const auto number =
         parseUnsigned({self.data(), static_cast<std::size_t>(length > 0 ? length : 0)});
-    isKernels_ = ::fstatfs(folder_.get(), &system) == 0 && system.f_type == procMagic && number &&
+    isKernels_ = isKernelsFile(path_) && isKernelsFile(path_ + "/loadavg") && number &&
                  *number == static_cast<std::uint64_t>(::getpid());
     return true;
 }
@@ -84,10 +89,8 @@ std::optional<std::string> ProcFolder::executable(std::int32_t pid) {
         ::readlinkat(folder_.get(), ProcessFile(pid, "exe").text(), buffer_.data(), buffer_.size());
     if (length <= 0) return std::nullopt;
     std::string path(buffer_.data(), static_cast<std::size_t>(length));
-    struct stat named{};
-    // A file may be called so.
-    if (path.ends_with(deletedMark) && ::lstat(path.c_str(), &named) != 0)
-        path.resize(path.size() - deletedMark.size());
+    // A file may be called so; to ask for it could wait for a drive that does not answer.
+    if (path.ends_with(deletedMark)) path.resize(path.size() - deletedMark.size());
     return path;
 }
 

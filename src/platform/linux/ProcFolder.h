@@ -21,7 +21,8 @@ public:
     /// Opens the folder where that has not worked yet. False, with errno, where it does not.
     [[nodiscard]] bool open();
     [[nodiscard]] int descriptor() const { return folder_.get(); }
-    /// Whether it is the kernel's, and tells the numbers that this program knows.
+    /// Whether it and the averages in it are the kernel's, and tell the numbers that this program
+    /// knows.
     [[nodiscard]] bool isKernels() const { return isKernels_; }
 
     /// /proc/PID/stat; none, with errno, where it cannot be opened.

@@ -16,8 +16,10 @@ namespace vtx {
 namespace {
 
 constexpr std::size_t entriesBytes = std::size_t{32} << 10;
-/// Within this time a machine does not use up its numbers and begin anew.
+/// Within this time a machine hardly uses up its numbers and begins anew.
 constexpr Duration longestPause = std::chrono::seconds(10);
+/// One that gives more between two listings may, and then passes the last one unnoticed.
+constexpr std::int32_t mostNumbers = 4096;
 constexpr int somePerAll = 16;
 
 /// One entry of a folder, as the kernel writes it: inode, position of the next one, length, type,
@@ -91,7 +93,7 @@ std::optional<std::int32_t> ProcessListing::lastPid() {
 
 bool ProcessListing::knowsOthers(std::optional<std::int32_t> last) const {
     return last && zeroAt_ && beforeLast_ && atLast_ && *last >= *atLast_ &&
-           *atLast_ >= *beforeLast_ && sinceAll_ < somePerAll &&
+           *last - *atLast_ <= mostNumbers && *atLast_ >= *beforeLast_ && sinceAll_ < somePerAll &&
            clock_.continuous() - lastAt_ <= longestPause;
 }
 

@@ -19,8 +19,8 @@ class Clock;
 /// Which processes there are. Walking all of /proc costs the kernel nearly half of what reading
 /// every process does, so mostly only those are walked that can be new: the kernel gives numbers in
 /// ascending order and tells the last one it gave, and the position in the folder is the number.
-/// The whole folder is walked at first, now and then, after a pause, and wherever that does not
-/// hold. One thread at a time.
+/// The whole folder is walked at first, now and then, after a pause, after many new numbers, and
+/// wherever that does not hold. One thread at a time.
 class ProcessListing {
 public:
     enum class Extent {

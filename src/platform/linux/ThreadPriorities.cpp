@@ -28,18 +28,22 @@ class HeldProcess {
 public:
     explicit HeldProcess(std::int32_t pid)
         : descriptor_(static_cast<int>(::syscall(SYS_pidfd_open, pid, 0))),
-          isSupported_(descriptor_ || errno != ENOSYS) {}
+          isThread_(!descriptor_ && (errno == EINVAL || errno == ENOENT)),
+          isGone_(!descriptor_ && !isThread_ && errno == ESRCH) {}
 
+    /// Taken for granted where it cannot be held on to: an older kernel, a filter of calls, no
+    /// descriptor left.
     [[nodiscard]] bool isThere() const {
-        if (!isSupported_) return true;
-        return descriptor_ &&
-               (::syscall(SYS_pidfd_send_signal, descriptor_.get(), 0, nullptr, 0) == 0 ||
-                errno != ESRCH);
+        if (isThread_ || isGone_) return false;
+        return !descriptor_ ||
+               ::syscall(SYS_pidfd_send_signal, descriptor_.get(), 0, nullptr, 0) == 0 ||
+               errno != ESRCH;
     }
 
 private:
     FileDescriptor descriptor_;
-    bool isSupported_;
+    bool isThread_;  ///< the number is a thread's, of whatever process
+    bool isGone_;
 };
 
 std::optional<int> niceOf(id_t thread) {

@@ -49,7 +49,10 @@ ProcessDetails SimulatedProcessTable::details(std::int32_t pid) {
     auto found = std::find_if(listed_.begin() + static_cast<std::ptrdiff_t>(next_), listed_.end(),
                               [pid](const auto& process) { return process.pid == pid; });
     if (found == listed_.end()) found = std::ranges::find(listed_, pid, &SimulatedProcess::pid);
-    if (found == listed_.end()) return details;
+    if (found == listed_.end()) {
+        details.priorityError = valueOf(std::errc::no_such_process);
+        return details;
+    }
     next_ = static_cast<std::size_t>(found - listed_.begin()) + 1;
     answered_ = *found;
     if (!answered_.refusesName) details.name = answered_.name;

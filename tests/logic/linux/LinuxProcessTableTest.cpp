@@ -134,10 +134,9 @@ TEST_F(LinuxProcessTables, a_deleted_executable_has_the_path_that_it_had) {
     tree.put({.pid = 300});
     tree.link(300, "/opt/no such folder/x (deleted)");
     EXPECT_EQ(details(300).path, "/opt/no such folder/x");
-    tree.write("/y (deleted)", "");
     tree.put({.pid = 301});
-    tree.link(301, tree.path() + "/y (deleted)");
-    EXPECT_EQ(details(301).path, tree.path() + "/y (deleted)");
+    tree.link(301, "/opt/x (deleted) (deleted)");
+    EXPECT_EQ(details(301).path, "/opt/x (deleted)");
 }
 
 TEST_F(LinuxProcessTables, a_name_that_the_kernel_cut_is_made_whole) {
@@ -147,6 +146,25 @@ TEST_F(LinuxProcessTables, a_name_that_the_kernel_cut_is_made_whole) {
     tree.put({.pid = 301, .comm = "gnome-terminal-"});
     tree.put(301, "cmdline", std::string_view("python3\0/x/gnome-terminal-helper\0", 33));
     EXPECT_EQ(details(301).name, "gnome-terminal-helper");
+}
+
+TEST_F(LinuxProcessTables, a_whole_name_ends_with_the_program_that_had_it) {
+    tree.put({.pid = 300, .comm = "gnome-terminal-"});
+    tree.link(300, "/usr/libexec/gnome-terminal-server");
+    (void)details(300);
+    tree.put({.pid = 300, .comm = "gnome-terminal-", .startStack = 16384});
+    tree.link(300, "/opt/gnome-terminal-");
+    EXPECT_EQ(details(300).name, "gnome-terminal-");
+}
+
+TEST_F(LinuxProcessTables, a_program_that_hides_its_file_keeps_its_whole_name) {
+    tree.put({.pid = 300, .comm = "gnome-terminal-"});
+    tree.link(300, "/usr/libexec/gnome-terminal-server");
+    (void)details(300);
+    tree.put({.pid = 300, .comm = "gnome-terminal-", .startCode = 1, .startStack = 0});
+    std::filesystem::remove(tree / "proc/300/exe");
+    EXPECT_EQ(details(300).name, "gnome-terminal-server");
+    EXPECT_EQ(table->details(300).path, std::nullopt);
 }
 
 TEST_F(LinuxProcessTables, what_has_ended_keeps_its_whole_name) {

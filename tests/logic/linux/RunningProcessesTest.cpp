@@ -211,6 +211,19 @@ TEST_F(RunningProcesses, as_a_rule_only_what_can_be_new_is_walked) {
     EXPECT_FALSE(std::ranges::binary_search(next.pids, 1));
 }
 
+TEST_F(RunningProcesses, after_many_new_numbers_everything_is_walked) {
+    using enum ProcessListing::Extent;
+    ProcFolder folder(root);
+    ASSERT_TRUE(folder.open());
+    if (!folder.isKernels()) GTEST_SKIP() << "/proc is another process's view";
+    ProcessListing listing(root, clock);
+    EXPECT_EQ(listing.next(folder).extent, all);
+    EXPECT_EQ(listing.next(folder).extent, all);
+    // A thread takes a number as a process does.
+    for (int i = 0; i <= 4096; ++i) std::thread([] {}).join();
+    EXPECT_EQ(listing.next(folder).extent, all);
+}
+
 TEST_F(RunningProcesses, what_has_ended_and_is_not_forgotten_holds_no_memory) {
     Child child;
     ASSERT_TRUE(find(child.pid()));
@@ -286,6 +299,20 @@ TEST_F(RunningProcesses, what_is_not_there_is_not_given_a_priority) {
     EXPECT_EQ(table.setpriority(pid, std::nullopt, 5), ESRCH);
     EXPECT_EQ(table.setpriority(0, std::nullopt, 5), ESRCH);
     EXPECT_EQ(table.setpriority(-1, std::nullopt, 5), ESRCH);
+}
+
+TEST_F(RunningProcesses, one_that_cannot_be_held_for_want_of_descriptors_is_changed_all_the_same) {
+    const Child child;
+    ASSERT_TRUE(child.isReady());
+    rlimit usual{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+    rlimit none = usual;
+    none.rlim_cur = 0;
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    const int error = table.setpriority(child.pid(), std::nullopt, 19);
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
+    EXPECT_EQ(error, 0);
+    EXPECT_EQ(niceOf(child.pid()), 19);
 }
 
 TEST_F(RunningProcesses, an_ordinary_user_may_not_raise_a_priority_again) {

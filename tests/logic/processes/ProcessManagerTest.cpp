@@ -248,6 +248,21 @@ TEST(ProcessRenice, does_not_touch_another_process_that_has_the_number_by_now) {
     EXPECT_EQ(m.running.find(200)->nice, 0);
 }
 
+TEST(ProcessRenice, does_not_show_in_the_row_of_another_process_that_had_the_number) {
+    Managed m;
+    auto first = application(200);
+    first.startTime = 1;
+    m.running.add(first);
+    m.refresh();
+    m.running.change(200, [](auto& process) { process.startTime = 2; });
+    ProcessSnapshot second = m.listed(200);
+    second.startTime = 2;
+    const auto result = m.manager.renice(second, 5);
+    second.nice = 5;
+    EXPECT_EQ(std::get<ProcessSnapshot>(result), second);
+    EXPECT_EQ(m.listed(200).nice, 0);
+}
+
 TEST(ProcessRenice, during_a_sample_is_overwritten_and_corrected_by_the_next) {
     Managed m;
     m.running.add(application(200));
