@@ -3,12 +3,16 @@
 
 #include <fmt/format.h>
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <stdexcept>
 
 #include "pass/ThreadClock.h"
 #include "platform/HostInfo.h"
 #include "platform/IORegistry.h"
 #include "platform/NetworkInterfaces.h"
+#include "platform/Sysctl.h"
 #include "platform/linux/BlockDevices.h"
 
 namespace vtx::bench {
@@ -25,6 +29,14 @@ LinuxPlatform::Options optionsWith(const std::filesystem::path& configFolder) {
 
 bool readProcessors(const Ports& ports) {
     return ports.hostInfo.processorLoadInfo().result == kernSuccess;
+}
+
+bool readMemory(const Ports& ports) {
+    std::array<std::uint32_t, 104> pages{};
+    std::array<std::byte, 32> swap{};
+    std::size_t size = swap.size();
+    return ports.hostInfo.statistics64(hostVMInfo64, pages).result == kernSuccess &&
+           ports.sysctl.sysctlbyname("vm.swapusage", swap, size) == 0;
 }
 
 bool readDisks(const Ports& ports) {
@@ -46,6 +58,14 @@ bool readNetwork(const Ports& ports) {
     return error == 0;
 }
 
+std::vector<std::string> memoryFiles(const LinuxRoot& root) {
+    std::vector<std::string> files{"/proc/meminfo"};
+    for (const auto& device : root.list("/sys/block"))
+        if (device.starts_with("zram"))
+            files.push_back(fmt::format("/sys/block/{}/mm_stat", device));
+    return files;
+}
+
 std::vector<std::string> diskFiles(const LinuxRoot& root) {
     std::vector<std::string> files;
     for (const auto& disk : listBlockDevices(root))
@@ -57,6 +77,8 @@ std::vector<std::string> diskFiles(const LinuxRoot& root) {
 
 SystemMeter::SystemMeter() : platform_(loop_, loop_.executor(), optionsWith(settings_.path())) {
     add({"processors", readProcessors, {"/proc/stat"}});
+    // Pressure is told by triggers and costs nothing between events.
+    add({"memory", readMemory, memoryFiles(root_)});
     add({"disks", readDisks, diskFiles(root_)});
     add({"network", readNetwork, {"/proc/net/dev"}});
 }

@@ -186,10 +186,8 @@ void addTimes(BatteryState& state, std::span<const BatteryFacts> facts,
         if (state.minutesToFull) return;
         const auto now = sum(batteries, &Battery::energy);
         const auto full = sum(batteries, &Battery::energyFull);
-        const Number missing = now && full ? Number(*full - *now) : std::nullopt;
-        state.minutesToFull = minutesAt(missing, batteries, Status::charging);
-    } else if (std::ranges::find(batteries, Status::discharging, &Battery::status) !=
-               batteries.end()) {
+        if (now && full) state.minutesToFull = minutesAt(*full - *now, batteries, Status::charging);
+    } else if (state.powersMachine) {
         if (facts.size() == 1) state.minutesToEmpty = minutes(facts[0].secondsToEmpty);
         if (state.minutesToEmpty) return;
         state.minutesToEmpty =
@@ -221,6 +219,8 @@ BatteryState mergeBatteries(std::span<const BatteryFacts> batteries) {
     BatteryState state;
     state.percent = percentOf(facts, known);
     state.isCharging = isCharging(known);
+    state.powersMachine =
+        std::ranges::find(known, Status::discharging, &Battery::status) != known.end();
     addTimes(state, facts, known);
     state.currentMAh = inThousandths(sum(known, &Battery::charge));
     state.maxMAh = inThousandths(sum(known, &Battery::chargeFull));

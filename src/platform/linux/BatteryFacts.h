@@ -36,6 +36,7 @@ struct BatteryFacts {
 struct BatteryState {
     std::optional<std::int64_t> percent;         ///< 0 to 100
     std::optional<bool> isCharging;              ///< absent where no battery says what it does
+    bool powersMachine = false;                  ///< one discharges, and no supply is online
     std::optional<std::int64_t> minutesToEmpty;  ///< only while discharging
     std::optional<std::int64_t> minutesToFull;   ///< only while charging
     std::optional<std::int64_t> currentMAh, maxMAh, designMAh;
@@ -50,7 +51,8 @@ struct BatteryState {
 /// Merges those that are present. Energy becomes charge by the design voltage; the sign of the
 /// current is the status's; a capacity that is much below what is in it is refused with it; times
 /// come from energy and power where the driver gives none, and beyond a hundred hours from nowhere.
-/// Voltage and temperature are those of the battery in use.
+/// Voltage and temperature are those of the battery in use. Nothing is known of supplies here: the
+/// batteries power the machine where one discharges.
 [[nodiscard]] BatteryState mergeBatteries(std::span<const BatteryFacts> batteries);
 
 }  // namespace vtx

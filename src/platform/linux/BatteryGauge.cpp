@@ -7,6 +7,8 @@ namespace vtx {
 namespace {
 
 constexpr Duration sameMoment = std::chrono::milliseconds(20);
+/// Longer than between two passes that ask.
+constexpr Duration pause = std::chrono::seconds(3);
 constexpr Duration patience = std::chrono::milliseconds(50);
 
 }  // namespace
@@ -34,8 +36,10 @@ std::optional<BatteryState> BatteryGauge::state() {
     const std::lock_guard lock(mutex_);
     const auto now = clock_.continuous();
     if (lastTime_ && now - *lastTime_ <= sameMoment) return last_;
-    last_ = reads_.latest();
-    if (!last_ && mayWait_) last_ = reads_.read();
+    const bool isAfterPause = lastTime_ && now - *lastTime_ > pause;
+    if (isAfterPause && mayWait_) last_ = reads_.read();
+    if (!isAfterPause || !last_) last_ = reads_.latest();
+    if (!isAfterPause && !last_ && mayWait_) last_ = reads_.read();
     mayWait_ = last_.has_value();
     lastTime_ = now;
     return last_;

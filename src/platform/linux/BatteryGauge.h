@@ -16,8 +16,9 @@
 namespace vtx {
 
 /// The batteries for both ports that tell of them, read on the thread for what may block: asking
-/// gives what the last read found and causes the next one. After a pause, when what was found has
-/// grown old, asking waits for a moment, once. Any thread; owned by the platform.
+/// gives what the last read found and causes the next one. After a pause of some seconds, when what
+/// was found may be true no more, asking waits for a moment, once. Any thread; owned by the
+/// platform.
 class BatteryGauge {
 public:
     /// `worker` reads, and outlives the gauge.

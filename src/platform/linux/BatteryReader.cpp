@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/BatteryReader.h"
 
+#include <algorithm>
 #include <array>
 
 namespace vtx {
@@ -50,6 +51,17 @@ std::vector<std::string> findBatteries(const LinuxRoot& root) {
     return folders;
 }
 
+bool isSupplyOnline(const LinuxRoot& root) {
+    return std::ranges::any_of(root.list(suppliesFolder), [&root](const std::string& name) {
+        const auto folder = std::string(suppliesFolder).append(name);
+        const auto type = root.readText(folder + "/type").value_or("");
+        // USB_PD, USB_C and the like are kinds of their own on older kernels.
+        const bool isSupply = type == "Mains" || type.starts_with("USB") || type == "Wireless";
+        return isSupply && root.readText(folder + "/scope") != "Device" &&
+               root.readUnsigned(folder + "/online").value_or(0) > 0;
+    });
+}
+
 std::optional<BatteryState> BatteryReader::read() {
     if (const auto now = changes_->generation(); now != generation_) {
         generation_ = now;
@@ -61,7 +73,9 @@ std::optional<BatteryState> BatteryReader::read() {
     for (Battery& battery : batteries_)
         if (const auto told = factsOf(battery)) facts.push_back(*told);
     if (facts.empty()) return std::nullopt;
-    return mergeBatteries(facts);
+    auto state = mergeBatteries(facts);
+    state.powersMachine = state.powersMachine && !isSupplyOnline(root_);
+    return state;
 }
 
 std::optional<BatteryFacts> BatteryReader::factsOf(Battery& battery) const {

@@ -18,8 +18,12 @@ namespace vtx {
 /// headsets (scope "Device") are none of it, nor is an empty slot. May block for some milliseconds.
 [[nodiscard]] std::vector<std::string> findBatteries(const LinuxRoot& root);
 
+/// Whether mains, USB or the like feeds the machine itself. May block as well.
+[[nodiscard]] bool isSupplyOnline(const LinuxRoot& root);
+
 /// Reads the batteries: all that one tells by one `pread` of its `uevent`, kept open. A driver that
 /// fails one of its figures fails that file, and then each figure is read from a file of its own.
+/// The supplies are asked only while a battery discharges.
 /// Looks for batteries at first and when devices changed. The firmware answers, which may take
 /// long; one thread at a time. Owns all that it uses.
 class BatteryReader {

@@ -30,10 +30,11 @@ struct LinkFacts {
 /// | loopback | ARPHRD_LOOPBACK |
 /// | cellular | device type or driver "wwan", "rmnet" |
 /// | wifi | device type "wlan", a wireless folder, ARPHRD_IEEE80211 and those behind it |
-/// | vpn | drivers "wireguard", "tun", "ovpn", "ppp", "xfrm", "vti", "vti6"; ARPHRD_PPP; a "tun"
-/// that is a port of a bridge is a virtual machine's and no vpn | | ethernet | ARPHRD_ETHER with
-/// hardware and without a driver of the above or below | | other | all else: bridges, bonds,
-/// virtual cables, tunnels in the clear |
+/// | vpn | drivers "wireguard", "tun", "ovpn", "ppp", "xfrm", "vti", "vti6"; ARPHRD_PPP |
+/// | ethernet | ARPHRD_ETHER with hardware behind it and without a driver kind |
+/// | other | all else: bridges, bonds, virtual cables, tunnels in the clear |
+///
+/// A "tun" with whole frames that is a port of a bridge is a virtual machine's cable and no vpn.
 [[nodiscard]] LinkKind kindOf(const KernelLink& link, const LinkFacts& facts);
 
 }  // namespace vtx

@@ -59,7 +59,7 @@ struct LinuxPlatform::Members {
           pressureTriggers(root),
           memoryPressure(root, loop, clock, pressureTriggers, memInfo),
           networkInterfaces(root),
-          powerSources(root, battery),
+          powerSources(battery),
           processInfo(root, options.environment, bus),
           processTable(root, clock),
           sysctl(root, processors, memInfo),

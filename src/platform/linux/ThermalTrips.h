@@ -29,9 +29,11 @@ struct TripPoint {
 ///
 /// | level | from |
 /// |---|---|
-/// | critical | the hot trip point, and 5 degrees below the critical one, at which the kernel shuts
-/// down | | serious | the passive one, at which the kernel slows the machine down; without it 10
-/// degrees below the critical one | | fair | 5 degrees below serious |
+/// | critical | the hot trip point, or 5 degrees below the critical one where that is lower |
+/// | serious | the passive one; without it 10 degrees below the critical one |
+/// | fair | 5 degrees below serious |
+///
+/// At the passive one the kernel slows the machine down, at the critical one it shuts it down.
 struct ThermalThresholds {
     std::optional<MilliCelsius> fair, serious, critical;
     MilliCelsius hysteresis = 0;  ///< a level is left this much below its threshold

@@ -96,6 +96,7 @@ TEST(Battery, the_older_recorded_laptop_tells_its_percentage_alone) {
     BatteryState expected;
     expected.percent = 71;
     expected.isCharging = false;
+    expected.powersMachine = true;
     EXPECT_EQ(readFixture("intel-hybrid-laptop-6.12"), expected);
     EXPECT_EQ(readFixture("virtual-server-6.18"), std::nullopt);
 }
@@ -205,7 +206,7 @@ struct Ports {
     std::shared_ptr<Changes> changes = std::make_shared<Changes>();
     BatteryGauge gauge{root, clock, worker, changes};
     BatterySource source{gauge};
-    LinuxPowerSources sources{root, gauge};
+    LinuxPowerSources sources{gauge};
 
     std::optional<PropertyMap> entry() {
         const auto services = source.services();
@@ -265,6 +266,28 @@ TEST(BatteryGauge, both_ports_share_one_read_and_the_next_tick_has_a_new_one) {
     static_cast<void>(ports.gauge.state());
     ports.clock.advanceBy(1s);
     EXPECT_EQ(ports.gauge.state()->percent, 51);
+}
+
+TEST(BatteryGauge, after_a_pause_of_some_seconds_the_state_is_of_this_moment) {
+    const TemporaryTree tree;
+    tree.write("/sys/class/power_supply/BAT0/type", "Battery\n");
+    const auto write = [&tree](std::string_view status) {
+        tree.write("/sys/class/power_supply/BAT0/status", status);
+    };
+    write("Discharging\n");
+    Ports ports(tree.path());
+    const auto type = [&ports] {
+        return ports.sources.copyPowerSourcesInfo()->providingPowerSourceType();
+    };
+    EXPECT_EQ(type(), "Battery Power");
+    write("Charging\n");
+    ports.clock.advanceBy(1s);
+    EXPECT_EQ(type(), "Battery Power") << "what the last read found, which nobody waits for";
+    ports.clock.advanceBy(1s);
+    EXPECT_EQ(type(), "AC Power");
+    write("Discharging\n");
+    ports.clock.advanceBy(5s);
+    EXPECT_EQ(type(), "Battery Power");
 }
 
 TEST(BatteryGauge, a_battery_that_is_taken_out_takes_its_entry_with_it) {

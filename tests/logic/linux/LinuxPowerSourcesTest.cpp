@@ -15,10 +15,7 @@ std::string sourceOf(const std::string& folder) {
     const ManualClock clock;
     AtOnceExecutor worker;
     BatteryGauge gauge(root, clock, worker, std::make_shared<NoChanges>());
-    return LinuxPowerSources(root, gauge)
-        .copyPowerSourcesInfo()
-        ->providingPowerSourceType()
-        .value();
+    return LinuxPowerSources(gauge).copyPowerSourcesInfo()->providingPowerSourceType().value();
 }
 
 /// A machine with the supplies that a test gives it.
