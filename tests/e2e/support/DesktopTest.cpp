@@ -22,9 +22,9 @@ void DesktopTest::TearDown() {
         std::printf("On the accessibility bus:\n%s", one.drawing().c_str());
 }
 
-void DesktopTest::start(const std::string& program, const std::string& name) {
+void DesktopTest::start(std::vector<std::string> command, const std::string& name) {
     applicationName = name;
-    vantrix = desktop.start({program});
+    vantrix = desktop.start(std::move(command));
     ASSERT_TRUE(eventually([this] { return spokenCpu().has_value(); }))
         << "the strip said no percentage";
 }

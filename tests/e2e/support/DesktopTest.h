@@ -17,7 +17,10 @@ protected:
     void TearDown() override;
 
     /// Starts the program and waits for its strip.
-    void start(const std::string& program, const std::string& name);
+    void start(const std::string& program, const std::string& name) {
+        start(std::vector{program}, name);
+    }
+    void start(std::vector<std::string> command, const std::string& name);
     void startVantrix() { start(VANTRIX_PROGRAM, "vantrix"); }
 
     /// The strip on the accessibility bus; absent until it is there.
