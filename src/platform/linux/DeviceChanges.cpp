@@ -3,6 +3,7 @@
 
 #include <linux/netlink.h>
 #include <sys/socket.h>
+#include <time.h>
 
 #include <algorithm>
 #include <array>
@@ -15,6 +16,8 @@ namespace {
 constexpr unsigned kernelGroup = 1;
 /// More than wait in a socket of the usual size; those beyond are taken the next time.
 constexpr int messagesAtOnce = 4096;
+/// All who ask within one pass share a look.
+constexpr auto betweenLooks = std::chrono::milliseconds(100);
 
 FileDescriptor openSocket() {
     FileDescriptor socket(
@@ -41,15 +44,24 @@ std::uint64_t KernelDeviceChanges::generation() {
     if (generation_ == 0) {
         socket_ = openSocket();
         generation_ = 1;
-    } else if (socket_ && takeAnnouncements()) {
+    } else if (socket_ && isTimeToLook() && takeAnnouncements()) {
         ++generation_;
     }
     return generation_;
 }
 
+bool KernelDeviceChanges::isTimeToLook() {
+    timespec now{};
+    if (::clock_gettime(CLOCK_MONOTONIC_COARSE, &now) != 0) return true;
+    const auto time = std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+    if (time - lookedAt_ < betweenLooks) return false;
+    lookedAt_ = time;
+    return true;
+}
+
 bool KernelDeviceChanges::takeAnnouncements() {
     bool changed = false;
-    std::array<char, 4096> message{};
+    std::array<char, 4096> message;  // NOLINT: what is received fills it as far as it is read
     for (int taken = 0; taken < messagesAtOnce; ++taken) {
         sockaddr_nl sender{};
         socklen_t size = sizeof(sender);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <mutex>
 #include <string_view>
@@ -27,18 +28,20 @@ public:
 [[nodiscard]] bool announcesDeviceChange(std::string_view message);
 
 /// By the announcements of the kernel, which wait in a socket until somebody asks: they wake
-/// nobody. Where too many waited some are lost, which counts as a change. Where the kernel refuses
-/// the socket nothing ever changes.
+/// nobody. The socket is looked into at most ten times a second. Where too many waited some are
+/// lost, which counts as a change. Where the kernel refuses the socket nothing ever changes.
 class KernelDeviceChanges final : public DeviceChanges {
 public:
     [[nodiscard]] std::uint64_t generation() override;
 
 private:
+    [[nodiscard]] bool isTimeToLook();
     [[nodiscard]] bool takeAnnouncements();
 
     std::mutex mutex_;  ///< of all below
     FileDescriptor socket_;
-    std::uint64_t generation_ = 0;  ///< 0 before the first call
+    std::uint64_t generation_ = 0;         ///< 0 before the first call
+    std::chrono::nanoseconds lookedAt_{};  ///< since the machine started
 };
 
 }  // namespace vtx
