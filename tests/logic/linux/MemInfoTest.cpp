@@ -49,7 +49,7 @@ TEST(MemInfo, the_recorded_server_is_understood) {
 }
 
 TEST(MemInfo, used_is_exactly_what_is_not_available) {
-    for (const std::uint64_t pageSize : {4096, 16'384, 65'536}) {
+    for (const std::uint64_t pageSize : {4096U, 16'384U, 65'536U}) {
         const auto pages = pageCountsOf(usualInfo(), 0, pageSize);
         const std::uint64_t perPage = pageSize / 1024;
         EXPECT_EQ(usedOf(pages), 1'000'000 / perPage - 600'000 / perPage) << pageSize;
