@@ -20,7 +20,8 @@ namespace {
 constexpr Logger logger{"MetricsCoordinator"};
 constexpr double batterySaverFactor = 2.0;
 constexpr Duration bridgeInterval = std::chrono::milliseconds(50);
-constexpr Duration processInterval = std::chrono::seconds(5);
+// Not in nanoseconds, in which the time since the distant past has no room.
+constexpr std::chrono::seconds processInterval{5};
 
 }  // namespace
 

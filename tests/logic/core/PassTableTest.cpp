@@ -27,7 +27,8 @@ TEST(PassNeeds, an_idle_pass_in_battery_saver_asks_the_platform_for_what_backgro
     reference.settle();
     reference.platform.resetCalls();
     reference.advance(seconds(1));
-    EXPECT_EQ(callsIn(PollingMode::batterySaver), reference.platform.instruments.counter.all());
+    const auto expected = reference.platform.instruments.counter.all();
+    EXPECT_EQ(callsIn(PollingMode::batterySaver), expected);
 }
 
 TEST(PassNeeds, the_processor_is_sampled_only_while_something_asks_for_it) {
