@@ -31,12 +31,29 @@ std::optional<double> PacedSensor::value() {
         if (file_->tryRead(value)) {
             const Instant after = now_();
             pace_->note(ReadPace::Reader::caller, after - before, after);
+            keep(value, after);
             // The next call finds something at the worker's.
             if (!pace_->isFast(after)) (void)slow_.latest();
             return value;
         }
     }
-    return isFirst && isWorthWaiting() ? first() : slow_.latest();
+    return isFirst && isWorthWaiting() ? first() : later(before);
+}
+
+std::optional<double> PacedSensor::later(Instant now) {
+    const auto answers = slow_.answers();
+    const auto value = slow_.latest();
+    const std::lock_guard lock(mutex_);
+    if (answers != ownAnswers_) return value;
+    return now - ownAt_ <= SlowRead<double>::longestAge ? own_ : std::nullopt;
+}
+
+void PacedSensor::keep(std::optional<double> value, Instant now) {
+    const auto answers = slow_.answers();
+    const std::lock_guard lock(mutex_);
+    own_ = value;
+    ownAt_ = now;
+    ownAnswers_ = answers;
 }
 
 bool PacedSensor::isWorthWaiting() const {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
+#include <mutex>
 #include <optional>
 
 #include "base/Clock.h"
@@ -39,6 +41,8 @@ public:
 private:
     [[nodiscard]] bool isWorthWaiting() const;
     [[nodiscard]] std::optional<double> first();
+    [[nodiscard]] std::optional<double> later(Instant now);
+    void keep(std::optional<double> value, Instant now);
 
     const std::shared_ptr<SensorFile> file_;
     const std::shared_ptr<ReadPace> pace_;
@@ -47,6 +51,11 @@ private:
     const FirstCall firstCall_;
     SlowRead<double> slow_;
     std::atomic<bool> wasAsked_ = false;
+    /// What a caller read itself last; counts until the worker has answered after it.
+    std::mutex mutex_;  ///< of all below
+    std::optional<double> own_;
+    Instant ownAt_{};
+    std::uint64_t ownAnswers_ = 0;  ///< of the worker by then
 };
 
 }  // namespace vtx

@@ -71,6 +71,11 @@ public:
         return value;
     }
 
+    /// How many reads have ended, whatever they gave.
+    [[nodiscard]] std::uint64_t answers() const {
+        return state_->locked([&state = *state_] { return state.answers; });
+    }
+
 private:
     /// Shared with the read under way.
     struct State {

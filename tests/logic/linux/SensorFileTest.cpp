@@ -227,6 +227,19 @@ TEST_F(PaceOfASensor, that_becomes_slow_is_asked_at_the_worker_before_the_next_c
     EXPECT_EQ(paced->value(), 52.0);
 }
 
+TEST_F(PaceOfASensor, whose_chip_turned_slow_by_another_keeps_its_value_until_the_worker_answers) {
+    start();
+    (void)paced->value();
+    worker.drain();
+    set("temp1_input", "60000\n");
+    EXPECT_EQ(paced->value(), 60.0);
+    pace->note(ReadPace::Reader::caller, seconds(1), *bench.time);
+    EXPECT_EQ(paced->value(), 60.0);
+    set("temp1_input", "61000\n");
+    EXPECT_EQ(worker.drain(), 1u);
+    EXPECT_EQ(paced->value(), 61.0);
+}
+
 /// How many of ten sensors of one chip tell a value when they are first asked.
 struct FirstCallsToAChip : PaceOfASensor {
     [[nodiscard]] int answered(PacedSensor::FirstCall firstCall) {
