@@ -14,6 +14,8 @@ struct DisturbedTable final : ProcessTable {
     explicit DisturbedTable(ProcessTable& table) : table_(table) {}
 
     std::function<void()> afterFill;
+    /// The unit of processor time, where it is another one.
+    std::optional<MachTimebaseInfo> timebase;
     /// Processes that have ended by the time their details are asked for.
     std::vector<std::int32_t> ended;
 
@@ -29,7 +31,7 @@ struct DisturbedTable final : ProcessTable {
         return nothing;
     }
     [[nodiscard]] MachTimebaseInfo machTimebaseInfo() const override {
-        return table_.machTimebaseInfo();
+        return timebase.value_or(table_.machTimebaseInfo());
     }
     [[nodiscard]] std::uint32_t getuid() const override { return table_.getuid(); }
     [[nodiscard]] int setpriority(std::int32_t pid, std::optional<ProcessStartTime> start,
