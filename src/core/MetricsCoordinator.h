@@ -47,6 +47,8 @@ public:
     DiskIOMonitor& diskIO;
     FanMonitor& fan;
     ANEMonitor& ane;
+    AppEnergyService& appEnergy;
+    BackgroundHogDetector& hogDetector;
 
     /// What the user set. Each change is saved and put in force at once.
     Published<DisplayPreferences> preferences;
@@ -61,6 +63,9 @@ public:
     Published<HistorySeries> diskReadHistory{*this};
     Published<HistorySeries> diskWriteHistory{*this};
     Published<HistorySeries> aneHistory{*this};
+
+    /// What each process costs in energy, by pid, of the last pass that sampled processes.
+    Published<AppEnergyService::Impacts> energyByPID{*this};
 
     /// Identifier of the tile that compact mode shows: the metric that most deserves it.
     Published<std::string> criticalMetric{*this, "cpu"};
@@ -111,6 +116,7 @@ private:
 
     void applyLanguage();
     void applyAutoRelief();
+    void applyHogDetector();
     void installPreferenceSink();
     void observeSystemPower();
     void bridgeNestedMonitorChanges();

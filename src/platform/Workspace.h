@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "base/Subscription.h"
 
@@ -20,6 +22,10 @@ public:
 
     /// Tells after the machine woke.
     [[nodiscard]] virtual Subscription onDidWake(std::function<void()> handler) = 0;
+
+    /// The process of the application in front; absent where there is none, or none that the
+    /// platform tells of.
+    [[nodiscard]] virtual std::optional<std::int32_t> frontmostApplication() = 0;
 };
 
 }  // namespace vtx

@@ -10,6 +10,7 @@
 #include "platform/linux/TerminationSignals.h"
 #include "ui/shell/QtMainExecutor.h"
 #include "ui/shell/linux/QtRunLoop.h"
+#include "ui/shell/linux/X11FrontmostProcess.h"
 
 int main(int argc, char** argv) {
     vtx::LaunchOptions options;
@@ -26,7 +27,9 @@ int main(int argc, char** argv) {
     vtx::QtMainExecutor mainExecutor;
     vtx::QtRunLoop runLoop;
     vtx::LinuxDesktop desktop(runLoop, mainExecutor);
-    vtx::LinuxPlatform platform(runLoop, mainExecutor, {});
+    vtx::LinuxPlatform::Options machine;
+    machine.frontmostProcess = vtx::x11FrontmostProcess();
+    vtx::LinuxPlatform platform(runLoop, mainExecutor, machine);
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
     vtx::SerialExecutor blocking(vtx::LinuxPlatform::nameThread("vantrix-table"));
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });

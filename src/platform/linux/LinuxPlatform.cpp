@@ -67,7 +67,7 @@ struct LinuxPlatform::Members {
           unifiedLog(root, options.environment),
           userDefaults(options.configFolder),
           smc(root, sensorTools()),
-          workspace(bus, main) {}
+          workspace(bus, main, options.frontmostProcess) {}
 
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;

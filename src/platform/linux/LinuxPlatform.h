@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,6 +30,8 @@ public:
         /// The message bus; empty for the system's own.
         std::string busAddress;
         Environment environment = processEnvironment();
+        /// Asks the display which process is in front; empty where it does not tell.
+        std::function<std::optional<std::int32_t>()> frontmostProcess;
         /// Where what may block is read; null for a thread of the platform's own.
         Executor* slowReads = nullptr;
     };

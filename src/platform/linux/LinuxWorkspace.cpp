@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxWorkspace.h"
 
+#include <utility>
+
 namespace vtx {
 namespace {
 
@@ -12,8 +14,15 @@ const BusObject& loginManager() {
 
 }  // namespace
 
-LinuxWorkspace::LinuxWorkspace(SystemBus& bus, Executor& main)
-    : bus_(bus), main_(main), self_(std::make_shared<LinuxWorkspace*>(this)) {}
+LinuxWorkspace::LinuxWorkspace(SystemBus& bus, Executor& main, FrontmostProcess frontmost)
+    : bus_(bus),
+      main_(main),
+      frontmost_(std::move(frontmost)),
+      self_(std::make_shared<LinuxWorkspace*>(this)) {}
+
+std::optional<std::int32_t> LinuxWorkspace::frontmostApplication() {
+    return frontmost_ ? frontmost_() : std::nullopt;
+}
 
 Subscription LinuxWorkspace::onWillSleep(std::function<void()> handler) {
     auto token = willSleep_.subscribe(std::move(handler));

@@ -15,10 +15,16 @@ namespace vtx {
 /// Without a login manager nothing is ever told. Main executor; owned by the platform.
 class LinuxWorkspace final : public Workspace {
 public:
-    LinuxWorkspace(SystemBus& bus, Executor& main);
+    /// Asks the display which process has the window in front. Absent where that is not told.
+    using FrontmostProcess = std::function<std::optional<std::int32_t>()>;
+
+    /// Empty for a desktop whose display tells no program what is in front.
+    LinuxWorkspace(SystemBus& bus, Executor& main, FrontmostProcess frontmost = {});
 
     [[nodiscard]] Subscription onWillSleep(std::function<void()> handler) override;
     [[nodiscard]] Subscription onDidWake(std::function<void()> handler) override;
+
+    [[nodiscard]] std::optional<std::int32_t> frontmostApplication() override;
 
     /// Whether the machine's sleep waits for this process.
     [[nodiscard]] bool holdsInhibitor() const { return static_cast<bool>(inhibitor_); }
@@ -31,6 +37,7 @@ private:
 
     SystemBus& bus_;
     Executor& main_;
+    const FrontmostProcess frontmost_;
     Signal<> willSleep_;
     Signal<> didWake_;
     bool isListening_ = false;

@@ -15,6 +15,7 @@ public:
 
     [[nodiscard]] Subscription onWillSleep(std::function<void()> handler) override;
     [[nodiscard]] Subscription onDidWake(std::function<void()> handler) override;
+    [[nodiscard]] std::optional<std::int32_t> frontmostApplication() override;
 
 private:
     SimulatedMac& mac_;

@@ -170,5 +170,22 @@ TEST(LinuxWorkspace, without_a_bus_nothing_is_told_and_nothing_fails) {
     EXPECT_FALSE(workspace.holdsInhibitor());
 }
 
+TEST(LinuxWorkspace, who_is_in_front_is_asked_of_the_display_each_time) {
+    PollRunLoop loop;
+    SystemBus bus(loop, loop.executor(), "unix:path=/nonexistent");
+    std::optional<std::int32_t> front = 42;
+    LinuxWorkspace workspace(bus, loop.executor(), [&front] { return front; });
+    EXPECT_EQ(workspace.frontmostApplication(), 42);
+    front.reset();
+    EXPECT_EQ(workspace.frontmostApplication(), std::nullopt);
+}
+
+TEST(LinuxWorkspace, a_display_that_does_not_tell_has_nobody_in_front) {
+    PollRunLoop loop;
+    SystemBus bus(loop, loop.executor(), "unix:path=/nonexistent");
+    LinuxWorkspace workspace(bus, loop.executor());
+    EXPECT_EQ(workspace.frontmostApplication(), std::nullopt);
+}
+
 }  // namespace
 }  // namespace vtx::test

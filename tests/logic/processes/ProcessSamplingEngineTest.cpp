@@ -293,6 +293,7 @@ TEST(ProcessTableFetch, a_table_that_outgrows_its_headroom_is_measured_again) {
         }
         ProcessDetails details(std::int32_t pid) override { return s.table.details(pid); }
         MachTimebaseInfo machTimebaseInfo() const override { return {}; }
+        int procPidRusage(std::int32_t, RusageInfo&) const override { return 1; }
         std::uint32_t getuid() const override { return 0; }
         int setpriority(std::int32_t, std::optional<ProcessStartTime>, std::int32_t) override {
             return 0;

@@ -33,6 +33,9 @@ struct DisturbedTable final : ProcessTable {
     [[nodiscard]] MachTimebaseInfo machTimebaseInfo() const override {
         return timebase.value_or(table_.machTimebaseInfo());
     }
+    [[nodiscard]] int procPidRusage(std::int32_t pid, RusageInfo& info) const override {
+        return table_.procPidRusage(pid, info);
+    }
     [[nodiscard]] std::uint32_t getuid() const override { return table_.getuid(); }
     [[nodiscard]] int setpriority(std::int32_t pid, std::optional<ProcessStartTime> start,
                                   std::int32_t nice) override {
