@@ -44,7 +44,7 @@ AlertsService::AlertsService(const Ports& ports, Executor& main, UserNotificatio
     : clock_(ports.clock), center_(center), tasks_(main) {
     if (center_) return;
     if (!SystemInfoService::isRunningTests(ports.processInfo)) center_ = &ports.userNotifications;
-    tasks_.spawn([this](std::stop_token) { return requestPermissionIfNeeded(); });
+    tasks_.spawn([this](const std::stop_token&) { return requestPermissionIfNeeded(); });
 }
 
 Task<> AlertsService::requestPermissionIfNeeded() {
@@ -129,7 +129,7 @@ void AlertsService::evaluateOne(Metric metric, bool isAbove, Instant now, const 
 void AlertsService::send(std::string_view title, std::string body, Metric metric) {
     if (!center_) return;
     tasks_.spawn([this, title = std::string(title), body = std::move(body),
-                  metric](std::stop_token) { return deliver(title, body, metric); });
+                  metric](const std::stop_token&) { return deliver(title, body, metric); });
 }
 
 Task<> AlertsService::deliver(std::string title, std::string body, Metric metric) {
