@@ -29,6 +29,7 @@ int main(int argc, char** argv) {
     vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxPlatform::Options machine;
     machine.frontmostProcess = vtx::x11FrontmostProcess();
+    machine.session = &desktop.session();
     vtx::LinuxPlatform platform(runLoop, mainExecutor, machine);
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
     vtx::SerialExecutor blocking(vtx::LinuxPlatform::nameThread("vantrix-table"));

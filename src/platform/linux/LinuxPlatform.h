@@ -18,6 +18,8 @@
 
 namespace vtx {
 
+class SystemBus;
+
 /// Every port on the running Linux machine. Made first and destroyed last by the composition root,
 /// on the main executor; the run loop and the executor outlive it.
 class LinuxPlatform {
@@ -31,7 +33,9 @@ public:
         std::string busAddress;
         Environment environment = processEnvironment();
         /// Asks the display which process is in front; empty where it does not tell.
-        std::function<std::optional<std::int32_t>()> frontmostProcess;
+        std::function<std::optional<std::int32_t>()> frontmostProcess = {};
+        /// The bus of the user's session, which outlives the platform; null for none.
+        SystemBus* session = nullptr;
         /// Where what may block is read; null for a thread of the platform's own.
         Executor* slowReads = nullptr;
     };
