@@ -55,6 +55,7 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       ane(services_->ane),
       appEnergy(services_->appEnergy),
       hogDetector(services_->hogDetector),
+      workspace(ports.workspace),
       preferences(*this, DisplayPreferences::load(ports.userDefaults)),
       tasks_(executors.main) {
     applyAutoRelief();

@@ -15,6 +15,8 @@
 
 namespace vtx {
 
+class Workspace;
+
 /// The subsystems that are sampled only where something asks for them.
 enum class Subsystem { gpu, memory, temperature, thermal, disk, fan, ane };
 
@@ -50,6 +52,9 @@ public:
     ANEMonitor& ane;
     AppEnergyService& appEnergy;
     BackgroundHogDetector& hogDetector;
+
+    /// The user's session, for what the user asks of other programs.
+    Workspace& workspace;
 
     /// What the user set. Each change is saved and put in force at once.
     Published<DisplayPreferences> preferences;

@@ -70,6 +70,8 @@ inline constexpr std::string_view mallocZonePressureRelief = "malloc_zone_pressu
 
 /// Counted; cannot fail.
 inline constexpr std::string_view frontmostApplication = "workspace:frontmostApplication";
+inline constexpr std::string_view selectFile = "workspace:selectFile";
+inline constexpr std::string_view openSystemMonitor = "workspace:openSystemMonitor";
 
 /// The table of processes. Sizing and filling fail with an errno value; a short filling tells of
 /// one record less than there are, and that is not counted apart.

@@ -60,6 +60,9 @@ public:
     std::vector<std::string> loadedBundlePaths;
     /// The process of the application in front; none where nobody is logged in.
     std::optional<std::int32_t> frontmostApplication;
+    /// What the file viewer shows selected; empty before the first.
+    std::string selectedFile;
+    bool hasSystemMonitor = true;
 
     /// From now on all parts live as if somebody worked at the machine.
     void live(std::uint64_t seed);
