@@ -9,6 +9,7 @@
 #include "ui/kit/ScrollArea.h"
 #include "ui/kit/SectionBar.h"
 #include "ui/surfaces/OverviewTab.h"
+#include "ui/surfaces/ProcessTab.h"
 #include "ui/surfaces/QtText.h"
 
 namespace vtx {
@@ -81,7 +82,8 @@ void PopoverView::selectById(const QString& id) {
     if (found != sections.end() && *found != selectedSection_) select(*found);
 }
 
-QWidget* PopoverView::makePage(PopoverSection /*section: the overview is the only page*/) {
+QWidget* PopoverView::makePage(PopoverSection section) {
+    if (section == PopoverSection::processes) return new ProcessTab(coordinator_);
     return new OverviewTab(coordinator_);
 }
 
