@@ -15,7 +15,7 @@ namespace {
 
 std::string wholePercent(double fraction) { return percent(fraction); }
 
-SeriesColor colorOf(ChartMetric metric, const DisplayPreferences& preferences) {
+SeriesTint colorOf(ChartMetric metric, const DisplayPreferences& preferences) {
     switch (metric) {
         case ChartMetric::pCore:
             return ChartTints::color(preferences.colorPCore, {SeriesRole::pCore});

@@ -47,7 +47,7 @@ struct MetricChartModel {
     std::string symbol;
     /// Of the window that ends with the last point, oldest first.
     HistorySeries points;
-    SeriesColor color;
+    SeriesTint color;
     ChartScale yScale;
     ValueFormat valueFormat = nullptr;
     DisplayPreferences::ChartStyle style = DisplayPreferences::ChartStyle::area;

@@ -20,8 +20,8 @@ struct DiskThroughputChart {
     /// Of the window that ends with the last point of the two, oldest first, in MB/s.
     HistorySeries read;
     HistorySeries write;
-    SeriesColor readColor{SeriesRole::cyan};
-    SeriesColor writeColor{SeriesRole::orange};
+    SeriesTint readColor{SeriesRole::cyan};
+    SeriesTint writeColor{SeriesRole::orange};
     /// The upper edge of the plot, in MB/s; the lower one is 0.
     double ceiling = 1.0;
     DisplayPreferences::HistoryRange historyRange = DisplayPreferences::HistoryRange::oneMinute;

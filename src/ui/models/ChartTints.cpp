@@ -29,7 +29,7 @@ std::optional<std::uint32_t> number(std::string_view hex) {
 
 }  // namespace
 
-SeriesColor color(std::string_view hex, SeriesColor fallback) {
+SeriesTint color(std::string_view hex, SeriesTint fallback) {
     const auto value = number(hex);
     if (!value) return fallback;
     const auto byte = [&value](unsigned shift) {

@@ -30,18 +30,18 @@ enum class SeriesRole : std::uint8_t {
 };
 
 /// The colour of a series: the theme's for its role, or the user's own, the same in each theme.
-struct SeriesColor {
+struct SeriesTint {
     SeriesRole role = SeriesRole::cpu;
     std::optional<RGBColor> own = std::nullopt;
 
-    friend bool operator==(const SeriesColor&, const SeriesColor&) = default;
+    friend bool operator==(const SeriesTint&, const SeriesTint&) = default;
 };
 
 namespace ChartTints {
 
 /// The colour of six hexadecimal digits, wherever "#" stands among them and whatever space is
 /// around; `fallback` for every other text, the empty one of the defaults among them.
-[[nodiscard]] SeriesColor color(std::string_view hex, SeriesColor fallback);
+[[nodiscard]] SeriesTint color(std::string_view hex, SeriesTint fallback);
 
 }  // namespace ChartTints
 

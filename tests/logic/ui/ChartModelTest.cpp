@@ -61,11 +61,11 @@ TEST(ChartModel, each_metric_has_its_theme_colour_until_the_user_has_one) {
     const auto colorOf = [&preferences](ChartMetric metric) {
         return describeChart(metric, {}, {}, {}, preferences).color;
     };
-    EXPECT_EQ(colorOf(ChartMetric::cpu), (SeriesColor{SeriesRole::cpu}));
-    EXPECT_EQ(colorOf(ChartMetric::pCore), (SeriesColor{SeriesRole::pCore}));
-    EXPECT_EQ(colorOf(ChartMetric::eCore), (SeriesColor{SeriesRole::eCore}));
-    EXPECT_EQ(colorOf(ChartMetric::gpu), (SeriesColor{SeriesRole::gpu, RGBColor{16, 32, 48}}));
-    EXPECT_EQ(colorOf(ChartMetric::memory), (SeriesColor{SeriesRole::memory}));
+    EXPECT_EQ(colorOf(ChartMetric::cpu), (SeriesTint{SeriesRole::cpu}));
+    EXPECT_EQ(colorOf(ChartMetric::pCore), (SeriesTint{SeriesRole::pCore}));
+    EXPECT_EQ(colorOf(ChartMetric::eCore), (SeriesTint{SeriesRole::eCore}));
+    EXPECT_EQ(colorOf(ChartMetric::gpu), (SeriesTint{SeriesRole::gpu, RGBColor{16, 32, 48}}));
+    EXPECT_EQ(colorOf(ChartMetric::memory), (SeriesTint{SeriesRole::memory}));
 }
 
 TEST(ChartModel, figures_are_those_of_the_values_in_the_window) {

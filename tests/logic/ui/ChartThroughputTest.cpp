@@ -87,8 +87,8 @@ TEST_F(DiskThroughputTest, a_small_scale_is_marked_in_tenths) {
 TEST_F(DiskThroughputTest, the_users_disk_colour_is_that_of_reading) {
     preferences.colorDisk = "FF8000";
     const auto chart = describeDiskChart({}, {}, preferences);
-    EXPECT_EQ(chart.readColor, (SeriesColor{SeriesRole::cyan, RGBColor{255, 128, 0}}));
-    EXPECT_EQ(chart.writeColor, (SeriesColor{SeriesRole::orange}));
+    EXPECT_EQ(chart.readColor, (SeriesTint{SeriesRole::cyan, RGBColor{255, 128, 0}}));
+    EXPECT_EQ(chart.writeColor, (SeriesTint{SeriesRole::orange}));
 }
 
 TEST_F(DiskThroughputTest, a_value_that_is_no_number_sets_no_ceiling) {

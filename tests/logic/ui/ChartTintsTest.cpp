@@ -6,7 +6,7 @@
 namespace vtx {
 namespace {
 
-constexpr SeriesColor theme{SeriesRole::gpu};
+constexpr SeriesTint theme{SeriesRole::gpu};
 constexpr RGBColor orange{0xFF, 0x80, 0x00};
 
 TEST(ChartTints, six_hexadecimal_digits_are_a_colour) {
