@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "ui/kit/Card.h"
+#include "ui/kit/KitCharts.h"
 #include "ui/kit/MetricRows.h"
 #include "ui/kit/Metrics.h"
 #include "ui/kit/PopoverFrame.h"
@@ -174,6 +175,7 @@ std::unique_ptr<QWidget> makeKitPage() {
     add(metricCard(rows(), Card::Emphasis::none));
     add(metricCard({rows().front()}, Card::Emphasis::accent));
     add(scrolledRows());
+    add(sheetCard(makeChartSheet()));
     add(sheetCard(std::make_unique<TypeSheet>()));
     add(sheetCard(std::make_unique<FrameSheet>()));
     add(sheetCard(std::make_unique<SymbolSheet>()));
