@@ -3,6 +3,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <algorithm>
 #include <cmath>
 
 #include "ui/kit/HistoryChart.h"
@@ -25,14 +26,25 @@ std::vector<ChartPoint> minute(double middle, double swing) {
     return points;
 }
 
+QString percentOf(double value) { return text("%1 %").arg(std::lround(value * 100)); }
+
+std::vector<ChartFigure> figuresOf(const std::vector<ChartPoint>& points) {
+    if (points.empty()) return {};
+    double sum = 0;
+    for (const ChartPoint& point : points) sum += point.value;
+    const auto [least, most] = std::ranges::minmax_element(points, {}, &ChartPoint::value);
+    return {{text("Min"), percentOf(least->value)},
+            {text("Avg"), percentOf(sum / static_cast<double>(points.size()))},
+            {text("Max"), percentOf(most->value)}};
+}
+
 HistoryChartContent sample(const char* title, const char* symbol, ChartSeries series) {
     HistoryChartContent content;
     content.title = text(title);
     content.symbol = text(symbol);
-    content.series = {std::move(series)};
     content.marks = {text("0 %"), text("50 %"), text("100 %")};
-    content.figures = {
-        {text("Min"), text("6 %")}, {text("Avg"), text("27 %")}, {text("Max"), text("55 %")}};
+    content.figures = figuresOf(series.points);
+    content.series = {std::move(series)};
     content.placeholder = text("Collecting…");
     content.spokenName = content.title;
     return content;
