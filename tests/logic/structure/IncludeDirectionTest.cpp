@@ -35,7 +35,7 @@ const std::map<std::string, std::set<std::string>>& layers() {
         {"core",
          {"base", "platform", "telemetry", "memory", "smc", "fan", "processes", "language",
           "alerts"}},
-        {"ui/models", {"base", "telemetry", "memory", "smc", "language", "core"}},
+        {"ui/models", {"base", "telemetry", "memory", "smc", "processes", "language", "core"}},
         {"ui/controller", {"base", "platform", "telemetry", "memory", "core", "ui/models"}},
         {"ui/kit", {"base"}},
         {"ui/shell", {"base", "platform", "platform/linux", "ui/kit"}},
