@@ -116,6 +116,7 @@ private:
     void bridgeNestedMonitorChanges();
     Task<> poll(std::stop_token stop, Duration interval);
     void updateCriticalMetric();
+    [[nodiscard]] bool needsProcesses() const;
     [[nodiscard]] bool areProcessesDue(Date now) const;
 
     /// When the last sample of processes began.
