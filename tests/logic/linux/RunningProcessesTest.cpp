@@ -413,14 +413,18 @@ TEST_F(RunningProcesses, what_stays_open_leaves_the_low_numbers_to_the_program) 
 }
 
 TEST_F(RunningProcesses, without_descriptors_the_table_gives_some_back_and_goes_on) {
+    // Without high numbers the table keeps low ones, of which it can give some back.
+    rlimit usual{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+    rlimit low = usual;
+    low.rlim_cur = std::min<rlim_t>(usual.rlim_cur, FD_SETSIZE);
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &low), 0);
     std::vector<std::unique_ptr<Child>> children;
     for (int i = 0; i < 20; ++i) children.push_back(std::make_unique<Child>());
     const auto before = list().size();
     ASSERT_GE(before, 20U);
     const auto kept = table.keptDescriptors();
     for (int i = 0; i < 3; ++i) children.push_back(std::make_unique<Child>());
-    rlimit usual{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
     // Nothing may be opened above the lowest number that is free now.
     const int lowest = ::dup(0);
     ::close(lowest);
