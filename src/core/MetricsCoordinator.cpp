@@ -25,6 +25,15 @@ constexpr std::chrono::seconds processInterval{5};
 /// Whoever closed a surface may open it again.
 constexpr std::chrono::seconds processPatience{15};
 
+/// Those of the drives, of power, of the fans and of the Neural Engine raise no alert.
+AlertRules alertRulesOf(const DisplayPreferences& p) {
+    return {.cpu = {p.alertCPUEnabled, p.alertCPUThreshold},
+            .gpu = {p.alertGPUEnabled, p.alertGPUThreshold},
+            .memory = {p.alertMemoryEnabled, p.alertMemoryThreshold},
+            .isPressureEnabled = p.alertPressureEnabled,
+            .temperature = {p.alertTempEnabled, p.alertTempCelsius}};
+}
+
 }  // namespace
 
 MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const Ports& ports,
@@ -41,6 +50,7 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       battery(services_->battery),
       processes(services_->processes),
       memoryPressure(services_->memoryPressure),
+      alerts(services_->alerts),
       systemInfo(services_->systemInfo),
       diskIO(services_->diskIO),
       fan(services_->fan),
@@ -134,6 +144,12 @@ Task<> MetricsCoordinator::refreshAll() {
     }
     if (keepsHistory) appendHistory(now);
     updateCriticalMetric();
+    evaluateAlerts();
+}
+
+void MetricsCoordinator::evaluateAlerts() {
+    alerts.evaluate(alertRulesOf(*preferences), *cpu.latest, *gpu.latest, *memory.latest,
+                    *thermal.latest, *temperature.latest);
 }
 
 void MetricsCoordinator::refreshBattery() {

@@ -28,7 +28,9 @@ int main(int argc, char** argv) {
     vtx::QtMainExecutor mainExecutor;
     vtx::QtRunLoop runLoop;
     vtx::LinuxDesktop desktop(runLoop, mainExecutor);
-    vtx::LinuxPlatform platform(runLoop, mainExecutor, {});
+    vtx::LinuxPlatform::Options machine;
+    machine.session = &desktop.session();
+    vtx::LinuxPlatform platform(runLoop, mainExecutor, machine);
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
     vtx::SerialExecutor blocking(vtx::LinuxPlatform::nameThread("vantrix-table"));
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });

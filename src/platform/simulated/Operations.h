@@ -142,4 +142,8 @@ inline constexpr std::string_view hidClientCopyServices = "IOHIDEventSystemClien
 inline constexpr std::string_view hidCopyEvent = "IOHIDServiceClientCopyEvent";
 inline constexpr std::string_view hidCopyProperty = "IOHIDServiceClientCopyProperty";
 
+/// What is shown to the user. Failing, they answer with an error.
+inline constexpr std::string_view requestAuthorization = "requestAuthorizationWithOptions";
+inline constexpr std::string_view addNotificationRequest = "addNotificationRequest";
+
 }  // namespace vtx::operations
