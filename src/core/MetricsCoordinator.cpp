@@ -22,6 +22,8 @@ constexpr double batterySaverFactor = 2.0;
 constexpr Duration bridgeInterval = std::chrono::milliseconds(50);
 // Not in nanoseconds, in which the time since the distant past has no room.
 constexpr std::chrono::seconds processInterval{5};
+/// Whoever closed a surface may open it again.
+constexpr std::chrono::seconds processPatience{15};
 
 /// Those of the drives, of power, of the fans and of the Neural Engine raise no alert.
 AlertRules alertRulesOf(const DisplayPreferences& p) {
@@ -143,6 +145,8 @@ Task<> MetricsCoordinator::refreshAll() {
         co_await processes.refresh();
         energyByPID = appEnergy.compute(*processes.processes);
         hogDetector.observe(*processes.processes);
+    } else if (!needsProcesses() && now - lastProcessRefresh_ >= processPatience) {
+        co_await processes.rest();
     }
     if (keepsHistory) appendHistory(now);
     updateCriticalMetric();
@@ -160,9 +164,12 @@ void MetricsCoordinator::refreshBattery() {
                     ports_.processInfo.isLowPowerModeEnabled());
 }
 
+bool MetricsCoordinator::needsProcesses() const {
+    return *pollingMode == PollingMode::active || preferences->hogDetectorEnabled;
+}
+
 bool MetricsCoordinator::areProcessesDue(Date now) const {
-    return (*pollingMode == PollingMode::active || preferences->hogDetectorEnabled) &&
-           now - lastProcessRefresh_ >= processInterval;
+    return needsProcesses() && now - lastProcessRefresh_ >= processInterval;
 }
 
 bool MetricsCoordinator::needsCPU() const {

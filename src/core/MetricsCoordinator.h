@@ -129,6 +129,7 @@ private:
     Task<> poll(std::stop_token stop, Duration interval);
     void updateCriticalMetric();
     void evaluateAlerts();
+    [[nodiscard]] bool needsProcesses() const;
     [[nodiscard]] bool areProcessesDue(Date now) const;
 
     /// When the last sample of processes began.

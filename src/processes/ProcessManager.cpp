@@ -38,6 +38,7 @@ ProcessManager::ProcessManager(const Ports& ports, const Executors& executors)
 
 Task<> ProcessManager::refresh() {
     isLoading = true;
+    isResting_ = false;
     auto sample = co_await engine_.run(&ProcessSamplingEngine::snapshot);
     processes = order_.sorted(std::move(sample));
     lastRefresh = clock_.now();
@@ -68,6 +69,13 @@ std::optional<double> ProcessManager::secondsSinceRefresh() const {
 
 std::vector<ProcessSnapshot> ProcessManager::matching(std::string_view search) const {
     return ProcessFilter(search, locale_).of(*processes);
+}
+
+Task<> ProcessManager::rest() {
+    // A refresh under way would have to learn everything twice.
+    if (isResting_ || *isLoading) co_return;
+    isResting_ = true;
+    (void)co_await engine_.run(&ProcessSamplingEngine::rest);
 }
 
 bool ProcessManager::isModifiable(const ProcessSnapshot& snapshot) const {

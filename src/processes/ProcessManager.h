@@ -45,6 +45,10 @@ public:
     /// number in decimal does; all where the text is blank.
     [[nodiscard]] std::vector<ProcessSnapshot> matching(std::string_view search) const;
 
+    /// Nobody asks for the processes for now: what is kept for the next sample alone is given back,
+    /// once. What was published stays.
+    Task<> rest();
+
     /// Gives a process a niceness from 0 to 20. The record as it then stands, also in the published
     /// list if it is still there; or why nothing was changed.
     [[nodiscard]] ReniceResult renice(const ProcessSnapshot& snapshot, std::int32_t nice);
@@ -69,6 +73,7 @@ private:
     const Locale& locale_;
     ProcessOrder order_;
     Confined<ProcessSamplingEngine> engine_;
+    bool isResting_ = true;  ///< as it does until the first refresh
     TaskScope tasks_;  // last: its frames use all of the above
 };
 

@@ -90,6 +90,13 @@ std::vector<ProcessSnapshot> ProcessSamplingEngine::snapshot() {
     return all;
 }
 
+bool ProcessSamplingEngine::rest() {
+    table_.letGo();
+    std::vector<KinfoProc>().swap(records_);
+    beforePrevious_ = {};
+    return true;
+}
+
 ProcessSnapshot ProcessSamplingEngine::read(const KinfoProc& record, Baseline& baseline,
                                             double elapsed, CPUTotals& totals) {
     const ProcessDetails details = table_.details(record.pid);

@@ -27,6 +27,9 @@ public:
     /// follows within fifty units of processor time measures from the sample before the last: a
     /// single unit would be much of so short a time.
     [[nodiscard]] std::vector<ProcessSnapshot> snapshot();
+    /// Has the table give back what it keeps between two walks. The shares of the next sample are
+    /// measured from the last one all the same. True.
+    bool rest();
 
 private:
     /// What the processes had used at one moment, for later samples to be measured from.

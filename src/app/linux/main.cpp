@@ -6,6 +6,7 @@
 #include "app/linux/LinuxDesktop.h"
 #include "base/SerialExecutor.h"
 #include "language/linux/LinuxWording.h"
+#include "platform/linux/DescriptorLimit.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/TerminationSignals.h"
 #include "ui/shell/QtMainExecutor.h"
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
 
     vtx::LinuxDesktop::settleToolkit();
     vtx::TerminationSignals::block();  // before the first thread
+    vtx::raiseDescriptorLimit();
     QApplication application(argc, argv);
     QApplication::setApplicationName("vantrix");
     QApplication::setApplicationDisplayName("Vantrix");

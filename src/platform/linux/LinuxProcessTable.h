@@ -29,6 +29,7 @@ public:
 
     [[nodiscard]] int kernProcAll(std::span<KinfoProc> into, std::size_t& bytes) override;
     [[nodiscard]] ProcessDetails details(std::int32_t pid) override;
+    void letGo() override;
     [[nodiscard]] MachTimebaseInfo machTimebaseInfo() const override;
     /// The processor time by the last listing, which read it anyway. Waking up is not told: the
     /// kernel counts the switches of a process in another file of each, and to open that would cost

@@ -80,6 +80,8 @@ inline constexpr std::string_view kernProcAllFill = "sysctl(KERN_PROC_ALL):fill"
 inline constexpr std::string_view kernProcAllShort = "sysctl(KERN_PROC_ALL):short";
 /// Counted; what of them fails is a matter of the process.
 inline constexpr std::string_view processDetails = "processTable:details";
+/// Counted; cannot fail.
+inline constexpr std::string_view processesLetGo = "processTable:letGo";
 /// The results are errno values.
 inline constexpr std::string_view setpriority = "setpriority";
 inline constexpr std::string_view procPidRusage = "proc_pid_rusage";

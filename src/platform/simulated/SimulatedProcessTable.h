@@ -18,6 +18,7 @@ public:
 
     [[nodiscard]] int kernProcAll(std::span<KinfoProc> into, std::size_t& bytes) override;
     [[nodiscard]] ProcessDetails details(std::int32_t pid) override;
+    void letGo() override;
     [[nodiscard]] MachTimebaseInfo machTimebaseInfo() const override { return timebase; }
     /// Of this moment.
     [[nodiscard]] int procPidRusage(std::int32_t pid, RusageInfo& info) const override;

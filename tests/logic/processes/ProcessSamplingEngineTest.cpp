@@ -292,6 +292,7 @@ TEST(ProcessTableFetch, a_table_that_outgrows_its_headroom_is_measured_again) {
             return s.table.kernProcAll(into, bytes);
         }
         ProcessDetails details(std::int32_t pid) override { return s.table.details(pid); }
+        void letGo() override {}
         MachTimebaseInfo machTimebaseInfo() const override { return {}; }
         int procPidRusage(std::int32_t, RusageInfo&) const override { return 1; }
         std::uint32_t getuid() const override { return 0; }
