@@ -8,6 +8,8 @@
 
 #include <cerrno>
 
+#include "platform/linux/DescriptorLimit.h"
+
 namespace vtx {
 namespace {
 
@@ -20,6 +22,7 @@ namespace {
     sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
     for (const int signal : {SIGPIPE, SIGINT, SIGTERM, SIGHUP, SIGCHLD}) ::signal(signal, SIG_DFL);
+    restoreDescriptorLimit();
     ::close_range(STDERR_FILENO + 1, ~0U, 0);
     ::execvp(arguments[0], arguments);
     ::_exit(127);
