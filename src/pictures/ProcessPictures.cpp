@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "pictures/PictureStage.h"
+#include "platform/simulated/ManualClock.h"
 #include "ui/kit/DialogSheet.h"
 #include "ui/kit/Surface.h"
 #include "ui/kit/TextField.h"
@@ -77,6 +78,8 @@ struct Page {
     explicit Page(PictureStage& stage, std::size_t count)
         : ground(std::make_unique<Surface>()), coordinator(stage.coordinator()) {
         coordinator.processes.processes = processes(count);
+        if (count > 0)
+            coordinator.processes.lastRefresh = ManualClock::start - std::chrono::seconds(2);
         auto* layout = new QVBoxLayout(ground.get());
         layout->setContentsMargins(0, 0, 0, 0);
         tab = new ProcessTab(coordinator);

@@ -14,7 +14,7 @@ namespace vtx {
 /// when its menu was opened.
 struct PendingRenice {
     UUID id = UUID::random();
-    ProcessSnapshot snapshot;
+    ProcessSnapshot snapshot = {};
     std::int32_t nice = 0;
 
     /// The priority in words.

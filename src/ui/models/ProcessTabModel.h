@@ -38,11 +38,11 @@ struct ProcessFooterModel {
 /// What the page shows around its rows.
 struct ProcessTabReadings {
     /// What the user typed, as it is.
-    std::string_view search;
+    std::string_view search = {};
     std::size_t shown = 0;  ///< processes that match
     std::size_t total = 0;
     /// How old the list is; absent before the first.
-    std::optional<double> secondsSinceRefresh;
+    std::optional<double> secondsSinceRefresh = std::nullopt;
 };
 
 /// Only where no process is shown.

@@ -2,6 +2,7 @@
 #include "ui/surfaces/ProcessList.h"
 
 #include <QContextMenuEvent>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -170,6 +171,10 @@ void ProcessList::contextMenuEvent(QContextMenuEvent* event) {
     if (row < 0 || row >= rowCount()) return;
     setCurrent(row);
     Q_EMIT menuWanted(row, isByKeyboard ? actionRect(row) : QRect(event->pos(), QSize(1, 1)));
+}
+
+void ProcessList::lookForPointer() {
+    setHovered(underMouse() ? rowAt(mapFromGlobal(QCursor::pos())) : -1);
 }
 
 void ProcessList::leaveEvent(QEvent*) { setHovered(-1); }

@@ -31,6 +31,9 @@ public:
     [[nodiscard]] const ProcessSnapshot& process(int row) const {
         return processes_.at(static_cast<std::size_t>(row));
     }
+    /// The list moved under the pointer.
+    void lookForPointer();
+
     /// Where the symbol of a row's menu is, in the list's coordinates.
     [[nodiscard]] QRect actionRect(int row) const;
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // How the process list looks.
+#include <QFontMetricsF>
 #include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
@@ -23,6 +24,13 @@ constexpr int rowHeight = metrics::processRowHeight;
 
 QRect centred(const QRect& in, int size) {
     return {in.left() + (in.width() - size) / 2, in.top() + (in.height() - size) / 2, size, size};
+}
+
+/// The greatest numbers would touch the column before theirs.
+TextRole pidRole(const QString& pid) {
+    const bool fits =
+        tabularWidth(pid, TextRole::rowTitle) <= metrics::processPIDWidth - metrics::labelToValue;
+    return fits ? TextRole::rowTitle : TextRole::caption;
 }
 
 }  // namespace
@@ -62,7 +70,7 @@ void ProcessList::paintRow(QPainter& painter, int row) const {
     painter.setPen(color(ColorToken::text2));
     drawTabular(painter, mirrored(places.memory), qt(said.memory), TextRole::rowTitle, atEnd());
     painter.setPen(color(ColorToken::text3));
-    drawTabular(painter, mirrored(places.pid), qt(said.pid), TextRole::rowTitle, atEnd());
+    drawTabular(painter, mirrored(places.pid), qt(said.pid), pidRole(qt(said.pid)), atEnd());
     const bool isLit = row == hovered_ || row == menuRow_;
     symbols::draw(painter, actionRect(row), QStringLiteral("ellipsis.circle"),
                   metrics::processActionSymbol,
@@ -76,10 +84,11 @@ void ProcessList::paintName(QPainter& painter, const QRect& place, const QString
                               : static_cast<int>(std::ceil(tabularWidth(mark, TextRole::small))) +
                                     2 * metrics::processMarkPadding;
     const int room = place.width() - (markWidth > 0 ? markWidth + metrics::processNameGap : 0);
-    const int taken =
-        std::min(room, static_cast<int>(std::ceil(textWidth(name, TextRole::rowTitle))));
+    const QFontMetricsF measure(fontFor(TextRole::rowTitle));
+    const QString shown = measure.elidedText(name, Qt::ElideMiddle, room);
+    const int taken = static_cast<int>(std::ceil(measure.horizontalAdvance(shown)));
     painter.setPen(color(ColorToken::text1));
-    drawName(painter, mirrored({place.left(), place.top(), taken, place.height()}), name,
+    drawName(painter, mirrored({place.left(), place.top(), taken, place.height()}), shown,
              TextRole::rowTitle, atStart());
     if (mark.isEmpty()) return;
     const QRect ground = mirrored({place.left() + taken + metrics::processNameGap,

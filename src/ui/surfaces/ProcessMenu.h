@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QMenu>
 #include <QPointer>
 #include <QRect>
 #include <functional>
@@ -9,7 +10,6 @@
 
 #include "ui/models/ProcessMenuModel.h"
 
-class QMenu;
 class QWidget;
 
 namespace vtx {

@@ -11,7 +11,6 @@
 #include "language/Localization.h"
 #include "platform/Workspace.h"
 #include "ui/kit/Button.h"
-#include "ui/kit/DialogSheet.h"
 #include "ui/kit/Metrics.h"
 #include "ui/kit/ScrollArea.h"
 #include "ui/kit/Surface.h"
@@ -79,6 +78,8 @@ void ProcessTab::connectParts() {
     connect(&field, &TextField::movedDown, list_, [this] { list_->setFocus(Qt::TabFocusReason); });
     connect(&filterBar_->refresh(), &Button::pressed, this,
             [this] { coordinator_.processes.startRefresh(); });
+    connect(scroll_->verticalScrollBar(), &QScrollBar::valueChanged, list_,
+            &ProcessList::lookForPointer);
     connect(list_, &ProcessList::menuWanted, this, &ProcessTab::openMenu);
     connect(list_, &ProcessList::currentMoved, this, &ProcessTab::showRow);
 }

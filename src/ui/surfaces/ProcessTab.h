@@ -6,12 +6,12 @@
 #include <optional>
 
 #include "base/Subscription.h"
+#include "ui/kit/DialogSheet.h"
 #include "ui/models/PendingRenice.h"
 #include "ui/surfaces/ProcessMenu.h"
 
 namespace vtx {
 
-class DialogSheet;
 class HogPanel;
 class MetricsCoordinator;
 class ProcessFilterBar;

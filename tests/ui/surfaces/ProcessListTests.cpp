@@ -142,7 +142,7 @@ TEST_F(ProcessLists, return_space_and_the_menu_key_ask_for_the_menu) {
         EXPECT_EQ(wanted, 1);
     }
     wanted = -1;
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {5, 5});
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {5, 5}, list->mapToGlobal(QPoint(5, 5)));
     QApplication::sendEvent(list, &byKey);
     EXPECT_EQ(wanted, 1);
 }
