@@ -82,7 +82,8 @@ private:
     int index_;
 };
 
-/// A widget with its parts as children. Owned by the toolkit, for as long as the widget.
+/// A widget with its painted parts as children, followed by its child widgets. Owned by the
+/// toolkit, for as long as the widget.
 class HostInterface final : public QAccessibleWidget {
 public:
     HostInterface(QWidget* widget, QAccessible::Role role) : QAccessibleWidget(widget, role) {}
@@ -90,13 +91,10 @@ public:
         for (const QAccessible::Id id : parts_) QAccessible::deleteAccessibleInterface(id);
     }
 
-    int childCount() const override {
-        return paintsParts() ? host()->partCount() : Base::childCount();
-    }
+    int childCount() const override { return partCount() + Base::childCount(); }
 
     QAccessibleInterface* child(int index) const override {
-        if (!paintsParts()) return Base::child(index);
-        if (index < 0 || index >= host()->partCount()) return nullptr;
+        if (index < 0 || index >= partCount()) return Base::child(index - partCount());
         while (parts_.size() <= static_cast<std::size_t>(index)) {
             auto made = std::make_unique<PartInterface>(const_cast<HostInterface&>(*this),
                                                         static_cast<int>(parts_.size()));
@@ -106,31 +104,44 @@ public:
     }
 
     int indexOfChild(const QAccessibleInterface* wanted) const override {
-        if (!paintsParts()) return Base::indexOfChild(wanted);
-        for (int i = 0; i < childCount(); ++i) {
+        for (int i = 0; i < partCount(); ++i) {
             if (child(i) == wanted) return i;
         }
-        return -1;
+        const int among = Base::indexOfChild(wanted);
+        return among < 0 ? among : partCount() + among;
     }
 
     QAccessibleInterface* childAt(int x, int y) const override {
-        if (!paintsParts()) return Base::childAt(x, y);
-        for (int i = 0; i < childCount(); ++i) {
+        for (int i = 0; i < partCount(); ++i) {
             if (child(i)->rect().contains(x, y)) return child(i);
         }
-        return nullptr;
+        return Base::childAt(x, y);
     }
 
     QAccessibleInterface* focusChild() const override {
-        if (!paintsParts()) return Base::focusChild();
-        return widget()->hasFocus() ? child(host()->focusedPart()) : nullptr;
+        const bool isPart = widget()->hasFocus() && host() && host()->focusedPart() >= 0;
+        return isPart ? child(host()->focusedPart()) : Base::focusChild();
+    }
+
+    QStringList actionNames() const override {
+        QStringList names = Base::actionNames();
+        if (isPressable()) names.prepend(pressAction());
+        return names;
+    }
+    void doAction(const QString& action) override {
+        if (action == pressAction() && isPressable()) {
+            host()->pressWhole();
+        } else {
+            Base::doAction(action);
+        }
     }
 
 private:
     using Base = QAccessibleWidget;
 
     AccessibleHost* host() const { return dynamic_cast<AccessibleHost*>(object()); }
-    bool paintsParts() const { return host() && host()->partCount() > 0; }
+    int partCount() const { return host() ? host()->partCount() : 0; }
+    bool isPressable() const { return host() && host()->isPressable() && widget()->isEnabled(); }
 
     mutable std::vector<QAccessible::Id> parts_;
 };

@@ -37,6 +37,10 @@ public:
     /// The part that the keyboard acts on, -1 for none.
     [[nodiscard]] virtual int focusedPart() const { return -1; }
     virtual void pressPart(int index);
+
+    /// For a widget that is one control as a whole: what pressing it does.
+    [[nodiscard]] virtual bool isPressable() const { return false; }
+    virtual void pressWhole() {}
 };
 
 namespace accessibility {

@@ -23,6 +23,16 @@ QRect KitWidget::mirrored(const QRect& bounds) const {
     return QStyle::visualRect(layoutDirection(), rect(), bounds);
 }
 
+Qt::Alignment KitWidget::atStart() const {
+    const bool leftToRight = layoutDirection() == Qt::LeftToRight;
+    return (leftToRight ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter;
+}
+
+Qt::Alignment KitWidget::atEnd() const {
+    const bool leftToRight = layoutDirection() == Qt::LeftToRight;
+    return (leftToRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
 void KitWidget::focusInEvent(QFocusEvent* event) {
     switch (event->reason()) {
         case Qt::TabFocusReason:

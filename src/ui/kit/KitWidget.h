@@ -26,6 +26,10 @@ protected:
     /// Where layoutDirection() puts a rectangle that is meant for left to right.
     [[nodiscard]] QRect mirrored(const QRect& rect) const;
 
+    /// Where a line of text begins and ends, each in the vertical middle.
+    [[nodiscard]] Qt::Alignment atStart() const;
+    [[nodiscard]] Qt::Alignment atEnd() const;
+
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

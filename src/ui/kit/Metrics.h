@@ -4,6 +4,9 @@
 /// Sizes of the interface in logical pixels, times in milliseconds.
 namespace vtx::metrics {
 
+inline constexpr int popoverWidth = 360;
+inline constexpr int popoverHeight = 540;
+
 inline constexpr int contentInset = 12;
 inline constexpr int cardGap = 8;
 inline constexpr int cardPadding = 14;
@@ -42,6 +45,77 @@ inline constexpr int metricSymbolWidth = 20;
 inline constexpr int metricSymbol = 14;
 inline constexpr int metricRowsInset = 4;
 
+/// What a card of the popover leaves for its contents.
+inline constexpr int cardContentWidth = popoverWidth - 2 * (contentInset + cardPadding);
+inline constexpr int labelToFigure = 2;
+inline constexpr int keyValueRowHeight = 26;
+inline constexpr int oneLineRowHeight = 32;
+inline constexpr int twoLineRowHeight = 42;
+inline constexpr int barRowHeight = 33;
+/// Between a label and the value at the other end, at least.
+inline constexpr int labelToValue = 8;
+inline constexpr int swatch = 8;
+inline constexpr int swatchRadius = 2;
+inline constexpr int statusDot = 6;
+
+inline constexpr int barThin = 4;
+inline constexpr int barRegular = 6;
+inline constexpr int barThick = 8;
+/// The shortest fill above 0.
+inline constexpr int barLeast = 2;
+inline constexpr float barFillOpacity = 0.85F;
+inline constexpr float barTrackOpacity = 0.18F;
+
+inline constexpr int coreRowHeight = 21;
+inline constexpr int coreHeadHeight = 22;
+inline constexpr int coreLabelWidth = 26;
+inline constexpr int coreValueWidth = 38;
+inline constexpr int coreColumnGap = 12;
+inline constexpr int coreBarLeast = 30;
+/// As many rows a column takes before another is begun.
+inline constexpr int coreColumnRows = 12;
+
+inline constexpr int compositionHeight = 12;
+inline constexpr int compositionRadius = 4;
+inline constexpr double compositionGap = 1.5;
+
+inline constexpr int gaugeMarkHeight = 12;
+inline constexpr double gaugeMarkWidth = 1.5;
+
+inline constexpr int tileHeight = 40;
+inline constexpr int tilePadding = 10;
+inline constexpr int figureSymbol = 14;
+
+inline constexpr int pillHeight = 20;
+inline constexpr int pillPadding = 8;
+inline constexpr int pillDotGap = 4;
+inline constexpr float pillFill = 0.14F;
+inline constexpr float pillBorder = 0.28F;
+
+inline constexpr int bannerPadding = 10;
+inline constexpr int bannerGap = 4;
+inline constexpr int bannerEntryHeight = 19;
+inline constexpr int bannerButtonGap = 8;
+inline constexpr float bannerFill = 0.10F;
+inline constexpr float bannerBorder = 0.35F;
+
+inline constexpr int titleSymbol = 15;
+inline constexpr int placeholderSymbol = 28;
+inline constexpr int placeholderTextWidth = 260;
+inline constexpr int placeholderPadding = 24;
+inline constexpr int placeholderGap = 10;
+inline constexpr int placeholderTextGap = 4;
+
+inline constexpr int spinner = 12;
+inline constexpr int spinnerGap = 8;
+inline constexpr int spinnerTurnMs = 1000;
+inline constexpr int spinnerSteps = 24;
+
+inline constexpr int buttonHeight = 26;
+inline constexpr int buttonPadding = 12;
+inline constexpr int buttonSymbol = 14;
+inline constexpr int buttonSymbolGap = 6;
+
 inline constexpr int sectionHeadHeight = 26;
 inline constexpr int sectionHeadInset = 2;
 
@@ -52,8 +126,6 @@ inline constexpr int stripTileGap = 6;
 inline constexpr int stripSymbol = 13;
 inline constexpr int stripSymbolGap = 3;
 
-inline constexpr int popoverWidth = 360;
-inline constexpr int popoverHeight = 540;
 inline constexpr int popoverArrowWidth = 24;
 inline constexpr int popoverArrowHeight = 10;
 inline constexpr int popoverScreenMargin = 8;

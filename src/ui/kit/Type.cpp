@@ -175,6 +175,22 @@ QPointF onPixelRow(const QPainter& painter, QPointF point) {
     return {point.x(), point.y() + (std::round(y) - y) / device.m22()};
 }
 
+void drawLine(QPainter& painter, const QRectF& rect, const QString& text, TextRole role,
+              Qt::Alignment alignment, Qt::TextElideMode mode) {
+    const Face& face = faceFor(role);
+    const QFontMetricsF measure(face.font);
+    QString shown = text;
+    qreal width = measure.horizontalAdvance(shown);
+    if (width > rect.width()) {
+        shown = measure.elidedText(text, mode, rect.width());
+        width = measure.horizontalAdvance(shown);
+    }
+    painter.setFont(face.font);
+    painter.drawText(
+        onPixelRow(painter, {startX(rect, width, alignment), baseLine(rect, face.raw, alignment)}),
+        shown);
+}
+
 }  // namespace
 
 const QFont& fontFor(TextRole role) { return faceFor(role).font; }
@@ -187,18 +203,12 @@ qreal textWidth(const QString& text, TextRole role) {
 
 void drawText(QPainter& painter, const QRectF& rect, const QString& text, TextRole role,
               Qt::Alignment alignment) {
-    const Face& face = faceFor(role);
-    const QFontMetricsF measure(face.font);
-    QString shown = text;
-    qreal width = measure.horizontalAdvance(shown);
-    if (width > rect.width()) {
-        shown = measure.elidedText(text, Qt::ElideRight, rect.width());
-        width = measure.horizontalAdvance(shown);
-    }
-    painter.setFont(face.font);
-    painter.drawText(
-        onPixelRow(painter, {startX(rect, width, alignment), baseLine(rect, face.raw, alignment)}),
-        shown);
+    drawLine(painter, rect, text, role, alignment, Qt::ElideRight);
+}
+
+void drawName(QPainter& painter, const QRectF& rect, const QString& text, TextRole role,
+              Qt::Alignment alignment) {
+    drawLine(painter, rect, text, role, alignment, Qt::ElideMiddle);
 }
 
 qreal tabularWidth(const QString& text, TextRole role) { return layOut(faceFor(role), text).width; }
@@ -219,6 +229,15 @@ void drawTabular(QPainter& painter, const QRectF& rect, const QString& text, Tex
     run.setGlyphIndexes(figure.glyphs);
     run.setPositions(figure.places);
     painter.drawGlyphRun(origin, run);
+}
+
+void drawValue(QPainter& painter, const QRectF& rect, const QString& text, TextRole role,
+               Qt::Alignment alignment) {
+    if (tabularWidth(text, role) <= rect.width()) {
+        drawTabular(painter, rect, text, role, alignment);
+    } else {
+        drawName(painter, rect, text, role, alignment);
+    }
 }
 
 }  // namespace vtx

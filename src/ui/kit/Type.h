@@ -46,6 +46,10 @@ enum class TextRole : quint8 {
 void drawText(QPainter& painter, const QRectF& rect, const QString& text, TextRole role,
               Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
 
+/// The same for a name: shortened in the middle, where names differ least.
+void drawName(QPainter& painter, const QRectF& rect, const QString& text, TextRole role,
+              Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
+
 /// The width of a figure whose digits all take the widest digit's room, so that "11" and "88" are
 /// equally wide.
 [[nodiscard]] qreal tabularWidth(const QString& text, TextRole role);
@@ -53,5 +57,10 @@ void drawText(QPainter& painter, const QRectF& rect, const QString& text, TextRo
 /// Draws a figure with every digit in a cell of the widest digit's width; never shortened.
 void drawTabular(QPainter& painter, const QRectF& rect, const QString& text, TextRole role,
                  Qt::Alignment alignment = Qt::AlignRight | Qt::AlignVCenter);
+
+/// Draws a value that may be a figure or words: as a figure where it fits, otherwise shortened in
+/// the middle.
+void drawValue(QPainter& painter, const QRectF& rect, const QString& text, TextRole role,
+               Qt::Alignment alignment = Qt::AlignRight | Qt::AlignVCenter);
 
 }  // namespace vtx
