@@ -12,8 +12,8 @@ namespace vtx {
 
 /// A figure with its label above it and a line below it. Empty fields are left out.
 struct FigureContent {
-    QString label;
-    QString text;
+    QString label = {};
+    QString text = {};
     SeriesColor tint = ColorToken::text1;
     QString symbol = {};
     /// Below the figure: a word, and a value that goes with it.

@@ -11,8 +11,8 @@ namespace vtx {
 
 /// Empty fields are left out.
 struct HeroContent {
-    QString label;
-    QString text;
+    QString label = {};
+    QString text = {};
     SeriesColor tint = ColorToken::text1;
     /// Right behind the number, on its base line.
     QString beside = {};

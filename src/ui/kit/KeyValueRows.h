@@ -23,7 +23,7 @@ struct KeyValueRow {
 };
 
 /// Properties below one another with hairlines between, the value at the other end. A value that
-/// is too long for its row is shortened in the middle, after its label gave way at its end.
+/// is too long for its row is shortened at its end, after its label gave way.
 class KeyValueRows : public RowList<KeyValueRow> {
 public:
     explicit KeyValueRows(QWidget* parent = nullptr);

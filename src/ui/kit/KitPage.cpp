@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ui/kit/KitPage.h"
 
+#include <QHBoxLayout>
 #include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "ui/kit/Card.h"
+#include "ui/kit/KitSheets.h"
 #include "ui/kit/MetricRows.h"
 #include "ui/kit/Metrics.h"
 #include "ui/kit/PopoverFrame.h"
@@ -159,6 +161,41 @@ std::unique_ptr<ScrollArea> scrolledRows() {
     return area;
 }
 
+using SheetList = std::vector<std::unique_ptr<QWidget>>;
+
+/// Sheets in two columns, each as wide as a card of the popover.
+std::unique_ptr<QWidget> twoColumns(SheetList left, SheetList right) {
+    auto pair = std::make_unique<QWidget>();
+    auto* row = std::make_unique<QHBoxLayout>(pair.get()).release();
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(metrics::cardGap);
+    for (SheetList* sheets : {&left, &right}) {
+        auto column = std::make_unique<QVBoxLayout>();
+        column->setSpacing(metrics::cardGap);
+        for (std::unique_ptr<QWidget>& sheet : *sheets) column->addWidget(sheet.release());
+        column->addStretch();
+        row->addLayout(column.release(), 1);
+    }
+    return pair;
+}
+
+std::unique_ptr<QWidget> parts() {
+    SheetList left;
+    left.push_back(sheets::buttons());
+    left.push_back(sheets::usageBars());
+    left.push_back(sheets::gauges());
+    left.push_back(sheets::banners());
+    left.push_back(sheets::properties());
+    left.push_back(sheets::placeholders());
+    SheetList right;
+    right.push_back(sheets::pills());
+    right.push_back(sheets::perCoreBars());
+    right.push_back(sheets::heroes());
+    right.push_back(sheets::figures());
+    right.push_back(sheets::lists());
+    return twoColumns(std::move(left), std::move(right));
+}
+
 }  // namespace
 
 std::unique_ptr<QWidget> makeKitPage() {
@@ -174,6 +211,8 @@ std::unique_ptr<QWidget> makeKitPage() {
     add(metricCard(rows(), Card::Emphasis::none));
     add(metricCard({rows().front()}, Card::Emphasis::accent));
     add(scrolledRows());
+    add(parts());
+    add(sheets::manyCores());
     add(sheetCard(std::make_unique<TypeSheet>()));
     add(sheetCard(std::make_unique<FrameSheet>()));
     add(sheetCard(std::make_unique<SymbolSheet>()));

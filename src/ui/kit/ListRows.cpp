@@ -24,8 +24,11 @@ constexpr int captionMost = 130;
 
 int ceiled(qreal width) { return static_cast<int>(std::ceil(width)); }
 
-TextRole valueRole(ListKind kind) {
-    return kind == ListKind::withBar ? TextRole::keyValue : TextRole::label;
+// A value that stands alone beside two lines is the figure of its row.
+TextRole valueRole(ListKind kind, const ListRow& row) {
+    if (kind == ListKind::withBar) return TextRole::keyValue;
+    const bool isAlone = kind == ListKind::twoLine && row.values.size() == 1;
+    return isAlone ? TextRole::rowValue : TextRole::label;
 }
 
 }  // namespace
@@ -103,8 +106,10 @@ int ListRows::paintSymbol(QPainter& painter, const QRect& line, const ListRow& s
     return symbolRoom;
 }
 
-int ListRows::paintValue(QPainter& painter, const QRect& line, const ListValue& value) const {
-    const TextRole role = valueRole(kind_);
+int ListRows::paintValue(QPainter& painter, const QRect& line, const ListRow& shown,
+                         std::size_t index) const {
+    const ListValue& value = shown.values[index];
+    const TextRole role = valueRole(kind_, shown);
     const int width = std::min(ceiled(tabularWidth(value.text, role)), line.width() * 2 / 3);
     const QRect figure = line.adjusted(line.width() - width, 0, 0, 0);
     painter.setPen(value.color.resolved());
@@ -136,7 +141,7 @@ int ListRows::paintMark(QPainter& painter, const QRect& line, int taken,
 
 void ListRows::paintOneLine(QPainter& painter, const QRect& line, const ListRow& shown) const {
     const int lead = paintSymbol(painter, line, shown);
-    int taken = shown.values.empty() ? 0 : paintValue(painter, line, shown.values.front());
+    int taken = shown.values.empty() ? 0 : paintValue(painter, line, shown, 0);
     taken += paintMark(painter, line, taken, shown);
     const QRect words = line.adjusted(lead, 0, -taken - metrics::labelToValue, 0);
     const bool hasCaption = !shown.caption.isEmpty();
@@ -160,10 +165,10 @@ void ListRows::paintTwoLines(QPainter& painter, const QRect& line, const ListRow
     const QRect first(line.left(), top, line.width(), upper);
     const QRect second(line.left(), top + upper, line.width(), lower);
     int taken = 0;
-    if (shown.values.size() == 1) taken = paintValue(painter, line, shown.values[0]);
+    if (shown.values.size() == 1) taken = paintValue(painter, line, shown, 0);
     if (shown.values.size() > 1) {
-        taken = std::max(paintValue(painter, first, shown.values[0]),
-                         paintValue(painter, second, shown.values[1]));
+        taken =
+            std::max(paintValue(painter, first, shown, 0), paintValue(painter, second, shown, 1));
     }
     const int end = -taken - metrics::labelToValue;
     const bool hasCaption = !shown.caption.isEmpty();
@@ -179,7 +184,7 @@ void ListRows::paintWithBar(QPainter& painter, const QRect& line, const ListRow&
     const QRect words(line.left(), line.top() + metrics::labelToFigure, line.width(),
                       lineHeight(TextRole::body));
     const int lead = paintSymbol(painter, words, shown);
-    const int taken = shown.values.empty() ? 0 : paintValue(painter, words, shown.values.front());
+    const int taken = shown.values.empty() ? 0 : paintValue(painter, words, shown, 0);
     painter.setPen(color(ColorToken::text1));
     drawName(painter, within(line, words.adjusted(lead, 0, -taken - metrics::labelToValue, 0)),
              shown.title, TextRole::rowTitle, atStart());

@@ -67,7 +67,8 @@ private:
     void paintOneLine(QPainter& painter, const QRect& line, const ListRow& shown) const;
     void paintTwoLines(QPainter& painter, const QRect& line, const ListRow& shown) const;
     void paintWithBar(QPainter& painter, const QRect& line, const ListRow& shown) const;
-    int paintValue(QPainter& painter, const QRect& line, const ListValue& value) const;
+    int paintValue(QPainter& painter, const QRect& line, const ListRow& shown,
+                   std::size_t index) const;
     int paintMark(QPainter& painter, const QRect& line, int taken, const ListRow& shown) const;
 
     ListKind kind_;

@@ -237,7 +237,7 @@ void drawValue(QPainter& painter, const QRectF& rect, const QString& text, TextR
     if (tabularWidth(text, role) <= rect.width()) {
         drawTabular(painter, rect, text, role, alignment);
     } else {
-        drawName(painter, rect, text, role, alignment);
+        drawText(painter, rect, text, role, alignment);
     }
 }
 

@@ -59,8 +59,8 @@ void drawName(QPainter& painter, const QRectF& rect, const QString& text, TextRo
 void drawTabular(QPainter& painter, const QRectF& rect, const QString& text, TextRole role,
                  Qt::Alignment alignment = Qt::AlignRight | Qt::AlignVCenter);
 
-/// Draws a value that may be a figure or words: as a figure where it fits, otherwise shortened in
-/// the middle.
+/// Draws a value that may be a figure or words: as a figure where it fits, otherwise shortened at
+/// the end.
 void drawValue(QPainter& painter, const QRectF& rect, const QString& text, TextRole role,
                Qt::Alignment alignment = Qt::AlignRight | Qt::AlignVCenter);
 
