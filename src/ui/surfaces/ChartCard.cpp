@@ -27,7 +27,7 @@ void ChartCard::display(const std::optional<ChartCardModel>& model) {
     }
     for (std::size_t i = 0; i < charts_.size(); ++i) {
         const bool isThere = i < model->charts.size();
-        if (isThere) charts_[i]->setContent(toKit(model->charts[i]));
+        if (isThere) charts_[i]->setContent(chartContent(model->charts[i]));
         charts_[i]->setVisible(isThere);
     }
 }

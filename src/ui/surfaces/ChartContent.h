@@ -5,11 +5,15 @@
 #include "ui/models/ChartModel.h"
 #include "ui/models/ChartThroughput.h"
 
-// What the models say of charts, as the kit's chart takes it. Texts in the language in force.
 namespace vtx {
 
-[[nodiscard]] HistoryChartContent toKit(const MetricChartModel& model);
-/// Without its title, which is that of its card.
-[[nodiscard]] HistoryChartContent toKit(const DiskThroughputChart& model);
+/// A series' colour as the kit draws it.
+[[nodiscard]] SeriesColor seriesColor(const SeriesTint& tint);
+
+/// What a chart's model shows in the kit's chart. Texts in the language in force.
+[[nodiscard]] HistoryChartContent chartContent(const MetricChartModel& chart);
+
+/// The disks' chart, without its title, which its card has.
+[[nodiscard]] HistoryChartContent chartContent(const DiskThroughputChart& chart);
 
 }  // namespace vtx

@@ -8,6 +8,7 @@
 #include "ui/kit/Metrics.h"
 #include "ui/kit/PerCoreBars.h"
 #include "ui/models/CPUSectionModel.h"
+#include "ui/surfaces/ChartContent.h"
 #include "ui/surfaces/KitContent.h"
 #include "ui/surfaces/QtText.h"
 
@@ -23,7 +24,7 @@ ClusterCard::ClusterCard(QWidget* parent)
 }
 
 void ClusterCard::display(const ClusterModel& model) {
-    const SeriesColor tint = colorOf(model.color);
+    const SeriesColor tint = seriesColor(model.color);
     title_->setContent({.title = qt(model.title),
                         .symbol = qt(model.symbol),
                         .symbolColor = tint,

@@ -23,7 +23,7 @@ void DiskChartCard::display(const std::optional<DiskThroughputChart>& model) {
     setVisible(model.has_value());
     if (!model) return;
     title_->setContent({.title = qt(model->title)});
-    chart_->setContent(toKit(*model));
+    chart_->setContent(chartContent(*model));
 }
 
 }  // namespace vtx

@@ -11,6 +11,7 @@
 #include "ui/kit/Metrics.h"
 #include "ui/models/GPUSectionModel.h"
 #include "ui/surfaces/ChartCard.h"
+#include "ui/surfaces/ChartContent.h"
 #include "ui/surfaces/KitContent.h"
 #include "ui/surfaces/QtText.h"
 
@@ -54,7 +55,7 @@ void GPUSection::display(const GPUSectionModel& model) {
         rows.push_back({.symbol = qt(part.symbol),
                         .title = qt(part.title),
                         .value = qt(part.value),
-                        .symbolColor = part.color ? colorOf(*part.color) : ColorToken::text3});
+                        .symbolColor = part.color ? seriesColor(*part.color) : ColorToken::text3});
     components_->setRows(std::move(rows));
     heroCard_->setVisible(isKnown);
     componentsCard_->setVisible(isKnown);

@@ -4,33 +4,6 @@
 #include "ui/surfaces/QtText.h"
 
 namespace vtx {
-namespace {
-
-ColorToken tokenOf(SeriesRole role) {
-    switch (role) {
-        case SeriesRole::cpu:
-            return ColorToken::cpu;
-        case SeriesRole::pCore:
-            return ColorToken::pCore;
-        case SeriesRole::eCore:
-            return ColorToken::eCore;
-        case SeriesRole::gpu:
-            return ColorToken::gpu;
-        case SeriesRole::memory:
-            return ColorToken::memory;
-        case SeriesRole::cyan:
-            return ColorToken::cyan;
-        case SeriesRole::orange:
-            return ColorToken::orange;
-        case SeriesRole::yellow:
-            return ColorToken::yellow;
-        case SeriesRole::accent:
-            break;
-    }
-    return ColorToken::accent;
-}
-
-}  // namespace
 
 ColorToken colorOf(Hue hue) {
     switch (hue) {
@@ -64,11 +37,6 @@ ColorToken colorOf(Hue hue) {
             break;
     }
     return ColorToken::text1;
-}
-
-SeriesColor colorOf(const SeriesTint& tint) {
-    if (tint.own) return QColor(tint.own->red, tint.own->green, tint.own->blue);
-    return tokenOf(tint.role);
 }
 
 HeroContent toKit(const HeroModel& model) {

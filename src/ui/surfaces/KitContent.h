@@ -9,16 +9,12 @@
 #include "ui/kit/KeyValueRows.h"
 #include "ui/kit/Pill.h"
 #include "ui/kit/PlaceholderCard.h"
-#include "ui/kit/SeriesColor.h"
-#include "ui/models/ChartTints.h"
 #include "ui/models/SectionParts.h"
 
 // What the models say, as the parts of the kit take it.
 namespace vtx {
 
 [[nodiscard]] ColorToken colorOf(Hue hue);
-/// The user's own colour where there is one.
-[[nodiscard]] SeriesColor colorOf(const SeriesTint& tint);
 
 [[nodiscard]] HeroContent toKit(const HeroModel& model);
 [[nodiscard]] std::vector<FigureContent> toKit(const std::vector<FigureModel>& models);

@@ -13,6 +13,7 @@
 #include "ui/kit/TextBlock.h"
 #include "ui/models/MemorySectionModel.h"
 #include "ui/surfaces/ChartCard.h"
+#include "ui/surfaces/ChartContent.h"
 #include "ui/surfaces/CollectingCard.h"
 #include "ui/surfaces/KitContent.h"
 #include "ui/surfaces/MemorySummaryCard.h"
@@ -74,7 +75,7 @@ void MemorySection::displayConsumers(const MemorySectionModel& model) {
         rows.push_back({.title = qt(row.name),
                         .values = {{.text = qt(row.size)}},
                         .bar = row.fraction,
-                        .barTint = colorOf(model.color)});
+                        .barTint = seriesColor(model.color)});
     consumers_->setRows(std::move(rows));
     consumers_->setVisible(!model.consumers.empty());
 }
