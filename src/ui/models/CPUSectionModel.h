@@ -59,7 +59,7 @@ struct ClusterModel {
     std::string title;
     std::string usage;
     Hue hue = Hue::pCore;  ///< of the usage
-    SeriesTint color;     ///< of symbol and bars: the user's where there is one
+    SeriesTint color;      ///< of symbol and bars: the user's where there is one
     ClockTileModel clock;
     PerCoreBarsModel cores;
 

@@ -76,7 +76,7 @@ struct MemorySectionModel {
     std::string consumersTitle;
     std::vector<ConsumerRowModel> consumers;
     std::string noConsumers;  ///< empty where there are some
-    SeriesTint color;        ///< of the consumers' bars
+    SeriesTint color;         ///< of the consumers' bars
     std::optional<ChartCardModel> charts;
 
     friend bool operator==(const MemorySectionModel&, const MemorySectionModel&) = default;
