@@ -8,11 +8,12 @@
 
 namespace vtx {
 
-std::optional<PlaceholderModel> describeProcessPlaceholder(const ProcessTabReadings& readings) {
+std::optional<ProcessPlaceholderModel> describeProcessPlaceholder(
+    const ProcessTabReadings& readings) {
     if (readings.shown != 0) return std::nullopt;
-    if (readings.search.empty()) return PlaceholderModel{"hourglass", "Loading processes…"};
-    return PlaceholderModel{"magnifyingglass",
-                            fmt::format("No matches for \"{}\"", readings.search)};
+    if (readings.search.empty()) return ProcessPlaceholderModel{"hourglass", "Loading processes…"};
+    return ProcessPlaceholderModel{"magnifyingglass",
+                                   fmt::format("No matches for \"{}\"", readings.search)};
 }
 
 ProcessFooterModel describeProcessFooter(const ProcessTabReadings& readings) {

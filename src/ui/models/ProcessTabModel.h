@@ -19,11 +19,11 @@ inline constexpr std::string_view pid = "PID";
 }  // namespace processTexts
 
 /// What stands in the place of rows.
-struct PlaceholderModel {
+struct ProcessPlaceholderModel {
     std::string_view symbol;
     std::string text;
 
-    bool operator==(const PlaceholderModel&) const = default;
+    bool operator==(const ProcessPlaceholderModel&) const = default;
 };
 
 /// The line below the list.
@@ -46,7 +46,7 @@ struct ProcessTabReadings {
 };
 
 /// Only where no process is shown.
-[[nodiscard]] std::optional<PlaceholderModel> describeProcessPlaceholder(
+[[nodiscard]] std::optional<ProcessPlaceholderModel> describeProcessPlaceholder(
     const ProcessTabReadings& readings);
 /// The age in the language in force.
 [[nodiscard]] ProcessFooterModel describeProcessFooter(const ProcessTabReadings& readings);

@@ -69,7 +69,7 @@ void ProcessList::followCurrent(const std::vector<ProcessSnapshot>& before) {
         accessibility::announceFocus(*this, row);
 }
 
-void ProcessList::setPlaceholder(std::optional<PlaceholderModel> placeholder) {
+void ProcessList::setPlaceholder(std::optional<ProcessPlaceholderModel> placeholder) {
     if (placeholder_ == placeholder) return;
     placeholder_ = std::move(placeholder);
     update();

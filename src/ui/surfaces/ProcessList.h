@@ -23,7 +23,7 @@ public:
 
     void setProcesses(std::vector<ProcessSnapshot> processes);
     /// What stands there while there are none.
-    void setPlaceholder(std::optional<PlaceholderModel> placeholder);
+    void setPlaceholder(std::optional<ProcessPlaceholderModel> placeholder);
     /// The row whose menu is open, -1 for none.
     void setMenuRow(int row);
 
@@ -81,7 +81,7 @@ private:
     void paintPlaceholder(QPainter& painter) const;
 
     std::vector<ProcessSnapshot> processes_;
-    std::optional<PlaceholderModel> placeholder_;
+    std::optional<ProcessPlaceholderModel> placeholder_;
     int hovered_ = -1;
     int current_ = -1;
     int menuRow_ = -1;

@@ -14,12 +14,12 @@ TEST(ProcessTabModel, with_rows_nothing_stands_in_their_place) {
 
 TEST(ProcessTabModel, before_the_first_list_it_loads) {
     EXPECT_EQ(describeProcessPlaceholder({}),
-              (PlaceholderModel{"hourglass", "Loading processes…"}));
+              (ProcessPlaceholderModel{"hourglass", "Loading processes…"}));
 }
 
 TEST(ProcessTabModel, a_search_without_a_match_is_quoted_as_it_was_typed) {
     EXPECT_EQ(describeProcessPlaceholder({.search = " Pyhton"}),
-              (PlaceholderModel{"magnifyingglass", "No matches for \" Pyhton\""}));
+              (ProcessPlaceholderModel{"magnifyingglass", "No matches for \" Pyhton\""}));
 }
 
 TEST(ProcessTabModel, the_footer_counts_and_tells_the_age_of_the_list) {

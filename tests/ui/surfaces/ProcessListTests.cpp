@@ -175,7 +175,7 @@ TEST_F(ProcessLists, a_right_click_asks_for_the_menu_of_the_row_under_it) {
 
 TEST_F(ProcessLists, an_empty_one_says_why) {
     list->setProcesses({});
-    list->setPlaceholder(PlaceholderModel{"hourglass", "Loading processes…"});
+    list->setPlaceholder(ProcessPlaceholderModel{"hourglass", "Loading processes…"});
     auto* spoken = QAccessible::queryAccessibleInterface(list);
     ASSERT_EQ(spoken->childCount(), 1);
     EXPECT_EQ(spoken->child(0)->text(QAccessible::Name), QString::fromUtf8("Loading processes…"));
