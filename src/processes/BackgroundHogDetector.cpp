@@ -89,7 +89,11 @@ std::vector<HogReport> BackgroundHogDetector::report(std::span<const ProcessSnap
                            peak, activeFor, process.residentMemoryBytes,
                            firstNoticed_.try_emplace(pid, first).first->second, now});
     }
-    std::ranges::stable_sort(reports, std::greater{}, &HogReport::activeSeconds);
+    // As they were found where they are equal, which is by pid.
+    std::ranges::sort(reports, [](const HogReport& a, const HogReport& b) {
+        return a.activeSeconds != b.activeSeconds ? a.activeSeconds > b.activeSeconds
+                                                  : a.pid < b.pid;
+    });
     return reports;
 }
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -73,8 +75,9 @@ std::optional<std::vector<std::string>> SystemMonitor::command() const {
     const auto isOfThisDesktop = [&desktops](const Known& one) {
         return std::ranges::find(desktops, one.desktop) != desktops.end();
     };
-    auto wanted = known;
-    std::ranges::stable_partition(wanted, isOfThisDesktop);
+    std::vector<Known> wanted;
+    std::ranges::copy_if(known, std::back_inserter(wanted), isOfThisDesktop);
+    std::ranges::copy_if(known, std::back_inserter(wanted), std::not_fn(isOfThisDesktop));
     const auto where = folders();
     for (const Known& one : wanted) {
         for (const std::string& folder : where) {
