@@ -56,6 +56,8 @@ LinuxDesktop::LinuxDesktop(RunLoop& loop, Executor& main)
     symbols::releaseCache();
 }
 
+SystemBus& LinuxDesktop::session() { return members_->session; }
+
 TrayHost* LinuxDesktop::tray() { return &members_->tray; }
 
 LinuxDesktop::~LinuxDesktop() {
