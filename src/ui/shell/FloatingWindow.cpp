@@ -19,7 +19,7 @@
 namespace vtx {
 namespace {
 
-constexpr float hoverOpacity = 0.55F;
+constexpr float hoverOpacity = 0.35F;
 /// Further in than this every point lies within the rounded corners too.
 constexpr int clearOfCorners = 4;
 
