@@ -73,6 +73,11 @@ VantrixApp::VantrixApp(const Ports& ports, const Executors& executors, LaunchOpt
 
 VantrixApp::~VantrixApp() = default;
 
+void VantrixApp::showPopover() {
+    if (MenuBarController* controller = parts_->delegate.menuBarController())
+        controller->showPopover();
+}
+
 int VantrixApp::run() {
     parts_->delegate.applicationDidFinishLaunching();
     if (parts_->tour) parts_->tour->start(*parts_->delegate.menuBarController());

@@ -66,7 +66,7 @@ struct LinuxPlatform::Members {
           sysctl(root, processors, memInfo),
           thermalState(root, clock, main, slowReads, slowChanges),
           unifiedLog(root, options.environment),
-          userDefaults(options.configFolder),
+          userDefaults(options.configFolder, &clock),
           userNotifications(options.session, clock),
           smc(root, sensorTools()),
           workspace(bus, main,

@@ -171,6 +171,36 @@ inline constexpr int stripTileGap = 6;
 inline constexpr int stripSymbol = 13;
 inline constexpr int stripSymbolGap = 3;
 
+inline constexpr int widgetWidth = 220;
+inline constexpr int widgetHeight = 170;
+inline constexpr int widgetPadding = 10;
+inline constexpr int widgetHeaderTop = 9;
+inline constexpr int widgetHeaderHeight = 16;
+inline constexpr int widgetDotGap = 6;
+inline constexpr int widgetRowsTop = 31;
+inline constexpr int widgetRowHeight = 24;
+/// From the start of a row.
+inline constexpr int widgetBarStart = 70;
+inline constexpr int widgetBarWidth = 76;
+inline constexpr int widgetChipHeight = 24;
+inline constexpr int widgetChipGap = 6;
+inline constexpr int widgetChipPadding = 8;
+
+inline constexpr int pickerWidth = 520;
+inline constexpr int pickerPadding = 24;
+inline constexpr int pickerSymbol = 36;
+inline constexpr int pickerSymbolGap = 12;
+inline constexpr int pickerTitleGap = 4;
+inline constexpr int pickerCardsGap = 18;
+inline constexpr int pickerFooterGap = 20;
+inline constexpr int pickerButtonLabel = 80;
+inline constexpr int dialogButtonHeight = 28;
+inline constexpr int languageCardGap = 10;
+inline constexpr int languageCardPadding = 12;
+inline constexpr int languageCardMark = 18;
+inline constexpr int languageCardDot = 6;
+inline constexpr int languageCardTextGap = 10;
+
 inline constexpr int popoverArrowWidth = 24;
 inline constexpr int popoverArrowHeight = 10;
 inline constexpr int popoverScreenMargin = 8;
