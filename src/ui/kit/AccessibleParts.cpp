@@ -55,7 +55,9 @@ public:
         state.invisible = !widget()->isVisible();
         state.focusable = part.pressable;
         state.focused = widget()->hasFocus() && host()->focusedPart() == index_;
-        state.selectable = part.role == QAccessible::PageTab;
+        state.checkable = part.role == QAccessible::RadioButton;
+        state.checked = state.checkable && part.selected;
+        state.selectable = part.role == QAccessible::PageTab || state.checkable;
         state.selected = part.selected;
         return state;
     }

@@ -140,4 +140,32 @@ inline constexpr int tooltipHeight = 22;
 inline constexpr int tooltipPadding = 8;
 inline constexpr int tooltipGap = 4;
 
+/// Of a chart's plot with the room that it keeps clear above and below its scale.
+inline constexpr int chartHeight = 72;
+inline constexpr int chartClear = 4;
+inline constexpr int chartAxisWidth = 42;
+inline constexpr int chartGap = 16;
+inline constexpr int chartSymbol = 14;
+inline constexpr int titleToChart = 10;
+inline constexpr int chartToPills = 8;
+inline constexpr int chartPillHeight = 18;
+inline constexpr int chartPillPadding = 7;
+inline constexpr int chartPillGap = 6;
+inline constexpr int chartPillLabelGap = 5;
+inline constexpr int chartLegendWidth = 14;
+inline constexpr int chartLegendHeight = 8;
+inline constexpr int chartLegendGap = 14;
+inline constexpr double chartDot = 6.4;
+inline constexpr double chartBarGap = 1.2;
+inline constexpr double chartBarRadius = 1.0;
+inline constexpr float chartBarOpacity = 0.85F;
+inline constexpr float chartAreaTop = 0.34F;
+inline constexpr float chartAreaBottom = 0.02F;
+
+inline constexpr int segmentedHeight = 24;
+inline constexpr int segmentInset = 2;
+inline constexpr int segmentPadding = 9;
+inline constexpr int segmentMs = 140;
+inline constexpr double segmentDisabled = 0.45;
+
 }  // namespace vtx::metrics

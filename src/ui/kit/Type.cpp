@@ -39,6 +39,7 @@ constexpr std::array styles{
     RoleStyle{TextRole::rowValue, 13, QFont::DemiBold, 18},
     RoleStyle{TextRole::keyValue, 12, QFont::Medium, 16},
     RoleStyle{TextRole::label, 11, QFont::Medium, 14},
+    RoleStyle{TextRole::labelValue, 11, QFont::DemiBold, 14},
     RoleStyle{TextRole::caption, 11, QFont::Normal, 15},
     RoleStyle{TextRole::small, 10, QFont::Normal, 13},
     RoleStyle{TextRole::axis, 9, QFont::Normal, 11},

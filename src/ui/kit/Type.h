@@ -25,6 +25,7 @@ enum class TextRole : quint8 {
     rowValue,     // 13/600
     keyValue,     // 12/500
     label,        // 11/500
+    labelValue,   // 11/600
     caption,      // 11/400
     small,        // 10/400
     axis,         // 9/400

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "ui/models/ChartThroughput.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+#include "language/Localization.h"
+#include "ui/models/ChartModel.h"
+#include "ui/models/ChartRange.h"
+
+namespace vtx {
+namespace {
+
+constexpr double bytesPerMB = 1048576.0;
+
+HistorySeries inMB(HistorySeries series) {
+    for (HistoryPoint& each : series) each.value /= bytesPerMB;
+    return series;
+}
+
+/// One window for both: the series that ended first shows what it has of it.
+void cutTo(Date end, double windowSeconds, HistorySeries& series) {
+    const Date begin = end - std::chrono::duration_cast<Date::duration>(seconds(windowSeconds));
+    std::erase_if(series, [begin](const HistoryPoint& each) { return each.timestamp < begin; });
+}
+
+double peakOf(const HistorySeries& read, const HistorySeries& write) {
+    double peak = 0.0;
+    for (const HistorySeries* series : {&read, &write})
+        if (const auto point = peakPoint(*series)) peak = std::max(peak, point->value);
+    return peak;
+}
+
+std::string bare(double value) {
+    return std::floor(value) == value ? fmt::format("{:.0f}", value) : fmt::format("{:.1f}", value);
+}
+
+void addSeries(std::string& text, std::string_view title, const HistorySeries& series) {
+    const auto last = lastValue(series);
+    const auto peak = peakPoint(series);
+    if (last && peak)
+        text += fmt::format(", {} {:.1f} MB/s, Max {:.1f} MB/s", title, *last, peak->value);
+}
+
+}  // namespace
+
+DiskThroughputChart describeDiskChart(const HistorySeries& bytesRead,
+                                      const HistorySeries& bytesWritten,
+                                      const DisplayPreferences& preferences) {
+    const auto text = [](L10n::Key key) { return std::string(Localization::shared().string(key)); };
+    const double window = seconds(preferences.historyRange);
+    DiskThroughputChart chart;
+    chart.title = text(L10n::Key::disk_history);
+    chart.readTitle = text(L10n::Key::disk_read);
+    chart.writeTitle = text(L10n::Key::disk_write);
+    chart.read = inMB(trimmed(bytesRead, window));
+    chart.write = inMB(trimmed(bytesWritten, window));
+    if (!chart.read.empty()) cutTo(chart.read.back().timestamp, window, chart.write);
+    if (!chart.write.empty()) cutTo(chart.write.back().timestamp, window, chart.read);
+    chart.readColor = ChartTints::color(preferences.colorDisk, {SeriesRole::cyan});
+    chart.ceiling = throughputCeiling(peakOf(chart.read, chart.write));
+    chart.historyRange = preferences.historyRange;
+    return chart;
+}
+
+double throughputCeiling(double peakMBPerSecond) {
+    constexpr double lowest = 1.0;
+    if (!std::isfinite(peakMBPerSecond) || peakMBPerSecond < lowest) return lowest;
+    double power = 1.0;
+    while (power * 10.0 <= peakMBPerSecond) power *= 10.0;
+    double ceiling = power * 10.0;
+    for (const double step : {5.0, 2.0})
+        if (step * power > peakMBPerSecond) ceiling = step * power;
+    // Nothing stands above the largest numbers that there are.
+    return std::isfinite(ceiling) ? ceiling : peakMBPerSecond;
+}
+
+std::array<std::string, 3> axisMarks(const DiskThroughputChart& chart) {
+    return {"0 MB/s", bare(chart.ceiling / 2.0), bare(chart.ceiling)};
+}
+
+std::string spokenValue(const DiskThroughputChart& chart) {
+    if (!lastValue(chart.read) && !lastValue(chart.write)) return collectingText();
+    std::string text = historyTitle(chart.historyRange);
+    addSeries(text, chart.readTitle, chart.read);
+    addSeries(text, chart.writeTitle, chart.write);
+    return text;
+}
+
+}  // namespace vtx
