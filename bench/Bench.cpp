@@ -10,6 +10,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include "EveryTile.h"
+#include "LivingSensors.h"
 #include "SurfaceDriver.h"
 
 namespace vtx::bench {
@@ -19,6 +21,8 @@ namespace fs = std::filesystem;
 
 /// Between two looks at the strip, which changes once a second.
 constexpr auto glance = std::chrono::milliseconds(250);
+
+constexpr auto resident = "vantrix";
 
 Program::Environment complete(Program::Environment environment, const fs::path& home) {
     environment.insert({{"HOME", home},
@@ -32,36 +36,70 @@ Program::Environment complete(Program::Environment environment, const fs::path& 
 }  // namespace
 
 Bench::Subject::Subject(std::string shownName, const std::vector<std::string>& command,
-                        Program::Environment environment)
-    : name(std::move(shownName)), program(command, complete(std::move(environment), home.path())) {}
+                        Program::Environment environment, Tiles tiles)
+    : name(std::move(shownName)), program(command, [&] {
+          if (tiles == Tiles::all) storeEveryTile(home.path() / "config/vantrix");
+          return complete(std::move(environment), home.path());
+      }()) {}
 
-Bench::Bench(const Options& options) : options_(options) {
+Bench::Bench(const Options& options)
+    : options_(options), programs_(fs::canonical("/proc/self/exe").parent_path()) {
     report_.machine = machineFacts();
-    const auto folder = fs::canonical("/proc/self/exe").parent_path();
-    add("bench-preads", folder);
-    add("bench-bare-window", folder);
-    for (const auto& command : options_.commands) add(command);
-    resident_ = add("vantrix", folder);
+    addFloors();
+    for (const auto& command : options_.commands) add(command, subjects_.size() + 1);
+    resident_ = add(resident);
 }
 
 CostReport Bench::measure() {
     measureWindow("With every surface closed");
-    if (resident_ && useSurfaces()) {
-        measureWindow("After each surface was opened and closed once");
-    }
+    if (!resident_) return std::move(report_);
+    if (useSurfaces()) measureWindow("After each surface was opened and closed once");
+    measureEveryTile();
+    measureEverySensor();
     return std::move(report_);
 }
 
-Bench::Subject* Bench::add(const std::string& name, const fs::path& folder) {
-    const auto file = folder / name;
-    if (!fs::exists(file)) {
-        report_.leftOut.push_back(fmt::format("{}, which is not built", name));
-        return nullptr;
-    }
-    return start(name, {file}, {});
+void Bench::measureEveryTile() {
+    std::string missing;
+    for (const auto& tile : tilesWithoutSource())
+        missing += fmt::format("{}{}", missing.empty() ? "; none here for: " : ", ", tile);
+    measureAlone("With every surface closed and every tile in the strip" + missing,
+                 {programs_ / resident});
 }
 
-void Bench::add(const std::string& command) {
+void Bench::measureEverySensor() {
+    const LivingSensors sensors;
+    if (!sensors.canBeShown()) {
+        report_.leftOut.emplace_back("every tile with a sensor: no mount namespace may be made");
+        return;
+    }
+    measureAlone("The same where every sensor is there, told by ordinary files",
+                 sensors.command(programs_ / resident));
+}
+
+void Bench::measureAlone(std::string title, const std::vector<std::string>& command) {
+    resident_ = nullptr;
+    subjects_.clear();
+    addFloors();
+    resident_ = start(resident, command, {}, Tiles::all);
+    measureWindow(std::move(title));
+}
+
+void Bench::addFloors() {
+    add("bench-preads");
+    add("bench-bare-window");
+}
+
+Bench::Subject* Bench::add(const std::string& name) {
+    const auto file = programs_ / name;
+    if (fs::exists(file)) return start(name, {file});
+    const auto missing = fmt::format("{}, which is not built", name);
+    if (std::ranges::find(report_.leftOut, missing) == report_.leftOut.end())
+        report_.leftOut.push_back(missing);
+    return nullptr;
+}
+
+void Bench::add(const std::string& command, std::size_t number) {
     std::istringstream words(command);
     std::vector<std::string> arguments;
     Program::Environment environment;
@@ -74,15 +112,15 @@ void Bench::add(const std::string& command) {
         }
     }
     if (arguments.empty()) throw std::runtime_error(fmt::format("'{}' is no command", command));
-    const auto name = fmt::format("{} ({})", fs::path(arguments.front()).filename().string(),
-                                  subjects_.size() + 1);
+    const auto name =
+        fmt::format("{} ({})", fs::path(arguments.front()).filename().string(), number);
     std::fputs(fmt::format("{}: {}\n", name, command).c_str(), stderr);
     start(name, arguments, std::move(environment));
 }
 
 Bench::Subject* Bench::start(const std::string& name, const std::vector<std::string>& command,
-                             Program::Environment environment) {
-    subjects_.push_back(std::make_unique<Subject>(name, command, std::move(environment)));
+                             Program::Environment environment, Tiles tiles) {
+    subjects_.push_back(std::make_unique<Subject>(name, command, std::move(environment), tiles));
     return subjects_.back().get();
 }
 

@@ -21,26 +21,35 @@ public:
     /// Starts the programs. Throws `std::runtime_error` where one cannot be.
     explicit Bench(const Options& options);
 
-    /// Measures once with every surface of the resident program closed, uses each surface, and
-    /// measures again. Throws `std::runtime_error` when a program ends by itself. Once only.
+    /// Measures once with every surface of the resident program closed, uses each surface, measures
+    /// again, and then with every tile of the strip: on this machine's figures, and on those of a
+    /// machine that has them all. Throws `std::runtime_error` when a program ends by itself. Once
+    /// only.
     [[nodiscard]] CostReport measure();
 
 private:
+    enum class Tiles { ofAFirstStart, all };
+
     /// A program with settings and a runtime folder that no other shares.
     struct Subject {
         Subject(std::string shownName, const std::vector<std::string>& command,
-                Program::Environment environment);
+                Program::Environment environment, Tiles tiles);
 
         TemporaryFolder home;  // first: the program writes in it until it ends
         std::string name;
         Program program;
     };
 
+    void addFloors();
     /// One of our own programs; null where it is not built.
-    Subject* add(const std::string& name, const std::filesystem::path& folder);
-    void add(const std::string& command);
+    Subject* add(const std::string& name);
+    void add(const std::string& command, std::size_t number);
     Subject* start(const std::string& name, const std::vector<std::string>& command,
-                   Program::Environment environment);
+                   Program::Environment environment = {}, Tiles tiles = Tiles::ofAFirstStart);
+    void measureEveryTile();
+    void measureEverySensor();
+    /// One resident program at a time: two would share their pages, and each seem smaller.
+    void measureAlone(std::string title, const std::vector<std::string>& command);
     [[nodiscard]] std::vector<CostReading> readAll();
     void measureWindow(std::string title);
     /// Lets the window of time pass; how often the strip showed something else meanwhile.
@@ -48,6 +57,7 @@ private:
     [[nodiscard]] bool useSurfaces();
 
     const Options options_;
+    const std::filesystem::path programs_;
     const UnevenLoad load_;
     CostReport report_;
     std::vector<std::unique_ptr<Subject>> subjects_;

@@ -8,6 +8,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto text = fuzz::asInputText(data, size);
     const auto zram = parseZramPool(text);
     const auto info = parseMemInfo(text);
+    // The second time by the places of the first.
+    MemInfoText reader;
+    fuzz::expect(reader.parse(text) == info);
+    fuzz::expect(reader.parse(text) == info);
     if (!info) return 0;
     const auto available = info->available < info->total ? info->available : info->total;
     for (const std::uint64_t pageSize : {4096U, 16'384U, 65'536U}) {

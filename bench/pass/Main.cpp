@@ -3,6 +3,7 @@
 // beside bare reads of the same files, with gaps between them as the real cadence has; and what
 // finding and reading sensors costs on a simulated machine.
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <charconv>
 #include <cstdio>
@@ -19,7 +20,7 @@
 namespace vtx::bench {
 namespace {
 
-constexpr const char* usage = R"(Usage: vantrix-bench-pass [--passes N] [--interval MS]
+constexpr const char* usage = R"(Usage: vantrix-bench-pass [--passes N] [--interval MS] [--system]
 
 Prints what one pass costs beside bare reads of the files it needs, and what sensors and fans cost
 on a simulated machine.
@@ -27,6 +28,7 @@ on a simulated machine.
   --passes N     how many are counted, 60 when not said
   --interval MS  milliseconds from one pass to the next, 1000 when not said;
                  less understates the cost, since caches stay warm
+  --system       prints the port calls of a pass alone
   --help         shows this text
 )";
 
@@ -47,13 +49,21 @@ int number(const std::string& text) {
 }
 
 std::string row(const char* name, const Statistics& times, const Statistics& floor) {
-    return fmt::format("  {:<24}{:>12.1f}{:>12.1f}{:>12.2f}\n", name, times.median().count(),
-                       times.p95().count(), times.median() / floor.median());
+    return fmt::format("  {:<24}{:>12.1f}{:>12.1f}{:>12.1f}{:>12.2f}{:>12.2f}\n", name,
+                       times.median().count(), times.least().count(), times.p95().count(),
+                       times.median() / floor.median(), times.least() / floor.least());
 }
 
 std::string row(const char* name, const Statistics& times) {
-    return fmt::format("  {:<24}{:>12.1f}{:>12.1f}\n", name, times.median().count(),
-                       times.p95().count());
+    return fmt::format("  {:<24}{:>12.1f}{:>12.1f}{:>12.1f}\n", name, times.median().count(),
+                       times.least().count(), times.p95().count());
+}
+
+void printHeading() {
+    std::fputs(fmt::format("  {:<24}{:>12}{:>12}{:>12}{:>12}{:>12}\n", "", "median µs", "least µs",
+                           "p95 µs", "× preads", "× at least")
+                   .c_str(),
+               stdout);
 }
 
 void printSensors() {
@@ -68,9 +78,18 @@ void printSensors() {
 }
 
 void printSystemPart(int passes, std::chrono::milliseconds gap) {
-    std::fputs("Port calls of a pass, source by source\n", stdout);
-    for (const auto& [name, ports, preads] : SystemMeter().measure(passes, gap))
+    std::fputs("Port calls of a pass, source by source, on one thread\n", stdout);
+    printHeading();
+    SystemMeter meter;
+    for (const auto& [name, ports, preads] : meter.measure(passes, gap)) {
         std::fputs(row(name.c_str(), ports, preads).c_str(), stdout);
+        std::fputs(row("  preads of its files", preads).c_str(), stdout);
+    }
+    std::fputs(fmt::format("  Read for comparison, each file kept open, in turn with the ports\n"
+                           "  and after the same pause, so that caches are as cold: {}\n",
+                           fmt::join(meter.files(), ", "))
+                   .c_str(),
+               stdout);
 }
 
 std::string where(const std::string& recorded) {
@@ -81,10 +100,15 @@ std::string where(const std::string& recorded) {
 int run(const std::vector<std::string>& arguments) {
     int passes = 60;
     int interval = 1000;
+    bool isSystemAlone = false;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] == "--help") {
             std::fputs(usage, stdout);
             return EXIT_SUCCESS;
+        }
+        if (arguments[i] == "--system") {
+            isSystemAlone = true;
+            continue;
         }
         int* const option = arguments[i] == "--passes"     ? &passes
                             : arguments[i] == "--interval" ? &interval
@@ -94,17 +118,19 @@ int run(const std::vector<std::string>& arguments) {
         }
         *option = number(arguments[++i]);
     }
+    if (isSystemAlone) {
+        printSystemPart(passes, std::chrono::milliseconds(interval / 2));
+        return EXIT_SUCCESS;
+    }
     const std::chrono::milliseconds gap(interval / worksInARound);
     PassMeter meter;
     const PassCosts costs = meter.measure(passes, gap);
     std::fputs(
         fmt::format("CPU time of one pass ({} passes, {} ms apart)\n", passes, interval).c_str(),
         stdout);
-    std::fputs(
-        fmt::format("  {:<24}{:>12}{:>12}{:>12}\n", "", "median µs", "p95 µs", "× preads").c_str(),
-        stdout);
+    printHeading();
     std::fputs(row("the pass, both threads", costs.pass, costs.preads).c_str(), stdout);
-    std::fputs(row("its system part", costs.system, costs.preads).c_str(), stdout);
+    std::fputs(row("its processors' part", costs.system, costs.preads).c_str(), stdout);
     std::fputs(row("preads of its files", costs.preads, costs.preads).c_str(), stdout);
     std::fputs("CPU time of one step of an engine alone\n", stdout);
     std::fputs(row("the clocks", costs.clocks, costs.clockPreads).c_str(), stdout);

@@ -77,7 +77,9 @@ std::vector<std::string> diskFiles(const LinuxRoot& root) {
 
 SystemMeter::SystemMeter() : platform_(loop_, loop_.executor(), optionsWith(settings_.path())) {
     add({"processors", readProcessors, {"/proc/stat"}});
-    // Pressure is told by triggers and costs nothing between events.
+    // Pressure is told by triggers and costs nothing between events. Interfaces, addresses and
+    // devices are told by announcements: to ask whether there are any is in the ports' time, and
+    // nothing in that of the files.
     add({"memory", readMemory, memoryFiles(root_)});
     add({"disks", readDisks, diskFiles(root_)});
     add({"network", readNetwork, {"/proc/net/dev"}});
@@ -119,6 +121,13 @@ std::vector<SystemCosts> SystemMeter::measure(int rounds, std::chrono::milliseco
         });
     }
     return costs;
+}
+
+std::vector<std::string> SystemMeter::files() const {
+    std::vector<std::string> all;
+    for (const Metered& each : sources_)
+        all.insert(all.end(), each.source.files.begin(), each.source.files.end());
+    return all;
 }
 
 void SystemMeter::wait(std::chrono::milliseconds gap) {

@@ -41,6 +41,9 @@ public:
     /// counted. The last one is of all sources together.
     [[nodiscard]] std::vector<SystemCosts> measure(int rounds, std::chrono::milliseconds gap);
 
+    /// All that are read for comparison: the cheapest that the kernel has for the same figures.
+    [[nodiscard]] std::vector<std::string> files() const;
+
 private:
     struct Metered {
         SystemSource source;

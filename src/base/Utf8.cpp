@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "base/Utf8.h"
 
-#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 namespace vtx {
 namespace {
@@ -46,11 +47,24 @@ Sequence sequenceAt(std::string_view bytes) {
     return {length, length == lead.following + 1};
 }
 
+/// Eight bytes at a time: this goes over the name and the path of every process.
+bool isAscii(std::string_view bytes) {
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    std::uint64_t word = 0;
+    while (bytes.size() >= sizeof word) {
+        std::memcpy(&word, bytes.data(), sizeof word);
+        if ((word & highBits) != 0) return false;
+        bytes.remove_prefix(sizeof word);
+    }
+    word = 0;
+    std::memcpy(&word, bytes.data(), bytes.size());
+    return (word & highBits) == 0;
+}
+
 }  // namespace
 
 std::string repairedUtf8(std::string_view bytes) {
-    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
-    if (std::ranges::all_of(bytes, isAscii)) return std::string(bytes);
+    if (isAscii(bytes)) return std::string(bytes);
     std::string text;
     text.reserve(bytes.size());
     while (!bytes.empty()) {

@@ -22,6 +22,17 @@ constexpr double batterySaverFactor = 2.0;
 constexpr Duration bridgeInterval = std::chrono::milliseconds(50);
 // Not in nanoseconds, in which the time since the distant past has no room.
 constexpr std::chrono::seconds processInterval{5};
+/// Whoever closed a surface may open it again.
+constexpr std::chrono::seconds processPatience{15};
+
+/// Those of the drives, of power, of the fans and of the Neural Engine raise no alert.
+AlertRules alertRulesOf(const DisplayPreferences& p) {
+    return {.cpu = {p.alertCPUEnabled, p.alertCPUThreshold},
+            .gpu = {p.alertGPUEnabled, p.alertGPUThreshold},
+            .memory = {p.alertMemoryEnabled, p.alertMemoryThreshold},
+            .isPressureEnabled = p.alertPressureEnabled,
+            .temperature = {p.alertTempEnabled, p.alertTempCelsius}};
+}
 
 }  // namespace
 
@@ -39,6 +50,7 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       battery(services_->battery),
       processes(services_->processes),
       memoryPressure(services_->memoryPressure),
+      alerts(services_->alerts),
       systemInfo(services_->systemInfo),
       diskIO(services_->diskIO),
       fan(services_->fan),
@@ -127,9 +139,17 @@ Task<> MetricsCoordinator::refreshAll() {
     if (areProcessesDue(now)) {
         lastProcessRefresh_ = now;
         co_await processes.refresh();
+    } else if (!needsProcesses() && now - lastProcessRefresh_ >= processPatience) {
+        co_await processes.rest();
     }
     if (keepsHistory) appendHistory(now);
     updateCriticalMetric();
+    evaluateAlerts();
+}
+
+void MetricsCoordinator::evaluateAlerts() {
+    alerts.evaluate(alertRulesOf(*preferences), *cpu.latest, *gpu.latest, *memory.latest,
+                    *thermal.latest, *temperature.latest);
 }
 
 void MetricsCoordinator::refreshBattery() {
@@ -138,9 +158,12 @@ void MetricsCoordinator::refreshBattery() {
                     ports_.processInfo.isLowPowerModeEnabled());
 }
 
+bool MetricsCoordinator::needsProcesses() const {
+    return *pollingMode == PollingMode::active || preferences->hogDetectorEnabled;
+}
+
 bool MetricsCoordinator::areProcessesDue(Date now) const {
-    return (*pollingMode == PollingMode::active || preferences->hogDetectorEnabled) &&
-           now - lastProcessRefresh_ >= processInterval;
+    return needsProcesses() && now - lastProcessRefresh_ >= processInterval;
 }
 
 bool MetricsCoordinator::needsCPU() const {

@@ -43,6 +43,7 @@ public:
     BatteryMonitor& battery;
     ProcessManager& processes;
     MemoryPressureService& memoryPressure;
+    AlertsService& alerts;
     SystemInfoService& systemInfo;
     DiskIOMonitor& diskIO;
     FanMonitor& fan;
@@ -116,6 +117,8 @@ private:
     void bridgeNestedMonitorChanges();
     Task<> poll(std::stop_token stop, Duration interval);
     void updateCriticalMetric();
+    void evaluateAlerts();
+    [[nodiscard]] bool needsProcesses() const;
     [[nodiscard]] bool areProcessesDue(Date now) const;
 
     /// When the last sample of processes began.

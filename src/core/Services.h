@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "alerts/AlertsService.h"
 #include "base/Executors.h"
 #include "fan/FanMonitor.h"
 #include "memory/MemoryMonitor.h"
@@ -32,6 +33,7 @@ struct Services {
           battery(ports),
           processes(ports, executors),
           memoryPressure(ports, executors),
+          alerts(ports, executors.main),
           systemInfo(ports),
           diskIO(ports.ioRegistry, ports.clock),
           fan(ports),
@@ -46,6 +48,7 @@ struct Services {
     BatteryMonitor battery;
     ProcessManager processes;
     MemoryPressureService memoryPressure;
+    AlertsService alerts;
     SystemInfoService systemInfo;
     DiskIOMonitor diskIO;
     FanMonitor fan;

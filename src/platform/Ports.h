@@ -20,6 +20,7 @@ class Sysctl;
 class ThermalState;
 class UnifiedLog;
 class UserDefaults;
+class UserNotificationCenter;
 class Workspace;
 
 /// Every operation that the logic asks of the platform it runs on. The composition root picks one
@@ -42,6 +43,7 @@ struct Ports {
     ThermalState& thermalState;
     UnifiedLog& unifiedLog;
     UserDefaults& userDefaults;
+    UserNotificationCenter& userNotifications;
     Workspace& workspace;
 };
 

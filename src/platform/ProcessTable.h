@@ -60,8 +60,8 @@ struct ProcessDetails {
     std::optional<bool> isSystemSoftware;
 };
 
-/// The processes of this machine. `kernProcAll` and `details` belong to one engine, the rest is for
-/// any thread.
+/// The processes of this machine. `kernProcAll`, `details` and `letGo` belong to one engine, the
+/// rest is for any thread.
 class ProcessTable {
 public:
     ProcessTable() = default;
@@ -77,6 +77,10 @@ public:
     /// `proc_name`, `proc_pidpath`, `proc_pidinfo` and `getpriority` of one process. What the
     /// platform learned while it listed may stand for any of them.
     [[nodiscard]] virtual ProcessDetails details(std::int32_t pid) = 0;
+
+    /// Nobody asks for a while: gives back what is kept from one time to the next, which the next
+    /// `kernProcAll` has to learn anew.
+    virtual void letGo() = 0;
 
     [[nodiscard]] virtual MachTimebaseInfo machTimebaseInfo() const = 0;
 

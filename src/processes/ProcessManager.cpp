@@ -31,10 +31,18 @@ ProcessManager::ProcessManager(const Ports& ports, const Executors& executors)
 
 Task<> ProcessManager::refresh() {
     isLoading = true;
+    isResting_ = false;
     auto sample = co_await engine_.run(&ProcessSamplingEngine::snapshot);
     processes = order_.sorted(std::move(sample));
     lastRefresh = clock_.now();
     isLoading = false;
+}
+
+Task<> ProcessManager::rest() {
+    // A refresh under way would have to learn everything twice.
+    if (isResting_ || *isLoading) co_return;
+    isResting_ = true;
+    (void)co_await engine_.run(&ProcessSamplingEngine::rest);
 }
 
 bool ProcessManager::isModifiable(const ProcessSnapshot& snapshot) const {

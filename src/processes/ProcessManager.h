@@ -30,6 +30,10 @@ public:
     /// Refreshes may overlap.
     Task<> refresh();
 
+    /// Nobody asks for the processes for now: what is kept for the next sample alone is given back,
+    /// once. What was published stays.
+    Task<> rest();
+
     /// Gives a process a niceness from 0 to 20. The record as it then stands, also in the published
     /// list if it is still there; or why nothing was changed.
     [[nodiscard]] ReniceResult renice(const ProcessSnapshot& snapshot, std::int32_t nice);
@@ -51,6 +55,7 @@ private:
     const Clock& clock_;
     ProcessOrder order_;
     Confined<ProcessSamplingEngine> engine_;
+    bool isResting_ = true;  ///< as it does until the first refresh
 };
 
 }  // namespace vtx

@@ -83,6 +83,12 @@ std::vector<ProcessSnapshot> ProcessSamplingEngine::snapshot() {
     return all;
 }
 
+bool ProcessSamplingEngine::rest() {
+    table_.letGo();
+    std::vector<KinfoProc>().swap(records_);
+    return true;
+}
+
 ProcessSnapshot ProcessSamplingEngine::read(const KinfoProc& record, double elapsed,
                                             CPUTotals& totals) {
     const ProcessDetails details = table_.details(record.pid);

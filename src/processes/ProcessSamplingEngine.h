@@ -25,6 +25,9 @@ public:
     /// One sample, in the kernel's order. Shares are 0 where there is no sample before. Empty when
     /// the table cannot be had, and the next one then measures from the last good sample.
     [[nodiscard]] std::vector<ProcessSnapshot> snapshot();
+    /// Has the table give back what it keeps between two walks. The shares of the next sample are
+    /// measured from the last one all the same. True.
+    bool rest();
 
 private:
     /// The records live until the next call. Absent on failure.

@@ -63,6 +63,8 @@ LinuxDesktop::LinuxDesktop(RunLoop& loop, Executor& main)
     symbols::releaseCache();
 }
 
+SystemBus& LinuxDesktop::session() { return members_->session; }
+
 TrayHost* LinuxDesktop::tray() { return &members_->tray; }
 
 LinuxDesktop::~LinuxDesktop() {

@@ -8,6 +8,7 @@
 
 namespace vtx {
 
+class SystemBus;
 class TrayHost;
 
 /// What both programs share around the application object on Linux: the toolkit's settings before
@@ -24,6 +25,8 @@ public:
     LinuxDesktop(const LinuxDesktop&) = delete;
     LinuxDesktop& operator=(const LinuxDesktop&) = delete;
 
+    /// The bus of the user's session.
+    [[nodiscard]] SystemBus& session();
     /// The tray, which may come and go. Lives as long as the object.
     [[nodiscard]] TrayHost* tray();
 

@@ -6,6 +6,7 @@
 #include "app/linux/LinuxDesktop.h"
 #include "base/SerialExecutor.h"
 #include "language/linux/LinuxWording.h"
+#include "platform/linux/DescriptorLimit.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/TerminationSignals.h"
 #include "ui/shell/QtMainExecutor.h"
@@ -18,6 +19,7 @@ int main(int argc, char** argv) {
 
     vtx::LinuxDesktop::settleToolkit();
     vtx::TerminationSignals::block();  // before the first thread
+    vtx::raiseDescriptorLimit();
     QApplication application(argc, argv);
     QApplication::setApplicationName("vantrix");
     QApplication::setApplicationDisplayName("Vantrix");
@@ -26,7 +28,9 @@ int main(int argc, char** argv) {
     vtx::QtMainExecutor mainExecutor;
     vtx::QtRunLoop runLoop;
     vtx::LinuxDesktop desktop(runLoop, mainExecutor);
-    vtx::LinuxPlatform platform(runLoop, mainExecutor, {});
+    vtx::LinuxPlatform::Options machine;
+    machine.session = &desktop.session();
+    vtx::LinuxPlatform platform(runLoop, mainExecutor, machine);
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));
     vtx::SerialExecutor blocking(vtx::LinuxPlatform::nameThread("vantrix-table"));
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });

@@ -27,10 +27,12 @@ PropertyMap statistics(const BlockStat& stat) {
 /// Writes over the numbers that are there; false where the map is of another shape.
 bool renew(PropertyMap& map, const BlockStat& stat) {
     if (map.size() != 4) return false;
-    const auto set = [&map](std::string_view key, std::uint64_t value) {
-        const auto found = map.find(key);
-        if (found != map.end()) found->second = number(value);
-        return found != map.end();
+    auto at = map.begin();  // in the order of their keys
+    const auto set = [&at](std::string_view key, std::uint64_t value) {
+        if (at->first != key) return false;
+        auto* const kept = std::get_if<std::int64_t>(&(at++)->second.value());
+        if (kept) *kept = static_cast<std::int64_t>(value);
+        return kept != nullptr;
     };
     return set("Bytes (Read)", stat.bytesRead) && set("Bytes (Write)", stat.bytesWritten) &&
            set("Operations (Read)", stat.readOperations) &&

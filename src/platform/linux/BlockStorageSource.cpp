@@ -8,12 +8,12 @@ namespace vtx {
 
 RegistryNodes BlockStorageSource::services() {
     renew();
-    return nodes_;
+    return *nodes_;
 }
 
-void BlockStorageSource::servicesInto(RegistryNodes& into) {
+SharedNodes BlockStorageSource::sharedServices() {
     renew();
-    into = nodes_;
+    return nodes_;
 }
 
 void BlockStorageSource::renew() {
@@ -36,7 +36,7 @@ void BlockStorageSource::look() {
     for (const auto& disk : disks_)
         if (std::ranges::find(found, disk) == found.end()) disk->remove();
     disks_ = std::move(found);
-    nodes_.assign(disks_.begin(), disks_.end());
+    nodes_ = std::make_shared<const RegistryNodes>(disks_.begin(), disks_.end());
 }
 
 std::shared_ptr<BlockDisk> BlockStorageSource::diskOf(const BlockDevice& device) const {

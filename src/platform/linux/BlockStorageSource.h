@@ -23,7 +23,7 @@ public:
 
     [[nodiscard]] std::string_view className() const override { return "IOBlockStorageDriver"; }
     [[nodiscard]] RegistryNodes services() override;
-    void servicesInto(RegistryNodes& into) override;
+    [[nodiscard]] SharedNodes sharedServices() override;
 
 private:
     void renew();
@@ -35,7 +35,7 @@ private:
     std::uint64_t generation_ = 0;  ///< of the last look
     std::ptrdiff_t failing_ = 0;    ///< disks that did not answer, when it was last asked
     std::vector<std::shared_ptr<BlockDisk>> disks_;
-    RegistryNodes nodes_;  ///< the same disks
+    SharedNodes nodes_ = std::make_shared<const RegistryNodes>();  ///< the same disks
 };
 
 }  // namespace vtx

@@ -30,7 +30,7 @@ void append(std::string& text, char32_t character) {
     const auto byte = [&](char32_t value) { text += static_cast<char>(value); };
     if (character < 0x80) return byte(character);
     const int following = character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
-    byte((0xF00U >> following & 0xFFU) | character >> (6 * following));
+    byte((0xF00U >> (following + 1) & 0xFFU) | character >> (6 * following));
     for (int i = following - 1; i >= 0; --i) byte(0x80U | (character >> (6 * i) & 0x3FU));
 }
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/CpuStat.h"
 
-#include <charconv>
-
 #include "platform/linux/Parse.h"
+#include "platform/linux/TextScan.h"
 
 namespace vtx {
 namespace {
@@ -15,28 +14,20 @@ constexpr std::uint64_t ticksLimit = std::uint64_t{1} << 40;
 /// A fall by more than this many ticks is a counter that started over, not jitter.
 constexpr std::uint64_t jitterTicks = 1000;
 
-/// Takes a number, digits only, off the front.
-template <class Number>
-bool takeNumber(std::string_view& text, Number& value) {
-    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc{}) return false;
-    text.remove_prefix(static_cast<std::size_t>(stop - text.data()));
-    return true;
-}
-
 }  // namespace
 
 std::optional<CpuStatLine> parseCpuStatLine(std::string_view line) {
     CpuStatLine parsed;
     if (!line.starts_with("cpu")) return std::nullopt;
-    line.remove_prefix(3);
-    if (!takeNumber(line, parsed.number) || parsed.number >= cpuNumberLimit) return std::nullopt;
+    TextScan scan(line.substr(3));
+    std::uint64_t number = 0;
+    if (!scan.takeNumber(number) || number >= cpuNumberLimit) return std::nullopt;
+    parsed.number = static_cast<std::uint32_t>(number);
     std::size_t column = 0;
-    for (; !line.empty(); ++column) {
+    for (; !scan.isAtEnd(); ++column) {
         std::uint64_t ticks = 0;
-        if (line.front() != ' ') return std::nullopt;
-        line.remove_prefix(1);
-        if (!takeNumber(line, ticks) || ticks >= ticksLimit) return std::nullopt;
+        if (!scan.take(' ')) return std::nullopt;
+        if (!scan.takeNumber(ticks) || ticks >= ticksLimit) return std::nullopt;
         if (column < cpuColumnCount) parsed.ticks[column] = ticks;
     }
     if (column < 4) return std::nullopt;

@@ -43,8 +43,9 @@ std::uint64_t KernelDeviceChanges::generation() {
     const std::lock_guard lock(mutex_);
     if (generation_ == 0) {
         socket_ = openSocket();
+        if (socket_) arrivals_ = ArrivalCheck(socket_);
         generation_ = 1;
-    } else if (socket_ && isTimeToLook() && takeAnnouncements()) {
+    } else if (socket_ && isTimeToLook() && arrivals_.mayReceive() && takeAnnouncements()) {
         ++generation_;
     }
     return generation_;

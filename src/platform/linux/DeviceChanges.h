@@ -6,6 +6,7 @@
 #include <mutex>
 #include <string_view>
 
+#include "platform/linux/ArrivalCheck.h"
 #include "platform/linux/FileDescriptor.h"
 
 namespace vtx {
@@ -40,6 +41,7 @@ private:
 
     std::mutex mutex_;  ///< of all below
     FileDescriptor socket_;
+    ArrivalCheck arrivals_;                ///< in the socket, as long as there is one
     std::uint64_t generation_ = 0;         ///< 0 before the first call
     std::chrono::nanoseconds lookedAt_{};  ///< since the machine started
 };

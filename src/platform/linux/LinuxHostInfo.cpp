@@ -38,7 +38,7 @@ HostStatistics LinuxHostInfo::statistics64(std::int32_t flavour, std::span<std::
 }
 
 HostPageSize LinuxHostInfo::pageSize() {
-    const long bytes = ::sysconf(_SC_PAGESIZE);
+    static const long bytes = ::sysconf(_SC_PAGESIZE);
     if (bytes <= 0) return {};
     return {kernSuccess, static_cast<std::uint64_t>(bytes)};
 }

@@ -20,7 +20,9 @@ constexpr IOObject placeMask = (IOObject{1} << placeBits) - 1;
 
 LinuxIORegistry::LinuxIORegistry(const LinuxProcessors& processors, const CpuFreq& cpuFreq,
                                  Sources sources, const TreeNodes& nodes)
-    : powerManager_(makePowerManager(cpuFreq)), sources_(std::move(sources)) {
+    : sources_(std::move(sources)) {
+    if (Node manager = makePowerManager(cpuFreq))
+        powerManagers_ = std::make_shared<const RegistryNodes>(1, std::move(manager));
     const auto place = [this](const Node& node) {
         if (node) tree_["IODeviceTree:/" + node->name()] = node;
     };
@@ -38,26 +40,20 @@ std::optional<ServiceMatch> LinuxIORegistry::serviceMatching(std::string_view cl
 }
 
 RegistryWalk LinuxIORegistry::getMatchingServices(const ServiceMatch& match) {
-    const std::lock_guard lock(sourcesMutex_);
-    servicesOf(match.className, found_);
-    return walkOf(found_);
+    return walkOf(servicesOf(match.className));
 }
 
 RegistryEntry LinuxIORegistry::getMatchingService(const ServiceMatch& match) {
-    const std::lock_guard lock(sourcesMutex_);
-    servicesOf(match.className, found_);
-    return found_.empty() ? RegistryEntry{} : entryOf(found_.front());
+    const SharedNodes found = servicesOf(match.className);
+    return !found || found->empty() ? RegistryEntry{} : entryOf(found->front());
 }
 
-void LinuxIORegistry::servicesOf(std::string_view className, RegistryNodes& into) {
-    into.clear();
-    if (className == "AppleARMIODevice") {
-        if (powerManager_) into.push_back(powerManager_);
-        return;
-    }
-    for (const auto& source : sources_) {
-        if (source->className() == className) return source->servicesInto(into);
-    }
+SharedNodes LinuxIORegistry::servicesOf(std::string_view className) {
+    if (className == "AppleARMIODevice") return powerManagers_;
+    const std::lock_guard lock(sourcesMutex_);
+    for (const auto& source : sources_)
+        if (source->className() == className) return source->sharedServices();
+    return nullptr;
 }
 
 RegistryEntry LinuxIORegistry::iteratorNext(const RegistryIterator& iterator) {
@@ -71,7 +67,8 @@ RegistryWalk LinuxIORegistry::entryGetChildIterator(const RegistryEntry& entry,
                                                     std::string_view plane) {
     const Node node = nodeOf(entry);
     if (!node) return {};
-    return walkOf(node->plane() == plane ? node->children : RegistryNodes{});
+    if (node->plane() != plane) return walkOf(nullptr);
+    return walkOf(std::make_shared<const RegistryNodes>(node->children));
 }
 
 RegistryEntry LinuxIORegistry::entryGetParentEntry(const RegistryEntry& entry,
@@ -92,11 +89,10 @@ std::optional<std::string> LinuxIORegistry::entryGetName(const RegistryEntry& en
 std::optional<std::uint64_t> LinuxIORegistry::entryGetRegistryEntryID(const RegistryEntry& entry) {
     const Node node = nodeOf(entry);
     if (!node) return std::nullopt;
+    if (const auto known = node->identifier.load()) return known;
     const std::lock_guard lock(mutex_);
-    std::erase_if(identifiers_, [](const auto& each) { return each.first.expired(); });
-    const auto [at, isNew] = identifiers_.try_emplace(node, lastIdentifier_ + 1);
-    if (isNew) ++lastIdentifier_;
-    return at->second;
+    if (node->identifier == 0) node->identifier = ++lastIdentifier_;
+    return node->identifier;
 }
 
 EntryProperties LinuxIORegistry::entryCreateCFProperties(const RegistryEntry& entry) {
@@ -125,12 +121,14 @@ PropertyView LinuxIORegistry::entryProperty(const RegistryEntry& entry, std::str
 }
 
 void LinuxIORegistry::objectRelease(IOObject object) noexcept {
+    // Dropped behind the lock: the last owner of a node closes its files.
     Node gone;
+    SharedNodes walked;
     const std::lock_guard lock(mutex_);
     Place* const place = placeOf(object);
     if (!place) programmingFault("a registry object was released that is not there");
     gone = std::move(place->node);
-    place->walk.clear();
+    walked.swap(place->walk);
     place->object = ioObjectNull;
     free_.push_back((object & placeMask) - 1);
 }
@@ -148,11 +146,11 @@ RegistryEntry LinuxIORegistry::entryOf(Node node) {
     return {*this, place.object};
 }
 
-RegistryWalk LinuxIORegistry::walkOf(const RegistryNodes& nodes) {
-    if (nodes.empty()) return {kernSuccess, {}};
+RegistryWalk LinuxIORegistry::walkOf(SharedNodes nodes) {
+    if (!nodes || nodes->empty()) return {kernSuccess, {}};
     const std::lock_guard lock(mutex_);
     Place& place = takePlace();
-    place.walk = nodes;
+    place.walk = std::move(nodes);
     place.next = 0;
     return {kernSuccess, {*this, place.object}};
 }
@@ -164,8 +162,8 @@ LinuxIORegistry::Node LinuxIORegistry::nodeOf(const RegistryObject& object) {
 LinuxIORegistry::Node LinuxIORegistry::takeNext(const RegistryIterator& iterator) {
     const std::lock_guard lock(mutex_);
     Place* const place = placeOf(iterator.get());
-    if (!place || place->next == place->walk.size()) return nullptr;
-    return std::move(place->walk[place->next++]);
+    if (!place || !place->walk || place->next == place->walk->size()) return nullptr;
+    return (*place->walk)[place->next++];
 }
 
 LinuxIORegistry::Place& LinuxIORegistry::takePlace() {

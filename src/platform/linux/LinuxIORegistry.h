@@ -70,14 +70,14 @@ private:
     struct Place {
         IOObject object = ioObjectNull;  ///< the one that has it; null while it is free
         Node node;
-        RegistryNodes walk;
+        SharedNodes walk;
         std::size_t next = 0;          ///< of the walk
         std::optional<Property> kept;  ///< what the owner of the entry looks at
     };
 
-    void servicesOf(std::string_view className, RegistryNodes& into);
+    [[nodiscard]] SharedNodes servicesOf(std::string_view className);
     [[nodiscard]] RegistryEntry entryOf(Node node);
-    [[nodiscard]] RegistryWalk walkOf(const RegistryNodes& nodes);
+    [[nodiscard]] RegistryWalk walkOf(SharedNodes nodes);
     [[nodiscard]] Node nodeOf(const RegistryObject& object);
     [[nodiscard]] Node takeNext(const RegistryIterator& iterator);
 
@@ -89,17 +89,15 @@ private:
     [[nodiscard]] std::pair<Place*, Node> find(const RegistryObject& object);
 
     std::map<std::string, Node, std::less<>> tree_;  ///< by path; no "cpus" on one level
-    Node powerManager_;                              ///< null on a machine without cpufreq
+    SharedNodes powerManagers_;                      ///< null on a machine without cpufreq
 
-    std::mutex sourcesMutex_;  ///< of both below
+    std::mutex sourcesMutex_;  ///< of those below
     Sources sources_;
-    RegistryNodes found_;  ///< of the search under way
 
     mutable std::mutex mutex_;  ///< of all below
     std::deque<Place> places_;
     std::vector<std::size_t> free_;  ///< the one that was given back last stands last
     IOObject turn_ = 0;              ///< tells the objects of one place apart
-    std::map<std::weak_ptr<RegistryNode>, std::uint64_t, std::owner_less<>> identifiers_;
     std::uint64_t lastIdentifier_ = 0;
 };
 

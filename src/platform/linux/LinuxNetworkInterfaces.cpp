@@ -13,6 +13,7 @@
 namespace vtx {
 namespace {
 
+constexpr std::size_t usualCounters = 4096;
 constexpr std::size_t countersLimit = 4 << 20;
 
 /// The kernel was busy with changes, and the next time it will not be.
@@ -65,20 +66,29 @@ int LinuxNetworkInterfaces::readTable() {
 
 void LinuxNetworkInterfaces::makeRecords() {
     records_.clear();
+    figures_.clear();
     for (const KernelLink& link : table_.links)
         records_.push_back(linkRecord(link, kindOf(link, readLinkFacts(root_, link.name))));
     for (const KernelAddress& address : table_.addresses) {
         const auto link = std::ranges::find(table_.links, address.index, &KernelLink::index);
-        if (link != table_.links.end()) records_.push_back(addressRecord(*link, address));
+        if (link == table_.links.end()) continue;
+        records_.push_back(addressRecord(*link, address));
+        const SocketAddress& shown = *records_.back().address;
+        if (auto text = figuresOf(shown)) figures_.push_back({shown, *std::move(text)});
     }
 }
 
 LinuxNetworkInterfaces::Seen LinuxNetworkInterfaces::readCounters() {
-    const auto text = counters_.readWhole(countersLimit);
+    // The first part has them all, as a rule, and what is behind it would have been announced.
+    const auto part = counters_.read(usualCounters);
+    if (part && takeCounters(*part) == Seen::all) return Seen::all;
+    const auto whole = counters_.readWhole(countersLimit);
+    return whole ? takeCounters(*whole) : Seen::nothing;
+}
+
+LinuxNetworkInterfaces::Seen LinuxNetworkInterfaces::takeCounters(std::string_view rest) {
     const auto links = std::span(records_).first(table_.links.size());
     for (auto& record : links) record.data.reset();
-    if (!text) return Seen::nothing;
-    auto rest = *text;
     std::size_t place = 0;
     std::size_t seen = 0;
     bool areOthers = false;
@@ -99,6 +109,14 @@ LinuxNetworkInterfaces::Seen LinuxNetworkInterfaces::readCounters() {
 }
 
 std::optional<std::string> LinuxNetworkInterfaces::getnameinfo(const SocketAddress& address) {
+    const auto known = std::ranges::find_if(figures_, [&address](const Figures& each) {
+        return each.of.family == address.family && each.of.host == address.host &&
+               each.of.scope == address.scope;
+    });
+    return known == figures_.end() ? figuresOf(address) : known->text;
+}
+
+std::optional<std::string> LinuxNetworkInterfaces::figuresOf(const SocketAddress& address) const {
     const bool isIPv6 = address.family == AddressFamily::inet6;
     if (!isIPv6 && address.family != AddressFamily::inet) return std::nullopt;
     std::array<char, INET6_ADDRSTRLEN> text{};

@@ -35,6 +35,10 @@ public:
     [[nodiscard]] std::optional<std::string> getnameinfo(const SocketAddress& address) override;
 
 private:
+    struct Figures {
+        SocketAddress of;
+        std::string text;
+    };
     /// What was seen of the counters.
     enum class Seen { all, others, nothing };
 
@@ -44,6 +48,8 @@ private:
     [[nodiscard]] int readTable();
     void makeRecords();
     [[nodiscard]] Seen readCounters();
+    [[nodiscard]] Seen takeCounters(std::string_view rest);
+    [[nodiscard]] std::optional<std::string> figuresOf(const SocketAddress& address) const;
 
     const LinuxRoot& root_;
     const std::unique_ptr<RouteSource> routes_;
@@ -51,6 +57,7 @@ private:
     RouteTable table_;
     bool isTableGood_ = false;
     std::vector<InterfaceRecord> records_;  ///< the links first, then the addresses
+    std::vector<Figures> figures_;          ///< of the addresses, since the library takes long
 };
 
 }  // namespace vtx

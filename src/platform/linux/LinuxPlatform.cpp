@@ -30,6 +30,7 @@
 #include "platform/linux/LinuxSysctl.h"
 #include "platform/linux/LinuxThermalState.h"
 #include "platform/linux/LinuxUnifiedLog.h"
+#include "platform/linux/LinuxUserNotificationCenter.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/MemInfoReader.h"
 #include "platform/linux/NvmlLibrary.h"
@@ -66,6 +67,7 @@ struct LinuxPlatform::Members {
           thermalState(root, clock, main, slowReads, slowChanges),
           unifiedLog(root, options.environment),
           userDefaults(options.configFolder),
+          userNotifications(options.session, clock),
           smc(root, sensorTools()),
           workspace(bus, main) {}
 
@@ -118,6 +120,7 @@ struct LinuxPlatform::Members {
     LinuxThermalState thermalState;
     LinuxUnifiedLog unifiedLog;
     LinuxUserDefaults userDefaults;
+    LinuxUserNotificationCenter userNotifications;
     LinuxSMCUserClient smc;
     LinuxWorkspace workspace;
 };
@@ -147,6 +150,7 @@ Ports LinuxPlatform::ports() {
         .thermalState = m.thermalState,
         .unifiedLog = m.unifiedLog,
         .userDefaults = m.userDefaults,
+        .userNotifications = m.userNotifications,
         .workspace = m.workspace,
     };
 }

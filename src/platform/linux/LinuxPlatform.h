@@ -15,6 +15,8 @@
 
 namespace vtx {
 
+class SystemBus;
+
 /// Every port on the running Linux machine. Made first and destroyed last by the composition root,
 /// on the main executor; the run loop and the executor outlive it.
 class LinuxPlatform {
@@ -27,6 +29,8 @@ public:
         /// The message bus; empty for the system's own.
         std::string busAddress;
         Environment environment = processEnvironment();
+        /// The bus of the user's session, which outlives the platform; null for none.
+        SystemBus* session = nullptr;
         /// Where what may block is read; null for a thread of the platform's own.
         Executor* slowReads = nullptr;
     };

@@ -39,7 +39,7 @@ std::optional<std::string_view> LinuxProcess::read(ProcFolder& folder) {
     FileDescriptor opened = folder.openStat(pid_);
     if (!opened) return std::nullopt;
     if (budget_.used >= budget_.limit) return folder.read(opened);
-    file_ = std::move(opened);
+    file_ = ProcFolder::aside(std::move(opened));
     ++budget_.used;
     return folder.read(file_);
 }

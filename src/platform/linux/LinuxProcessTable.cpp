@@ -112,6 +112,13 @@ ProcessDetails LinuxProcessTable::details(std::int32_t pid) {
     return processes_[next_++]->details();
 }
 
+void LinuxProcessTable::letGo() {
+    Processes().swap(present_);
+    Processes().swap(processes_);
+    next_ = 0;
+    listing_.beginAnew();
+}
+
 MachTimebaseInfo LinuxProcessTable::machTimebaseInfo() const {
     const long ticksPerSecond = ::sysconf(_SC_CLK_TCK);
     if (ticksPerSecond <= 0) return {};

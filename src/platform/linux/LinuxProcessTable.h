@@ -28,6 +28,7 @@ public:
 
     [[nodiscard]] int kernProcAll(std::span<KinfoProc> into, std::size_t& bytes) override;
     [[nodiscard]] ProcessDetails details(std::int32_t pid) override;
+    void letGo() override;
     [[nodiscard]] MachTimebaseInfo machTimebaseInfo() const override;
     [[nodiscard]] std::uint32_t getuid() const override { return user_; }
     /// Changes every thread of the process: to this system a thread is what has a priority.

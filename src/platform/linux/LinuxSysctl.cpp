@@ -105,7 +105,8 @@ int LinuxSysctl::swapUsage(std::span<std::byte> into, std::size_t& size) {
     SwapUsageRecord swap;
     swap.total = sample->info.swapTotal * 1024;
     swap.used = swap.total - std::min(sample->info.swapFree * 1024, swap.total);
-    swap.pageSize = static_cast<std::uint32_t>(::sysconf(_SC_PAGESIZE));
+    static const auto pageSize = static_cast<std::uint32_t>(::sysconf(_SC_PAGESIZE));
+    swap.pageSize = pageSize;
     return copyOut(encodeSwapUsage(swap), into, size);
 }
 

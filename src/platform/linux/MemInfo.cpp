@@ -5,6 +5,7 @@
 #include <array>
 
 #include "platform/linux/Parse.h"
+#include "platform/linux/TextScan.h"
 
 namespace vtx {
 namespace {
@@ -29,27 +30,49 @@ constexpr std::array fields{Field{"MemTotal", &MemInfo::total},
                             Field{"PageTables", &MemInfo::pageTables}};
 /// The first ones, without which there is nothing to tell.
 constexpr unsigned requiredFields = 0b111;
+static_assert(fields.size() == MemInfoText::fieldCount);
 
+/// Of "     123 kB".
 std::optional<std::uint64_t> parseAmount(std::string_view text) {
-    text = trimmed(text);
-    if (!text.ends_with(" kB")) return std::nullopt;
-    const auto amount = parseUnsigned(text.substr(0, text.size() - 3));
-    return amount && *amount < amountLimit ? amount : std::nullopt;
+    TextScan scan(text);
+    std::uint64_t amount = 0;
+    scan.skipBlanks();
+    if (!scan.takeWholeNumber(amount) || amount >= amountLimit) return std::nullopt;
+    scan.skipBlanks();
+    return trimmed(scan.rest()) == "kB" ? std::optional(amount) : std::nullopt;
 }
 
-std::uint64_t taken(std::uint64_t wanted, std::uint64_t& left) {
-    const std::uint64_t part = std::min(wanted, left);
-    left -= part;
-    return part;
+/// The whole line of a field that begins there, and nothing else.
+bool takeInPlace(std::string_view text, std::size_t place, const Field& field, MemInfo& into) {
+    if (place != 0 && text[place - 1] != '\n') return false;
+    const auto line = text.substr(place);
+    if (!line.starts_with(field.key)) return false;
+    TextScan scan(line.substr(field.key.size()));
+    std::uint64_t amount = 0;
+    if (!scan.take(':')) return false;
+    while (scan.take(' ')) {
+    }
+    if (!scan.takeNumber(amount) || amount >= amountLimit) return false;
+    into.*field.member = amount;
+    return scan.take(' ') && scan.take('k') && scan.take('B') && scan.take('\n');
 }
 
-}  // namespace
+/// Absent where a line is not where it was.
+std::optional<MemInfo> parseInPlace(std::string_view text, const MemInfoText::Places& places) {
+    MemInfo info;
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        if (!takeInPlace(text, places[i], fields[i], info)) return std::nullopt;
+    return info.total == 0 ? std::nullopt : std::optional(info);
+}
 
-std::optional<MemInfo> parseMemInfo(std::string_view text) {
+/// As declared, and where each field was found.
+std::optional<MemInfo> parseMemInfo(std::string_view text, MemInfoText::Places& places) {
     MemInfo info;
     unsigned found = 0;
     constexpr unsigned all = (1U << fields.size()) - 1;
+    const std::string_view whole = text;
     while (found != all) {
+        const std::size_t place = whole.size() - text.size();
         const auto end = text.find('\n');
         if (end == std::string_view::npos) break;
         const auto line = text.substr(0, end);
@@ -63,8 +86,33 @@ std::optional<MemInfo> parseMemInfo(std::string_view text) {
         if (!amount) continue;
         info.*field->member = *amount;
         found |= bit;
+        places[static_cast<std::size_t>(field - fields.begin())] = place;
     }
     if ((found & requiredFields) != requiredFields || info.total == 0) return std::nullopt;
+    return info;
+}
+
+std::uint64_t taken(std::uint64_t wanted, std::uint64_t& left) {
+    const std::uint64_t part = std::min(wanted, left);
+    left -= part;
+    return part;
+}
+
+}  // namespace
+
+std::optional<MemInfo> parseMemInfo(std::string_view text) {
+    MemInfoText::Places places{};
+    return parseMemInfo(text, places);
+}
+
+std::optional<MemInfo> MemInfoText::parse(std::string_view text) {
+    if (size_ != 0 && text.size() == size_)
+        if (auto info = parseInPlace(text, places_)) return info;
+    places_.fill(std::string_view::npos);
+    auto info = parseMemInfo(text, places_);
+    // What a text lacks could come where nobody looks for it.
+    const bool areAllThere = std::ranges::find(places_, std::string_view::npos) == places_.end();
+    size_ = info && areAllThere ? text.size() : 0;
     return info;
 }
 
@@ -86,20 +134,15 @@ VMPageCounts pageCountsOf(const MemInfo& info, std::uint64_t zramBytes, std::uin
 }
 
 std::optional<std::uint64_t> parseZramPool(std::string_view text) {
-    constexpr std::string_view blank = " \t\n";
-    for (int number = 0; number < 3; ++number) {
-        const auto from = text.find_first_not_of(blank);
-        if (from == std::string_view::npos) return std::nullopt;
-        text.remove_prefix(from);
-        const auto end = text.find_first_of(blank);
-        if (end == std::string_view::npos) return std::nullopt;  // it may be cut
-        if (number == 2) {
-            const auto bytes = parseUnsigned(text.substr(0, end));
-            return bytes && *bytes / 1024 < amountLimit ? bytes : std::nullopt;
-        }
-        text.remove_prefix(end);
+    TextScan scan(text);
+    for (int word = 0; word < 2; ++word) {
+        scan.skipBlanks();
+        (void)scan.takeWord();
     }
-    return std::nullopt;
+    std::uint64_t bytes = 0;
+    scan.skipBlanks();
+    if (!scan.takeWholeNumber(bytes)) return std::nullopt;  // it may be cut
+    return bytes / 1024 < amountLimit ? std::optional(bytes) : std::nullopt;
 }
 
 }  // namespace vtx

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -29,6 +31,23 @@ struct MemInfo {
 /// 0. A line that is not understood, the last one without its end included, is passed over; of a
 /// line that comes twice the first counts.
 [[nodiscard]] std::optional<MemInfo> parseMemInfo(std::string_view text);
+
+/// Reads the same text again and again. The kernel pads its numbers, so that a line hardly ever
+/// moves: each is looked for where it was the last time, and taken only if the whole line is still
+/// there and the text as long as then. Else, and with each text that lacks a field, the text is
+/// gone over as by `parseMemInfo`. One thread at a time.
+class MemInfoText {
+public:
+    [[nodiscard]] std::optional<MemInfo> parse(std::string_view text);
+
+    static constexpr std::size_t fieldCount = 10;
+    /// Where the line of each field begins.
+    using Places = std::array<std::size_t, fieldCount>;
+
+private:
+    Places places_{};
+    std::size_t size_ = 0;  ///< of the text of the places; 0 for none
+};
 
 /// The same as pages. Active, wired and compressor together are exactly what is not available:
 ///

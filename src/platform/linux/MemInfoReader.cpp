@@ -47,7 +47,7 @@ Subscription MemInfoReader::onRead(std::function<void()> handler) {
 
 std::optional<MemInfoReader::Sample> MemInfoReader::readLocked() {
     const auto text = file_.read(longestFile);
-    const auto info = text ? parseMemInfo(*text) : std::nullopt;
+    const auto info = text ? text_.parse(*text) : std::nullopt;
     last_.reset();
     if (info) {
         last_ = Sample{*info, zramBytes()};

@@ -62,6 +62,7 @@ private:
 
     std::mutex mutex_;  ///< of all below
     KeptFile file_;
+    MemInfoText text_;              ///< of that file
     std::uint64_t generation_ = 0;  ///< of the zram devices
     std::vector<ZramDevice> zram_;
     std::optional<Sample> last_;

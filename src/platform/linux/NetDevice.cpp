@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/NetDevice.h"
 
-#include <algorithm>
-#include <charconv>
-
 #include "platform/linux/Parse.h"
+#include "platform/linux/TextScan.h"
 
 namespace vtx {
 namespace {
@@ -21,15 +19,14 @@ std::optional<NetDeviceLine> parseNetDeviceLine(std::string_view line) {
     NetDeviceLine parsed;
     parsed.name = trimmed(line.substr(0, colon));
     if (parsed.name.empty()) return std::nullopt;
-    line.remove_prefix(colon + 1);
+    TextScan scan(line.substr(colon + 1));
     for (int column = columnIn; column <= columnOut; ++column) {
-        line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+        while (scan.take(' ')) {
+        }
         std::uint64_t value = 0;
-        const auto [stop, error] = std::from_chars(line.data(), line.data() + line.size(), value);
-        if (error != std::errc{}) return std::nullopt;
-        line.remove_prefix(static_cast<std::size_t>(stop - line.data()));
+        if (!scan.takeNumber(value)) return std::nullopt;
         // Without an end of its own a number may be the first half of one.
-        if (line.empty() || line.front() != ' ') return std::nullopt;
+        if (!scan.take(' ')) return std::nullopt;
         if (column == columnIn) parsed.bytesIn = value;
         if (column == columnOut) parsed.bytesOut = value;
     }

@@ -7,6 +7,10 @@
 namespace vtx {
 namespace {
 
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f' || c == '\0';
+}
+
 template <class Number>
 std::optional<Number> parseWhole(std::string_view text) {
     Number value = 0;
@@ -29,10 +33,9 @@ bool appendCpuRange(std::string_view part, std::vector<std::uint32_t>& into) {
 }  // namespace
 
 std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blank(" \t\r\n\v\f\0", 7);
-    const auto first = text.find_first_not_of(blank);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blank) - first + 1);
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
 }
 
 std::string_view takeLine(std::string_view& text) {

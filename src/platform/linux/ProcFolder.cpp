@@ -2,6 +2,7 @@
 #include "platform/linux/ProcFolder.h"
 
 #include <fcntl.h>
+#include <sys/select.h>
 #include <sys/stat.h>
 #include <sys/statfs.h>
 #include <unistd.h>
@@ -10,6 +11,7 @@
 #include <cerrno>
 #include <charconv>
 #include <cstring>
+#include <utility>
 
 #include "platform/linux/Parse.h"
 
@@ -55,6 +57,12 @@ bool ProcFolder::open() {
     isKernels_ = isKernelsFile(path_) && isKernelsFile(path_ + "/loadavg") && number &&
                  *number == static_cast<std::uint64_t>(::getpid());
     return true;
+}
+
+FileDescriptor ProcFolder::aside(FileDescriptor file) {
+    // What waits by `select` knows numbers below that alone.
+    FileDescriptor moved(::fcntl(file.get(), F_DUPFD_CLOEXEC, FD_SETSIZE));
+    return moved ? std::move(moved) : std::move(file);
 }
 
 FileDescriptor ProcFolder::openStat(std::int32_t pid) const {

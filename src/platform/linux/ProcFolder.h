@@ -27,6 +27,9 @@ public:
 
     /// /proc/PID/stat; none, with errno, where it cannot be opened.
     [[nodiscard]] FileDescriptor openStat(std::int32_t pid) const;
+    /// The same file under a high number where there are any, so that those that stay open leave
+    /// the low ones to the rest of the program and its libraries.
+    [[nodiscard]] static FileDescriptor aside(FileDescriptor file);
     /// What the descriptor has from its start; absent, with errno, where it cannot be read. The
     /// view lives until the next read of any of these.
     [[nodiscard]] std::optional<std::string_view> read(const FileDescriptor& file);

@@ -4,8 +4,9 @@
 #include <string.h>
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
+
+#include "platform/linux/TextScan.h"
 
 namespace vtx {
 namespace {
@@ -13,32 +14,30 @@ namespace {
 /// Goes over the columns behind the name, each of which ends with a blank or the line.
 class Columns {
 public:
-    explicit Columns(std::string_view text) : text_(text) {}
+    explicit Columns(std::string_view text) : scan_(text) {}
 
     void skip(int count) {
-        for (; count > 0 && isGood_; --count) {
-            // By hand: this goes over most of the line, for every process.
-            std::size_t end = 0;
-            while (end < text_.size() && !isEnd(text_[end])) ++end;
-            isGood_ = end < text_.size() && end > 0;
-            if (isGood_) text_.remove_prefix(end + 1);
-        }
+        for (; count > 0 && isGood_; --count) isGood_ = scan_.takeWord() && takeEnd();
     }
-    template <class Number>
-    Number take() {
-        Number value{};
-        const char* const end = text_.data() + text_.size();
-        const auto [stop, error] = std::from_chars(text_.data(), end, value);
-        isGood_ = isGood_ && error == std::errc{} && stop != end && isEnd(*stop);
-        if (isGood_) text_.remove_prefix(static_cast<std::size_t>(stop - text_.data()) + 1);
+    std::uint64_t take() {
+        std::uint64_t value = 0;
+        isGood_ = isGood_ && scan_.takeNumber(value) && takeEnd();
         return value;
+    }
+    std::int64_t takeSigned() {
+        constexpr auto most = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+        const bool isNegative = isGood_ && scan_.take('-');
+        const std::uint64_t value = take();
+        isGood_ = isGood_ && value <= most;
+        if (!isGood_) return 0;
+        return isNegative ? -static_cast<std::int64_t>(value) : static_cast<std::int64_t>(value);
     }
     [[nodiscard]] bool isGood() const { return isGood_; }
 
 private:
-    static bool isEnd(char c) { return c == ' ' || c == '\n'; }
+    [[nodiscard]] bool takeEnd() { return scan_.take(' ') || scan_.take('\n'); }
 
-    std::string_view text_;
+    TextScan scan_;
     bool isGood_ = true;
 };
 
@@ -67,20 +66,20 @@ std::optional<ProcStat> parseProcStat(std::string_view text) {
     stat.comm = text.substr(open + 1, close - open - 1);
     Columns columns(text.substr(close + 2));
     columns.skip(11);  // from the state to the page faults
-    stat.userTicks = columns.take<std::uint64_t>();
-    stat.systemTicks = columns.take<std::uint64_t>();
+    stat.userTicks = columns.take();
+    stat.systemTicks = columns.take();
     columns.skip(3);
-    stat.nice = narrow(columns.take<std::int64_t>());
-    stat.threads = narrow(std::max<std::int64_t>(columns.take<std::int64_t>(), 0));
+    stat.nice = narrow(columns.takeSigned());
+    stat.threads = narrow(std::max<std::int64_t>(columns.takeSigned(), 0));
     columns.skip(1);
-    stat.startTime = columns.take<std::uint64_t>();
+    stat.startTime = columns.take();
     columns.skip(1);
     stat.residentPages =
-        static_cast<std::uint64_t>(std::max<std::int64_t>(columns.take<std::int64_t>(), 0));
+        static_cast<std::uint64_t>(std::max<std::int64_t>(columns.takeSigned(), 0));
     columns.skip(1);
-    stat.startCode = columns.take<std::uint64_t>();
+    stat.startCode = columns.take();
     columns.skip(1);
-    stat.startStack = columns.take<std::uint64_t>();
+    stat.startStack = columns.take();
     return columns.isGood() ? std::optional(stat) : std::nullopt;
 }
 

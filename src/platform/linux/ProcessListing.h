@@ -38,6 +38,9 @@ public:
     /// The folder must be open.
     [[nodiscard]] Listing next(const ProcFolder& folder);
 
+    /// The next listing walks everything, as the first one.
+    void beginAnew() { beforeLast_ = atLast_ = std::nullopt; }
+
     /// The last number given, from the text of /proc/loadavg.
     [[nodiscard]] static std::optional<std::int32_t> lastPid(std::string_view loadavg);
 

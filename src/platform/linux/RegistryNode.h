@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -44,12 +45,16 @@ public:
     // Set while the tree is built, by whoever builds it.
     std::vector<std::shared_ptr<RegistryNode>> children;
     std::weak_ptr<RegistryNode> parent;
+    /// The registry's number of it; 0 until somebody asked for it. The registry's own.
+    std::atomic<std::uint64_t> identifier = 0;
 
 private:
     std::string_view plane_;
     std::string name_;
 };
 using RegistryNodes = std::vector<std::shared_ptr<RegistryNode>>;
+/// A list that nobody changes any more, so that those who walk it need no copy; null for none.
+using SharedNodes = std::shared_ptr<const RegistryNodes>;
 
 /// A device of which nothing changes while the machine runs.
 class FixedNode final : public RegistryNode {
@@ -74,8 +79,10 @@ public:
     [[nodiscard]] virtual std::string_view className() const = 0;
     /// Those that are there now, the same node for the same device each time. One thread at a time.
     [[nodiscard]] virtual RegistryNodes services() = 0;
-    /// The same into memory that is used again. One thread at a time.
-    virtual void servicesInto(RegistryNodes& into) { into = services(); }
+    /// The same, of which a source that knows what it has need not make a new one each time.
+    [[nodiscard]] virtual SharedNodes sharedServices() {
+        return std::make_shared<const RegistryNodes>(services());
+    }
 };
 
 }  // namespace vtx

@@ -40,6 +40,7 @@ int RouteSocket::open() {
     port_ = address.nl_pid;
     buffer_.resize(bufferBytes);
     socket_ = std::move(made);
+    arrivals_ = ArrivalCheck(socket_);
     hasChanged_ = true;
     return 0;
 }
@@ -64,6 +65,7 @@ int RouteSocket::receive() {
 
 bool RouteSocket::hasChanged() {
     if (open() != 0) return true;
+    if (!arrivals_.mayReceive()) return std::exchange(hasChanged_, false);
     for (int taken = 0; taken < datagramsAtOnce; ++taken) {
         const int got = receive();
         if (got == -EAGAIN) break;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "platform/linux/ArrivalCheck.h"
 #include "platform/linux/FileDescriptor.h"
 #include "platform/linux/RouteMessages.h"
 
@@ -48,6 +49,7 @@ private:
     [[nodiscard]] int receive();
 
     FileDescriptor socket_;
+    ArrivalCheck arrivals_;  ///< in the socket, as long as there is one
     std::uint32_t port_ = 0;
     std::uint32_t sequence_ = 0;
     bool hasChanged_ = true;  ///< seen among answers, or not known

@@ -21,6 +21,13 @@ struct MessageOwner {
     ~MessageOwner() { sd_bus_message_unref(message); }
 };
 
+/// What an answer says that is an error.
+std::string errorOf(sd_bus_message* answer) {
+    const sd_bus_error* error = sd_bus_message_get_error(answer);
+    if (!error || !error->name) return {};
+    return error->message && *error->message ? error->message : error->name;
+}
+
 int startConnection(const std::string& address, sd_bus** bus) {
     if (address.empty()) return sd_bus_open_system(bus);
     if (const int made = sd_bus_new(bus); made < 0) return made;
@@ -44,6 +51,25 @@ std::optional<std::string> BusMessage::text() {
     return value;
 }
 
+std::optional<std::vector<std::string>> BusMessage::texts() {
+    if (!message_ || sd_bus_message_enter_container(message_, 'a', "s") <= 0) return std::nullopt;
+    std::vector<std::string> all;
+    while (auto one = text()) all.push_back(std::move(*one));
+    sd_bus_message_exit_container(message_);
+    return all;
+}
+
+std::optional<std::uint32_t> BusMessage::unsignedNumber() {
+    std::uint32_t value = 0;
+    if (!message_ || sd_bus_message_read_basic(message_, 'u', &value) <= 0) return std::nullopt;
+    return value;
+}
+
+std::string BusMessage::sender() const {
+    const char* name = message_ ? sd_bus_message_get_sender(message_) : nullptr;
+    return name ? name : "";
+}
+
 std::optional<std::string> BusMessage::variantText() {
     if (!message_ || sd_bus_message_enter_container(message_, 'v', "s") <= 0) return std::nullopt;
     auto value = text();
@@ -65,8 +91,7 @@ std::optional<std::uint32_t> BusMessage::variantUnsigned() {
     while (depth < deepest && sd_bus_message_enter_container(message_, 'v', "v") > 0) ++depth;
     std::optional<std::uint32_t> value;
     if (sd_bus_message_enter_container(message_, 'v', "u") > 0) {
-        std::uint32_t number = 0;
-        if (sd_bus_message_read_basic(message_, 'u', &number) > 0) value = number;
+        value = unsignedNumber();
         sd_bus_message_exit_container(message_);
     }
     while (depth-- > 0) sd_bus_message_exit_container(message_);
@@ -88,7 +113,7 @@ struct SystemBus::Slot {
 
     static int onMessage(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
         const bool failed = sd_bus_message_is_method_error(message, nullptr) > 0;
-        BusMessage told(failed ? nullptr : message);
+        BusMessage told = failed ? BusMessage(nullptr, errorOf(message)) : BusMessage(message);
         // A copy: the handler may drop the token that owns it.
         const Handler tell = static_cast<Slot*>(self)->handler;
         tell(told);
@@ -129,19 +154,18 @@ void SystemBus::close() {
     bus_ = sd_bus_close_unref(bus_);
 }
 
-Subscription SystemBus::call(const BusObject& object, const std::string& method,
-                             const std::vector<std::string>& arguments, Handler answered) {
+Subscription SystemBus::call(const BusCall& what, Handler answered) {
     if (!open()) return {};
     MessageOwner request;
+    const BusObject& object = what.object;
     if (sd_bus_message_new_method_call(bus_, &request.message, object.service.c_str(),
                                        object.path.c_str(), object.interface.c_str(),
-                                       method.c_str()) < 0) {
+                                       what.method.c_str()) < 0) {
         return {};
     }
-    sd_bus_message_set_auto_start(request.message, 0);
-    for (const auto& argument : arguments) {
-        if (sd_bus_message_append_basic(request.message, 's', argument.c_str()) < 0) return {};
-    }
+    sd_bus_message_set_auto_start(request.message,
+                                  what.activation == BusCall::Activation::ifNeeded ? 1 : 0);
+    if (what.append && what.append(request.message) < 0) return {};
     auto slot = std::make_shared<Slot>(std::move(answered));
     if (sd_bus_call_async(bus_, &slot->slot, request.message, &Slot::onMessage, slot.get(), 0) <
         0) {
@@ -149,6 +173,18 @@ Subscription SystemBus::call(const BusObject& object, const std::string& method,
     }
     watch();
     return tokenOf(std::move(slot));
+}
+
+Subscription SystemBus::call(const BusObject& object, const std::string& method,
+                             const std::vector<std::string>& arguments, Handler answered) {
+    const auto append = [&arguments](sd_bus_message* request) {
+        for (const auto& argument : arguments) {
+            const int result = sd_bus_message_append_basic(request, 's', argument.c_str());
+            if (result < 0) return result;
+        }
+        return 0;
+    };
+    return call({object, method, append}, std::move(answered));
 }
 
 Subscription SystemBus::getProperty(const BusObject& object, const std::string& name,

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/Executor.h"
@@ -23,21 +24,30 @@ namespace vtx {
 /// message holds none of that type there, and all are when the call failed.
 class BusMessage {
 public:
-    /// Null stands for a call that failed.
-    explicit BusMessage(sd_bus_message* message) : message_(message) {}
+    /// Null stands for a call that failed, and the error says why.
+    explicit BusMessage(sd_bus_message* message, std::string error = {})
+        : message_(message), error_(std::move(error)) {}
 
     [[nodiscard]] bool isFailure() const { return message_ == nullptr; }
+    /// In the words of whoever refused.
+    [[nodiscard]] const std::string& error() const { return error_; }
+    /// Who sent it, by the name that is never given to another; empty where that is not known.
+    [[nodiscard]] std::string sender() const;
     [[nodiscard]] std::optional<bool> boolean();
     [[nodiscard]] std::optional<std::string> text();
+    [[nodiscard]] std::optional<std::vector<std::string>> texts();
+    /// Of 32 bits, as the one below.
+    [[nodiscard]] std::optional<std::uint32_t> unsignedNumber();
     [[nodiscard]] std::optional<std::string> variantText();
     [[nodiscard]] std::optional<bool> variantBoolean();
-    /// Of 32 bits; a variant that only wraps another one is looked into.
+    /// A variant that only wraps another one is looked into.
     [[nodiscard]] std::optional<std::uint32_t> variantUnsigned();
     /// A copy that the caller owns; -1 when there is none.
     [[nodiscard]] FileDescriptor descriptor();
 
 private:
     sd_bus_message* message_;
+    std::string error_;
 };
 
 /// One interface of an object of a service.
@@ -47,11 +57,24 @@ struct BusObject {
     std::string interface;
 };
 
+/// A method with what it is given.
+struct BusCall {
+    /// Whether the bus may start a service that is not running.
+    enum class Activation { never, ifNeeded };
+
+    BusObject object;
+    std::string method;
+    /// Appends the arguments to the message, as sd-bus does; negative where that fails. None where
+    /// it is empty.
+    std::function<int(sd_bus_message*)> append;
+    Activation activation = Activation::never;
+};
+
 /// The connection to the system's message bus, or to another one by its address, opened with the
 /// first use. Nothing here waits: what is sent is queued, and answers and signals come to handlers
 /// on the main executor, not at all where the bus or the service is absent, hangs or has gone.
-/// Services are never started by it. A lost connection is not made again. Main executor; owned by
-/// the platform.
+/// A service is started only for a call that says so. A lost connection is not made again. Main
+/// executor; owned by the platform.
 class SystemBus {
 public:
     using Handler = std::function<void(BusMessage&)>;
@@ -62,7 +85,11 @@ public:
     SystemBus(const SystemBus&) = delete;
     SystemBus& operator=(const SystemBus&) = delete;
 
-    /// Calls a method whose arguments are texts. Dropping the token forgets the answer.
+    /// Calls a method. Dropping the token forgets the answer. Empty where there is no bus, and for
+    /// arguments that cannot be sent: there is no answer then.
+    [[nodiscard]] Subscription call(const BusCall& what, Handler answered);
+
+    /// The same with texts as arguments.
     [[nodiscard]] Subscription call(const BusObject& object, const std::string& method,
                                     const std::vector<std::string>& arguments, Handler answered);
 

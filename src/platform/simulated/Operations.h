@@ -75,6 +75,8 @@ inline constexpr std::string_view kernProcAllFill = "sysctl(KERN_PROC_ALL):fill"
 inline constexpr std::string_view kernProcAllShort = "sysctl(KERN_PROC_ALL):short";
 /// Counted; what of them fails is a matter of the process.
 inline constexpr std::string_view processDetails = "processTable:details";
+/// Counted; cannot fail.
+inline constexpr std::string_view processesLetGo = "processTable:letGo";
 /// The result is an errno value.
 inline constexpr std::string_view setpriority = "setpriority";
 
@@ -139,5 +141,9 @@ inline constexpr std::string_view hidClientCreate = "IOHIDEventSystemClientCreat
 inline constexpr std::string_view hidClientCopyServices = "IOHIDEventSystemClientCopyServices";
 inline constexpr std::string_view hidCopyEvent = "IOHIDServiceClientCopyEvent";
 inline constexpr std::string_view hidCopyProperty = "IOHIDServiceClientCopyProperty";
+
+/// What is shown to the user. Failing, they answer with an error.
+inline constexpr std::string_view requestAuthorization = "requestAuthorizationWithOptions";
+inline constexpr std::string_view addNotificationRequest = "addNotificationRequest";
 
 }  // namespace vtx::operations

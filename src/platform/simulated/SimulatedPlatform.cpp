@@ -24,6 +24,7 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
       sysctl(mac.processors, mac.memory, instruments),
       thermalState(mac, instruments),
       userDefaults(std::move(settings)),
+      userNotifications(instruments),
       workspace(mac, instruments) {}
 
 Ports SimulatedPlatform::ports() {
@@ -45,6 +46,7 @@ Ports SimulatedPlatform::ports() {
         .thermalState = thermalState,
         .unifiedLog = unifiedLog,
         .userDefaults = userDefaults,
+        .userNotifications = userNotifications,
         .workspace = workspace,
     };
 }

@@ -20,6 +20,7 @@
 #include "platform/simulated/SimulatedThermalState.h"
 #include "platform/simulated/SimulatedUnifiedLog.h"
 #include "platform/simulated/SimulatedUserDefaults.h"
+#include "platform/simulated/SimulatedUserNotificationCenter.h"
 #include "platform/simulated/SimulatedWorkspace.h"
 
 namespace vtx {
@@ -66,6 +67,7 @@ public:
     SimulatedThermalState thermalState;
     SimulatedUnifiedLog unifiedLog;
     SimulatedUserDefaults userDefaults;
+    SimulatedUserNotificationCenter userNotifications;
     SimulatedWorkspace workspace;
 };
 

@@ -68,6 +68,12 @@ ProcessDetails SimulatedProcessTable::details(std::int32_t pid) {
     return details;
 }
 
+void SimulatedProcessTable::letGo() {
+    instruments_.counter.count(operations::processesLetGo);
+    listed_.clear();
+    next_ = 0;
+}
+
 int SimulatedProcessTable::setpriority(std::int32_t pid, std::optional<ProcessStartTime> start,
                                        std::int32_t nice) {
     if (const auto failure = instruments_.enter(operations::setpriority)) return *failure;

@@ -18,6 +18,7 @@ public:
 
     [[nodiscard]] int kernProcAll(std::span<KinfoProc> into, std::size_t& bytes) override;
     [[nodiscard]] ProcessDetails details(std::int32_t pid) override;
+    void letGo() override;
     [[nodiscard]] MachTimebaseInfo machTimebaseInfo() const override { return timebase; }
     [[nodiscard]] std::uint32_t getuid() const override { return SimulatedProcesses::user; }
     /// Refuses what the system refuses an ordinary user: processes of others, and a niceness below

@@ -106,24 +106,21 @@ void MenuBarController::observeStripSizeSignals() {
     const auto memoryLabel = [](const std::optional<MemoryStats>& reading) {
         return compactPercent(reading ? std::optional(reading->usedFraction()) : std::nullopt);
     };
-    const auto thermalLabel = [](const ThermalStats& reading) {
-        return thermalLevelName(reading.level);
-    };
     const auto temperatureLabel = [](const std::optional<TemperatureReading>& reading) {
         return formatTemp(reading ? reading->cpuMaxC : std::nullopt);
     };
     const auto fanLabel = [](const FanStats& reading) { return reading.maxRPM(); };
     const auto diskLabel = [](const std::optional<DiskIOReading>& reading) {
-        if (!reading || !reading->bytesReadPerSecond) return std::string(emptyMark);
-        return throughputLabel(*reading->bytesReadPerSecond + *reading->bytesWrittenPerSecond);
+        if (!reading) return std::string(emptyMark);
+        return throughputLabel(reading->bytesReadPerSecond, reading->bytesWrittenPerSecond);
     };
     const auto changed = [](const auto&) { return Changed{}; };
+    // Whatever else makes the strip wider or narrower, the strip says itself.
     const auto signals = merge<Changed>({
         map(coordinator_.preferences.stream(), changed),
         map(removeDuplicates(map(coordinator_.cpu.latest.stream(), cpuLabel)), changed),
         map(removeDuplicates(map(coordinator_.gpu.latest.stream(), gpuLabel)), changed),
         map(removeDuplicates(map(coordinator_.memory.latest.stream(), memoryLabel)), changed),
-        map(removeDuplicates(map(coordinator_.thermal.latest.stream(), thermalLabel)), changed),
         map(removeDuplicates(map(coordinator_.temperature.latest.stream(), temperatureLabel)),
             changed),
         map(removeDuplicates(map(coordinator_.fan.latest.stream(), fanLabel)), changed),

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "ui/kit/Card.h"
+#include "ui/kit/KitCharts.h"
 #include "ui/kit/KitSheets.h"
 #include "ui/kit/MetricRows.h"
 #include "ui/kit/Metrics.h"
@@ -213,6 +214,7 @@ std::unique_ptr<QWidget> makeKitPage() {
     add(metricCard(rows(), Card::Emphasis::none));
     add(metricCard({rows().front()}, Card::Emphasis::accent));
     add(scrolledRows());
+    add(sheetCard(makeChartSheet()));
     add(parts());
     add(sheets::manyCores());
     add(sheetCard(std::make_unique<TypeSheet>()));

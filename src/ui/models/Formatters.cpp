@@ -63,6 +63,11 @@ std::string throughputLabel(double bytesPerSecond) {
     return fmt::format("{:.0f}K", std::trunc(bytesPerSecond / kib) + 0.0);
 }
 
+std::string throughputLabel(std::optional<double> read, std::optional<double> written) {
+    if (!read && !written) return std::string(emptyMark);
+    return throughputLabel(read.value_or(0.0) + written.value_or(0.0));
+}
+
 Tint loadTint(std::optional<double> fraction) {
     if (!fraction || !(*fraction >= 0.7)) return Tint::primary;
     if (*fraction >= 0.95) return Tint::red;

@@ -32,6 +32,8 @@ std::string formatTemp(std::optional<double> celsius);
 std::string thermalLevelName(ThermalStats::Level level);
 /// Bytes a second in at most four characters for usual values: "500K", "2.0M", "50M", "150M".
 std::string throughputLabel(double bytesPerSecond);
+/// The sum of two rates, of which an absent one counts as 0; "—" where both are absent.
+std::string throughputLabel(std::optional<double> read, std::optional<double> written);
 
 /// Yellow from 0.7, orange from 0.85, red from 0.95.
 Tint loadTint(std::optional<double> fraction);

@@ -12,10 +12,13 @@ MetricRowModel loadRow(std::string_view symbol, std::string title, std::optional
     return {symbol, std::move(title), percent(load), loadTint(load)};
 }
 
+enum class Clock { seen, never };
+
 // A cluster idles between two ticks and has no clock then: its row stays, so that nothing jumps,
-// where the machine knows clocks at all.
-bool showsClock(const std::optional<double>& mhz, int cores, const std::vector<double>& stepsMHz) {
-    return mhz || (cores != 0 && !stepsMHz.empty());
+// where the machine is known to tell clocks.
+bool showsClock(const std::optional<double>& mhz, Clock clock, int cores,
+                const std::vector<double>& stepsMHz) {
+    return mhz || (cores != 0 && (clock == Clock::seen || !stepsMHz.empty()));
 }
 
 MetricRowModel clockRow(std::string title, const std::optional<double>& mhz) {
@@ -34,6 +37,7 @@ void addMemoryRows(std::vector<MetricRowModel>& rows, const std::optional<Memory
 
 OverviewModel describeOverview(const OverviewReadings& readings) {
     OverviewModel model;
+    model.pressure = describePressure(readings.pressure, readings.consumers);
     auto& rows = model.liveRows;
     const auto& cpu = readings.cpu;
     const auto of = [&cpu](double CPUStats::* load) {
@@ -49,9 +53,11 @@ OverviewModel describeOverview(const OverviewReadings& readings) {
                                of(&CPUStats::eCoreUsage)));
     const auto pClock = cpu ? cpu->pCoreCurrentFrequencyMHz : std::nullopt;
     const auto eClock = cpu ? cpu->eCoreCurrentFrequencyMHz : std::nullopt;
-    if (showsClock(pClock, layout.pCoreCount, layout.pCoreFrequencyStepsMHz))
+    const auto clock = [](bool isSeen) { return isSeen ? Clock::seen : Clock::never; };
+    const SeenClocks& seen = readings.seenClocks;
+    if (showsClock(pClock, clock(seen.pCore), layout.pCoreCount, layout.pCoreFrequencyStepsMHz))
         rows.push_back(clockRow("P-Core Clock", pClock));
-    if (showsClock(eClock, layout.eCoreCount, layout.eCoreFrequencyStepsMHz))
+    if (showsClock(eClock, clock(seen.eCore), layout.eCoreCount, layout.eCoreFrequencyStepsMHz))
         rows.push_back(clockRow("E-Core Clock", eClock));
     rows.push_back(
         loadRow("display", "GPU",

@@ -11,8 +11,21 @@
 #include "telemetry/CPUStats.h"
 #include "telemetry/GPUStats.h"
 #include "ui/models/Formatters.h"
+#include "ui/models/PressureNotice.h"
 
 namespace vtx {
+
+/// The clusters that ever had a clock. A cluster that idles has none for a while, and its row
+/// stays.
+struct SeenClocks {
+    bool pCore = false;
+    bool eCore = false;
+
+    void note(const CPUStats& reading) {
+        pCore = pCore || reading.pCoreCurrentFrequencyMHz.has_value();
+        eCore = eCore || reading.eCoreCurrentFrequencyMHz.has_value();
+    }
+};
 
 /// What the overview is drawn from.
 struct OverviewReadings {
@@ -26,6 +39,10 @@ struct OverviewReadings {
     std::optional<TemperatureReading> temperature = std::nullopt;
     /// Absent until there is one.
     std::optional<MemoryStats> memory = std::nullopt;
+    SeenClocks seenClocks = {};
+    MemoryStats::Pressure pressure = MemoryStats::Pressure::normal;
+    /// Who uses most memory, largest first; asked for only while memory runs short.
+    std::vector<ProcessSnapshot> consumers = {};
 };
 
 /// One live row: a symbol, what it is, how much it is.
@@ -38,8 +55,10 @@ struct MetricRowModel {
     friend bool operator==(const MetricRowModel&, const MetricRowModel&) = default;
 };
 
-/// All that the overview says.
+/// All that the overview says besides its charts.
 struct OverviewModel {
+    /// Leads the page while memory runs short.
+    std::optional<PressureNotice> pressure;
     std::string_view liveTitle = "Now";
     std::vector<MetricRowModel> liveRows;
 

@@ -17,6 +17,8 @@ constexpr std::string_view widestPercent = "100%";
 constexpr std::string_view widestTemperature = "Critical";
 constexpr std::string_view widestThroughput = "100M";
 constexpr std::string_view widestSpeed = "5000";
+// More than any screen has room for; a stored order may be of any length.
+constexpr std::size_t mostTiles = 512;
 constexpr double liveSpacing = 6.0;
 constexpr double compactSpacing = 4.0;
 
@@ -29,9 +31,7 @@ std::optional<double> unit(std::optional<double> fraction) {
 }
 
 std::string diskLabel(const Readings& r) {
-    if (!r.diskReadPerSecond && !r.diskWrittenPerSecond) return std::string(emptyMark);
-    return throughputLabel(r.diskReadPerSecond.value_or(0.0) +
-                           r.diskWrittenPerSecond.value_or(0.0));
+    return throughputLabel(r.diskReadPerSecond, r.diskWrittenPerSecond);
 }
 
 std::string thermalLabel(const Readings& r) {
@@ -111,9 +111,11 @@ StripModel describeStrip(const StripReadings& readings, const DisplayPreferences
         return model;
     }
     model.spacing = liveSpacing;
-    for (const std::string& id : preferences.menuBarOrder)
+    for (const std::string& id : preferences.menuBarOrder) {
+        if (model.tiles.size() == mostTiles) break;
         if (auto tile = describeTile(id, readings, preferences))
             model.tiles.push_back(std::move(*tile));
+    }
     return model;
 }
 

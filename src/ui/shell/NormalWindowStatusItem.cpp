@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/shell/NormalWindowStatusItem.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <algorithm>
 #include <cmath>
 
@@ -13,6 +15,13 @@ namespace vtx {
 namespace {
 
 constexpr Logger logger{"StatusItem"};
+
+int widestScreen() {
+    int width = 1;
+    for (const QScreen* screen : QGuiApplication::screens())
+        width = std::max(width, screen->availableGeometry().width());
+    return width;
+}
 
 }  // namespace
 
@@ -40,7 +49,8 @@ NormalWindowStatusItem::~NormalWindowStatusItem() = default;
 double NormalWindowStatusItem::thickness() const { return metrics::stripHeight; }
 
 void NormalWindowStatusItem::setLength(double length) {
-    const QSize size(std::max(1, static_cast<int>(std::ceil(length))), metrics::stripHeight);
+    const int wanted = std::max(1, static_cast<int>(std::ceil(length)));
+    const QSize size(std::min(wanted, widestScreen()), metrics::stripHeight);
     if (surface_->size() == size && window_.size() == size) return;
     window_.setFixedSize(size);
     surface_->resize(size);

@@ -108,6 +108,7 @@ StripPlace place(const StripRecord& record, QSize size, const Screens& screens) 
     place.edge = record.edge;
     const ShellScreen& screen = screens[place.screen];
     const QRect in = area(screen, record.edge);
+    size.setWidth(std::min(size.width(), in.width()));
 
     std::int64_t x = record.side == StripRecord::Side::left
                          ? std::int64_t{in.left()} + record.gap

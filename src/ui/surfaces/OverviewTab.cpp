@@ -1,17 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "ui/surfaces/OverviewTab.h"
 
+#include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "core/MetricsCoordinator.h"
+#include "language/Localization.h"
+#include "ui/kit/Banner.h"
 #include "ui/kit/Card.h"
+#include "ui/kit/HistoryChart.h"
 #include "ui/kit/MetricRows.h"
 #include "ui/kit/Metrics.h"
 #include "ui/kit/SectionHead.h"
+#include "ui/models/ChartRange.h"
+#include "ui/surfaces/ChartContent.h"
+#include "ui/surfaces/HistoryRangePicker.h"
 #include "ui/surfaces/QtText.h"
 
 namespace vtx {
 namespace {
+
+// The range picker keeps room for its focus ring; the other blocks keep as much above them.
+constexpr int ringRoom = metrics::focusReach;
 
 ColorToken colorOf(Tint tint) {
     switch (tint) {
@@ -27,28 +38,71 @@ ColorToken colorOf(Tint tint) {
     return ColorToken::text1;
 }
 
+BannerContent contentOf(const PressureNotice& notice) {
+    BannerContent content;
+    content.color = colorOf(notice.tint);
+    content.symbol = qt(notice.symbol);
+    content.title = qt(notice.title);
+    content.status = qt(notice.status);
+    content.body = qt(notice.consumersTitle);
+    for (const PressureNotice::Consumer& each : notice.consumers)
+        content.entries.push_back({qt(each.name), qt(each.size)});
+    return content;
+}
+
+QVBoxLayout* addBlock(QVBoxLayout* column) {
+    auto* block = new QVBoxLayout;
+    block->setContentsMargins(0, ringRoom, 0, 0);
+    block->setSpacing(metrics::cardGap);
+    column->addLayout(block);
+    return block;
+}
+
 }  // namespace
 
 OverviewTab::OverviewTab(MetricsCoordinator& coordinator, QWidget* parent)
     : QWidget(parent),
       coordinator_(coordinator),
+      banner_(new Banner(this)),
+      graphsHead_(new QWidget(this)),
+      graphsTitle_(new SectionHead({}, graphsHead_)),
       liveHead_(new SectionHead({}, this)),
       liveRows_(new MetricRows) {
+    layOut();
+    rebuild();
+    rebuildGraphs();
+}
+
+void OverviewTab::layOut() {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(metrics::contentInset, metrics::contentInset - ringRoom,
+                               metrics::contentInset, metrics::contentInset);
+    layout->setSpacing(metrics::cardGap - ringRoom);
+    addBlock(layout)->addWidget(banner_);
+
+    auto* head = new QHBoxLayout(graphsHead_);
+    head->setContentsMargins(0, 0, 0, 0);
+    head->setSpacing(0);
+    head->addWidget(graphsTitle_, 1);
+    head->addWidget(new HistoryRangePicker(coordinator_, graphsHead_));
+    layout->addWidget(graphsHead_);
+    cards_ = new QVBoxLayout;
+    cards_->setSpacing(metrics::cardGap);
+    layout->addLayout(cards_);
+
     auto* card = new Card(this);
     card->content()->setContentsMargins(metrics::cardPadding, metrics::metricRowsInset,
                                         metrics::cardPadding, metrics::metricRowsInset);
     card->content()->addWidget(liveRows_);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(metrics::contentInset, metrics::contentInset, metrics::contentInset,
-                               metrics::contentInset);
-    layout->setSpacing(metrics::cardGap);
-    layout->addWidget(liveHead_);
-    layout->addWidget(card);
+    auto* live = addBlock(layout);
+    live->addWidget(liveHead_);
+    live->addWidget(card);
     layout->addStretch();
-    rebuild();
 }
 
 void OverviewTab::display(const OverviewModel& model) {
+    banner_->setVisible(model.pressure.has_value());
+    if (model.pressure) banner_->setContent(contentOf(*model.pressure));
     liveHead_->setTitle(qt(model.liveTitle));
     std::vector<MetricRow> rows;
     rows.reserve(model.liveRows.size());
@@ -59,11 +113,7 @@ void OverviewTab::display(const OverviewModel& model) {
 
 void OverviewTab::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    const auto follow = [this](const auto&) { rebuild(); };
-    subscriptions_.push_back(coordinator_.cpu.latest.subscribe(follow));
-    subscriptions_.push_back(coordinator_.gpu.latest.subscribe(follow));
-    subscriptions_.push_back(coordinator_.memory.latest.subscribe(follow));
-    subscriptions_.push_back(coordinator_.temperature.latest.subscribe(follow));
+    follow();
 }
 
 void OverviewTab::hideEvent(QHideEvent* event) {
@@ -71,10 +121,79 @@ void OverviewTab::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
 }
 
+void OverviewTab::follow() {
+    auto& c = coordinator_;
+    const auto values = [this](const auto&) { rebuild(); };
+    const auto graphs = [this](const auto&) { rebuildGraphs(); };
+    const auto texts = [this](const auto&) {
+        rebuild();
+        rebuildGraphs();
+    };
+    const auto chart = [this](ChartMetric metric) {
+        return [this, metric](const auto&) { redraw(metric); };
+    };
+    subscriptions_.push_back(c.cpu.latest.subscribe(values));
+    subscriptions_.push_back(c.gpu.latest.subscribe(values));
+    subscriptions_.push_back(c.memory.latest.subscribe(values));
+    subscriptions_.push_back(c.memory.pressure.subscribe(values));
+    subscriptions_.push_back(c.temperature.latest.subscribe(values));
+    subscriptions_.push_back(c.processes.processes.subscribe(values));
+    subscriptions_.push_back(c.preferences.subscribe(graphs));
+    subscriptions_.push_back(c.gpu.isAvailable.subscribe(graphs));
+    subscriptions_.push_back(Localization::shared().effective.subscribe(texts));
+    subscriptions_.push_back(c.cpuHistory.subscribe(chart(ChartMetric::cpu)));
+    subscriptions_.push_back(c.pCoreHistory.subscribe(chart(ChartMetric::pCore)));
+    subscriptions_.push_back(c.eCoreHistory.subscribe(chart(ChartMetric::eCore)));
+    subscriptions_.push_back(c.gpuHistory.subscribe(chart(ChartMetric::gpu)));
+    subscriptions_.push_back(c.memoryHistory.subscribe(chart(ChartMetric::memory)));
+}
+
 void OverviewTab::rebuild() {
-    display(describeOverview({coordinator_.cpu.layout(), *coordinator_.cpu.latest,
-                              *coordinator_.gpu.latest, *coordinator_.temperature.latest,
-                              *coordinator_.memory.latest}));
+    const auto& c = coordinator_;
+    if (*c.cpu.latest) seenClocks_.note(**c.cpu.latest);
+    OverviewReadings readings{
+        c.cpu.layout(),   *c.cpu.latest, *c.gpu.latest,      *c.temperature.latest,
+        *c.memory.latest, seenClocks_,   *c.memory.pressure, {}};
+    if (readings.pressure != MemoryStats::Pressure::normal)
+        readings.consumers = c.memoryPressure.suggestedCleanupTargets(overviewConsumers);
+    display(describeOverview(readings));
+}
+
+void OverviewTab::rebuildGraphs() {
+    const auto& preferences = *coordinator_.preferences;
+    const auto shown =
+        overviewCharts(preferences, *coordinator_.gpu.isAvailable ? GPUSampling::available
+                                                                  : GPUSampling::unavailable);
+    if (!std::ranges::equal(shown, charts_, {}, {}, &ChartCard::metric)) makeCards(shown);
+    graphsHead_->setVisible(!shown.empty());
+    graphsTitle_->setTitle(qt(historyTitle(preferences.historyRange)));
+    for (const ChartMetric metric : shown) redraw(metric);
+}
+
+void OverviewTab::makeCards(const std::vector<ChartMetric>& metrics) {
+    // The one that takes the click may be among them.
+    for (const ChartCard& each : charts_) {
+        each.card->hide();
+        each.card->deleteLater();
+    }
+    charts_.clear();
+    for (const ChartMetric metric : metrics) {
+        auto* card = new Card(this);
+        auto* chart = new HistoryChart(card);
+        card->content()->addWidget(chart);
+        cards_->addWidget(card);
+        charts_.push_back({metric, card, chart});
+    }
+}
+
+void OverviewTab::redraw(ChartMetric metric) {
+    const auto found = std::ranges::find(charts_, metric, &ChartCard::metric);
+    if (found == charts_.end()) return;
+    const auto& c = coordinator_;
+    const OverviewHistories histories{&*c.cpuHistory, &*c.pCoreHistory, &*c.eCoreHistory,
+                                      &*c.gpuHistory, &*c.memoryHistory};
+    found->chart->setContent(
+        chartContent(describeOverviewChart(metric, histories, *c.preferences)));
 }
 
 }  // namespace vtx

@@ -39,10 +39,14 @@ QSize StripView::sizeHint() const {
 void StripView::display(StripModel model) {
     if (model == model_ && !places_.empty()) return;
     const StripModel before = std::exchange(model_, std::move(model));
+    const std::vector<Place> placesBefore = places_;
     const double widthBefore = contentWidth_;
     layOut();
     if (before.summary != model_.summary) Q_EMIT summaryChanged();
-    repaintDifferences(before);
+    if (places_ == placesBefore)
+        repaintDifferences(before);
+    else
+        update();
     if (contentWidth_ == widthBefore) return;
     updateGeometry();
     Q_EMIT widthHintChanged();
@@ -81,11 +85,6 @@ void StripView::layOut() {
 }
 
 void StripView::repaintDifferences(const StripModel& before) {
-    const auto sameShape = [](const StripTile& a, const StripTile& b) { return a.id == b.id; };
-    if (!std::ranges::equal(before.tiles, model_.tiles, sameShape)) {
-        update();
-        return;
-    }
     for (std::size_t i = 0; i < model_.tiles.size(); ++i)
         if (before.tiles[i] != model_.tiles[i]) update(places_[i].whole().toAlignedRect());
 }

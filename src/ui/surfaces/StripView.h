@@ -45,10 +45,12 @@ private:
         QRectF symbol;
         QRectF label;
         [[nodiscard]] QRectF whole() const { return symbol.united(label); }
+        friend bool operator==(const Place&, const Place&) = default;
     };
 
     void rebuild();
     void layOut();
+    /// Of a model whose tiles stand in the same places.
     void repaintDifferences(const StripModel& before);
 
     MetricsCoordinator& coordinator_;

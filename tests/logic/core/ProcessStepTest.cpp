@@ -10,6 +10,7 @@ namespace {
 
 struct Steps : CoordinatorBench {
     [[nodiscard]] std::size_t walks() const { return platform.calls(operations::kernProcAllSize); }
+    [[nodiscard]] std::size_t rests() const { return platform.calls(operations::processesLetGo); }
     void enableHogDetector() {
         change([](auto& p) { p.hogDetectorEnabled = true; });
     }
@@ -78,6 +79,35 @@ TEST(ProcessStep, opening_a_surface_within_five_seconds_samples_no_second_time) 
     EXPECT_EQ(b.walks(), 1U);
     b.advance(seconds(3));
     EXPECT_EQ(b.walks(), 2U);
+}
+
+TEST(ProcessStep, what_is_kept_for_samples_goes_a_while_after_the_last_need_and_once) {
+    Steps b;
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.settle();
+    b.coordinator.setPollingMode(PollingMode::background);
+    b.advance(seconds(14));
+    EXPECT_EQ(b.rests(), 0U);
+    b.advance(seconds(2));
+    EXPECT_EQ(b.rests(), 1U);
+    b.advance(seconds(120));
+    EXPECT_EQ(b.rests(), 1U);
+    EXPECT_FALSE(b.coordinator.processes.processes->empty());
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.settle();
+    EXPECT_EQ(b.walks(), 2U);
+    EXPECT_EQ(b.rests(), 1U);
+}
+
+TEST(ProcessStep, nothing_goes_while_the_detector_needs_it_or_before_it_was_there) {
+    Steps b;
+    b.coordinator.start();
+    b.advance(seconds(60));
+    EXPECT_EQ(b.rests(), 0U);
+    b.enableHogDetector();
+    b.advance(seconds(60));
+    EXPECT_GT(b.walks(), 0U);
+    EXPECT_EQ(b.rests(), 0U);
 }
 
 TEST(ProcessStep, comes_after_the_samplers_that_run_side_by_side) {

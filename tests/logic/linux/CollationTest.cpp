@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <locale.h>
 
+#include <cstdlib>
 #include <string>
 
 namespace vtx::test {
@@ -50,13 +51,26 @@ TEST(Collation, a_locale_that_is_not_there_sorts_by_the_characters) {
     EXPECT_EQ(none.key("B"), plain.key("b"));
 }
 
+/// Where locales are looked for before the system's own, until the end of the scope.
+class LocalesIn {
+public:
+    explicit LocalesIn(const char* folder) { ::setenv("LOCPATH", folder, 1); }
+    ~LocalesIn() { ::unsetenv("LOCPATH"); }
+    LocalesIn(const LocalesIn&) = delete;
+    LocalesIn& operator=(const LocalesIn&) = delete;
+};
+
 TEST(Collation, a_language_sorts_its_letters_as_it_does) {
+    const LocalesIn made(VANTRIX_TEST_LOCALES);
     const locale_t german = ::newlocale(LC_COLLATE_MASK, "de_DE.UTF-8", locale_t{});
-    if (!german) GTEST_SKIP() << "this machine has no German locale";
+    if (!german) GTEST_SKIP() << "this machine has no German locale, nor what makes one";
     ::freelocale(german);
     const auto c = collationOf("LC_COLLATE", "de_DE.UTF-8");
     EXPECT_LT(c.key("Apfel"), c.key("Äpfel"));
     EXPECT_LT(c.key("Äpfel"), c.key("Birne"));
+    EXPECT_LT(c.key("журнал"), c.key("ЯБЛОКО"));
+    EXPECT_EQ(c.key("ÄPFEL"), c.key("äpfel"));
+    EXPECT_NE(c.key("愛"), c.key("安"));
 }
 
 }  // namespace

@@ -99,6 +99,18 @@ TEST_F(LinuxProcessTables, the_bound_leaves_descriptors_to_the_rest_of_the_progr
     EXPECT_GE(LinuxProcessTable::usualDescriptors(), std::min<std::size_t>(all / 2, 256));
 }
 
+TEST_F(LinuxProcessTables, nothing_stays_open_when_nobody_asks_and_everything_is_found_again) {
+    for (const int pid : {300, 301}) tree.put({.pid = pid, .userTicks = 7});
+    (void)list();
+    EXPECT_EQ(table->keptDescriptors(), 2U);
+    table->letGo();
+    EXPECT_EQ(table->keptDescriptors(), 0U);
+    EXPECT_EQ(table->details(300).priorityError, ESRCH);
+    EXPECT_EQ(pids(), (std::vector<std::int32_t>{300, 301}));
+    EXPECT_EQ(table->details(301).taskInfo.totalUser, 7U);
+    EXPECT_EQ(table->keptDescriptors(), 2U);
+}
+
 TEST_F(LinuxProcessTables, the_path_is_read_once_for_a_program) {
     tree.put({.pid = 300});
     tree.link(300, "/opt/first");

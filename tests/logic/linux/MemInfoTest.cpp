@@ -126,6 +126,46 @@ TEST(MemInfo, enormous_and_binary_input_is_survived) {
     EXPECT_EQ(parseMemInfo(std::string_view("\0\xff\n:\n", 5)), std::nullopt);
 }
 
+TEST(MemInfoText, reads_the_numbers_anew_where_the_lines_were) {
+    MemInfoText reader;
+    EXPECT_EQ(reader.parse(usual), usualInfo());
+    std::string text = usual;
+    const auto digit = text.find_first_of("123456789", text.find("MemAvailable"));
+    text[digit] = '1';
+    EXPECT_EQ(reader.parse(text), parseMemInfo(text));
+    EXPECT_NE(reader.parse(text), usualInfo());
+}
+
+TEST(MemInfoText, whatever_one_character_becomes_it_says_what_a_first_look_says) {
+    const std::string before = usual;
+    for (std::size_t at = 0; at < before.size(); ++at) {
+        for (const char other : {'\n', ':', ' ', '0', '9', 'M', '\0'}) {
+            MemInfoText reader;
+            ASSERT_TRUE(reader.parse(before));
+            std::string text = before;
+            text[at] = other;
+            ASSERT_EQ(reader.parse(text), parseMemInfo(text)) << at << other;
+            ASSERT_EQ(reader.parse(before), usualInfo()) << at << other;
+        }
+    }
+}
+
+TEST(MemInfoText, lines_that_moved_came_or_went_are_found_again) {
+    MemInfoText reader;
+    ASSERT_TRUE(reader.parse(usual));
+    std::string text = usual;
+    const auto zswap = text.find("Zswap:");
+    text.erase(zswap, text.find('\n', zswap) + 1 - zswap);
+    EXPECT_EQ(reader.parse(text), parseMemInfo(text));
+    EXPECT_EQ(reader.parse(usual), usualInfo());
+    text = std::string("Other: 1 kB\n") + usual;
+    EXPECT_EQ(reader.parse(text), usualInfo());
+    for (std::size_t cut = 0; cut < text.size(); ++cut) {
+        const auto part = std::string_view(text).substr(0, cut);
+        ASSERT_EQ(reader.parse(part), parseMemInfo(part)) << cut;
+    }
+}
+
 TEST(ZramPool, is_the_third_number_of_the_line) {
     EXPECT_EQ(parseZramPool("  90112  3040  12288        0    12288       15        0\n"), 12'288U);
     for (const auto* text : {"", "\n", "1 2\n", "1 2 3", "1 2 x \n", "1 2 -3 4\n",

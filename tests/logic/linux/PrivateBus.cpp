@@ -18,8 +18,10 @@ namespace vtx::test {
 namespace {
 
 std::string configuration(const std::string& folder) {
-    return "<busconfig><type>session</type><listen>unix:dir=" + folder +
-           "</listen><auth>EXTERNAL</auth><policy context=\"default\"><allow own=\"*\"/>"
+    return "<busconfig><type>session</type><listen>unix:dir=" + folder + "</listen><servicedir>" +
+           folder +
+           "/services</servicedir><auth>EXTERNAL</auth><policy context=\"default\"><allow "
+           "own=\"*\"/>"
            "<allow send_destination=\"*\"/><allow send_type=\"signal\"/>"
            "<allow receive_type=\"signal\"/><allow receive_type=\"method_call\"/>"
            "<allow receive_type=\"method_return\"/><allow receive_type=\"error\"/>"
@@ -38,7 +40,10 @@ void check(int result, const char* what) {
 
 }  // namespace
 
-PrivateBus::PrivateBus() {
+PrivateBus::PrivateBus(const std::vector<std::string>& startable) {
+    for (const auto& name : startable)
+        folder_.write("/services/" + name + ".service",
+                      "[D-BUS Service]\nName=" + name + "\nExec=/bin/false\n");
     folder_.write("/bus.conf", configuration(folder_.path()));
     std::array<int, 2> ends{};
     check(::pipe2(ends.data(), O_CLOEXEC), "pipe");

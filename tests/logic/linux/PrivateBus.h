@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "base/Subscription.h"
 #include "linux/TemporaryTree.h"
@@ -16,7 +17,8 @@ namespace vtx::test {
 /// A message bus of its own for one test: a `dbus-daemon` found by PATH, ended with the object.
 class PrivateBus {
 public:
-    PrivateBus();
+    /// `startable` are names whose services the bus would start, by a program that fails.
+    explicit PrivateBus(const std::vector<std::string>& startable = {});
     ~PrivateBus();
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The process table of the machine that runs the tests.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/prctl.h>
@@ -66,6 +67,52 @@ public:
 private:
     pid_t pid_ = -1;
     bool isReady_ = false;
+};
+
+/// A process of the test's own in which "sleep" takes over when it is told to.
+class Turncoat {
+public:
+    Turncoat() {
+        std::array<int, 2> go{};
+        std::array<int, 2> done{};
+        if (::pipe2(go.data(), O_CLOEXEC) != 0 || ::pipe2(done.data(), O_CLOEXEC) != 0) return;
+        pid_ = ::fork();
+        if (pid_ == 0) turnWhenTold(go, done);
+        ::close(go[0]);
+        ::close(done[1]);
+        go_ = FileDescriptor(go[1]);
+        done_ = FileDescriptor(done[0]);
+    }
+    ~Turncoat() {
+        if (pid_ <= 0) return;
+        ::kill(pid_, SIGKILL);
+        ::waitpid(pid_, nullptr, 0);
+    }
+    Turncoat(const Turncoat&) = delete;
+    Turncoat& operator=(const Turncoat&) = delete;
+
+    [[nodiscard]] pid_t pid() const { return pid_; }
+    /// Returns when the other program has taken over: that closes the end of the pipe.
+    void turn() {
+        char byte = 'x';
+        ASSERT_EQ(::write(go_.get(), &byte, 1), 1);
+        EXPECT_EQ(::read(done_.get(), &byte, 1), 0) << "there is no such program";
+    }
+
+private:
+    [[noreturn]] static void turnWhenTold(const std::array<int, 2>& go,
+                                          const std::array<int, 2>& done) {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        ::close(go[1]);
+        char byte = 0;
+        if (::read(go[0], &byte, 1) == 1) ::execlp("sleep", "sleep", "600", nullptr);
+        (void)!::write(done[1], &byte, 1);
+        ::_exit(1);
+    }
+
+    pid_t pid_ = -1;
+    FileDescriptor go_;
+    FileDescriptor done_;
 };
 
 struct RunningProcesses : testing::Test {
@@ -235,28 +282,18 @@ TEST_F(RunningProcesses, what_has_ended_and_is_not_forgotten_holds_no_memory) {
 }
 
 TEST_F(RunningProcesses, another_program_in_the_same_process_has_its_own_name_and_path) {
-    // What waits in the shell's place is "sleep", after it was told to go on.
-    std::array<int, 2> go{};
-    ASSERT_EQ(::pipe(go.data()), 0);
-    Child child([&go] {
-        ::dup2(go[0], 0);
-        ::close(go[1]);
-        if (::fork() != 0) return;
-        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-        ::execlp("sleep", "sleep", "600", nullptr);
-        ::_exit(1);
-    });
-    ASSERT_TRUE(child.isReady());
-    const auto isAsleep = [this] {
-        for (const auto& record : list())
-            if (table.details(record.pid).name == "sleep") return true;
-        return false;
-    };
-    int rounds = 0;
-    while (!isAsleep() && rounds < 100'000) ++rounds;
-    EXPECT_LT(rounds, 100'000);
-    ::close(go[0]);
-    ::close(go[1]);
+    Turncoat process;
+    ASSERT_TRUE(find(process.pid()));
+    const auto before = table.details(process.pid());
+    EXPECT_EQ(before.name, "vantrix-logic-tests");
+    const auto start = before.startTime;
+    process.turn();
+    ASSERT_TRUE(find(process.pid()));
+    const auto after = table.details(process.pid());
+    EXPECT_EQ(after.name, "sleep");
+    ASSERT_TRUE(after.path);
+    EXPECT_FALSE(after.path->ends_with("/vantrix-logic-tests"));
+    EXPECT_EQ(after.startTime, start);
 }
 
 TEST_F(RunningProcesses, a_child_is_given_a_lower_priority_with_all_its_threads) {
@@ -304,6 +341,7 @@ TEST_F(RunningProcesses, what_is_not_there_is_not_given_a_priority) {
 TEST_F(RunningProcesses, one_that_cannot_be_held_for_want_of_descriptors_is_changed_all_the_same) {
 #if defined(__has_feature)
 #if __has_feature(undefined_behavior_sanitizer) || __has_feature(address_sanitizer)
+    // Which checks by a pipe whether memory may be read.
     GTEST_SKIP() << "the sanitizer needs descriptors itself";
 #endif
 #endif
@@ -350,15 +388,43 @@ TEST_F(RunningProcesses, an_ordinary_user_may_not_raise_a_priority_again) {
     EXPECT_EQ(niceOf(child.pid()), 19);
 }
 
+TEST_F(RunningProcesses, all_are_found_again_after_nobody_asked) {
+    const Child child;
+    for (int round = 0; round < 3; ++round) (void)list();
+    table.letGo();
+    EXPECT_EQ(table.keptDescriptors(), 0U);
+    EXPECT_TRUE(find(child.pid()));
+    EXPECT_TRUE(find(1));
+    EXPECT_TRUE(find(::getpid()));
+}
+
+TEST_F(RunningProcesses, what_stays_open_leaves_the_low_numbers_to_the_program) {
+    rlimit limit{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
+    if (limit.rlim_cur < 2 * FD_SETSIZE) GTEST_SKIP() << "this machine gives no higher numbers";
+    const int lowest = ::dup(0);
+    ::close(lowest);
+    ASSERT_FALSE(list().empty());
+    ASSERT_GT(table.keptDescriptors(), 0U);
+    const int afterwards = ::dup(0);
+    ::close(afterwards);
+    // The folder and the file of the averages are two, whatever else is open.
+    EXPECT_LE(afterwards, lowest + 2);
+}
+
 TEST_F(RunningProcesses, without_descriptors_the_table_gives_some_back_and_goes_on) {
+    // Without high numbers the table keeps low ones, of which it can give some back.
+    rlimit usual{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+    rlimit low = usual;
+    low.rlim_cur = std::min<rlim_t>(usual.rlim_cur, FD_SETSIZE);
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &low), 0);
     std::vector<std::unique_ptr<Child>> children;
     for (int i = 0; i < 20; ++i) children.push_back(std::make_unique<Child>());
     const auto before = list().size();
     ASSERT_GE(before, 20U);
     const auto kept = table.keptDescriptors();
     for (int i = 0; i < 3; ++i) children.push_back(std::make_unique<Child>());
-    rlimit usual{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
     // Nothing may be opened above the lowest number that is free now.
     const int lowest = ::dup(0);
     ::close(lowest);

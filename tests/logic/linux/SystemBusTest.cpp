@@ -134,6 +134,65 @@ TEST_F(SystemBusTest, values_of_another_type_are_absent) {
     EXPECT_TRUE(loop.runUntil([&] { return answers == 1; }, longEnough));
 }
 
+TEST_F(SystemBusTest, lists_and_numbers_are_read_and_whoever_sent_them) {
+    FakeService service(loop, daemon.address(), object.service, object.path, [](auto* message) {
+        return sd_bus_reply_method_return(message, "asuas", 2, "a", "b", 4'000'000'000U, 0);
+    });
+    std::optional<std::vector<std::string>> texts, none, behind;
+    std::optional<std::uint32_t> number;
+    std::string sender;
+    const auto call = bus.call(object, "Tell", {}, [&](BusMessage& answer) {
+        texts = answer.texts();
+        EXPECT_FALSE(answer.texts()) << "a number comes next";
+        number = answer.unsignedNumber();
+        none = answer.texts();
+        behind = answer.texts();
+        sender = answer.sender();
+    });
+    ASSERT_TRUE(loop.runUntil([&] { return !sender.empty(); }, longEnough));
+    EXPECT_EQ(texts, (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(number, 4'000'000'000U);
+    EXPECT_EQ(none, std::vector<std::string>());
+    EXPECT_EQ(behind, std::nullopt);
+    EXPECT_EQ(sender.front(), ':');
+}
+
+TEST_F(SystemBusTest, a_call_takes_arguments_of_any_type) {
+    FakeService service(loop, daemon.address(), object.service, object.path, [](auto* message) {
+        std::uint32_t number = 0;
+        int flag = 0;
+        sd_bus_message_read(message, "ub", &number, &flag);
+        return sd_bus_reply_method_return(message, "u", flag ? number + 1 : 0);
+    });
+    std::optional<std::uint32_t> next;
+    const auto append = [](auto* message) { return sd_bus_message_append(message, "ub", 41, 1); };
+    const auto call = bus.call({object, "Next", append},
+                               [&](BusMessage& answer) { next = answer.unsignedNumber(); });
+    EXPECT_TRUE(loop.runUntil([&] { return next == 42U; }, longEnough));
+}
+
+TEST_F(SystemBusTest, arguments_that_cannot_be_sent_are_not_sent) {
+    const auto append = [](sd_bus_message*) { return -1; };
+    const auto call = bus.call({object, "Next", append}, [](BusMessage&) { FAIL(); });
+    EXPECT_FALSE(call);
+    EXPECT_TRUE(bus.isOpen());
+}
+
+TEST_F(SystemBusTest, a_refusal_is_told_in_the_words_of_the_service) {
+    const char* words = "";
+    FakeService service(loop, daemon.address(), object.service, object.path, [&](auto* message) {
+        return sd_bus_reply_method_errorf(message, "org.example.No", "%s", words);
+    });
+    std::vector<std::string> errors;
+    const auto note = [&](BusMessage& answer) { errors.push_back(answer.error()); };
+    const auto first = bus.call(object, "Ask", {}, note);
+    ASSERT_TRUE(loop.runUntil([&] { return errors.size() == 1; }, longEnough));
+    words = "not today";
+    const auto second = bus.call(object, "Ask", {}, note);
+    ASSERT_TRUE(loop.runUntil([&] { return errors.size() == 2; }, longEnough));
+    EXPECT_EQ(errors, (std::vector<std::string>{"org.example.No", "not today"}));
+}
+
 TEST_F(SystemBusTest, a_call_to_an_absent_service_fails) {
     bool failed = false;
     const auto call = bus.call(object, "Method", {}, [&](BusMessage& answer) {

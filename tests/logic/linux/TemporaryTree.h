@@ -70,8 +70,6 @@ private:
 };
 
 /// The path of a recorded machine.
-inline std::string fixture(std::string_view machine) {
-    return std::string(VANTRIX_FIXTURES "/").append(machine);
-}
+std::string fixture(std::string_view machine);
 
 }  // namespace vtx::test

@@ -259,6 +259,7 @@ TEST(ProcessTableFetch, a_table_that_outgrows_its_headroom_is_measured_again) {
             return s.table.kernProcAll(into, bytes);
         }
         ProcessDetails details(std::int32_t pid) override { return s.table.details(pid); }
+        void letGo() override {}
         MachTimebaseInfo machTimebaseInfo() const override { return {}; }
         std::uint32_t getuid() const override { return 0; }
         int setpriority(std::int32_t, std::optional<ProcessStartTime>, std::int32_t) override {

@@ -28,6 +28,7 @@ struct DisturbedTable final : ProcessTable {
         nothing.priorityError = 3;
         return nothing;
     }
+    void letGo() override { table_.letGo(); }
     [[nodiscard]] MachTimebaseInfo machTimebaseInfo() const override {
         return table_.machTimebaseInfo();
     }

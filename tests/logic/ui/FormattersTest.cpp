@@ -66,6 +66,13 @@ INSTANTIATE_TEST_SUITE_P(rates, ThroughputLabel,
                                          Throughput{1048576, "1.0M"}, Throughput{104857600, "100M"},
                                          Throughput{10485760, "10M"}));
 
+TEST(Formatters, an_absent_rate_counts_as_nothing_beside_a_known_one) {
+    EXPECT_EQ(throughputLabel(2097152.0, std::nullopt), "2.0M");
+    EXPECT_EQ(throughputLabel(std::nullopt, 2097152.0), "2.0M");
+    EXPECT_EQ(throughputLabel(2097152.0, 1048576.0), "3.0M");
+    EXPECT_EQ(throughputLabel(std::nullopt, std::nullopt), "—");
+}
+
 TEST(Formatters, temperatures_are_whole_degrees) {
     EXPECT_EQ(formatTemp(62.5), "63 °C");
     EXPECT_EQ(formatTemp(62.4), "62 °C");

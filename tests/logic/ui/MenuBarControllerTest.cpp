@@ -30,10 +30,16 @@ struct Controlled {
         stats.deviceUtilization = utilization;
         controller.coordinator().gpu.latest = stats;
     }
-    void publishDisk(double bytesPerSecond) {
+    void publishMemory(std::uint64_t usedOfAMillion) {
+        MemoryStats stats;
+        stats.usedBytes = usedOfAMillion;
+        stats.totalBytes = 1'000'000;
+        controller.coordinator().memory.latest = stats;
+    }
+    void publishDisk(double bytesPerSecond, std::optional<double> written = 0.0) {
         DiskIOReading reading;
         reading.bytesReadPerSecond = bytesPerSecond;
-        reading.bytesWrittenPerSecond = 0.0;
+        reading.bytesWrittenPerSecond = written;
         controller.coordinator().diskIO.latest = reading;
     }
     void publishTemperature(double celsius) {
@@ -218,6 +224,61 @@ TEST(MenuBarController, another_label_of_the_graphics_measures_the_strip) {
     c.publishGPU(0.13);
     c.letSizeSettle();
     EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
+}
+
+TEST(MenuBarController, another_label_of_the_memory_measures_the_strip) {
+    Controlled c;
+    c.letSizeSettle();  // with the machine's own first reading
+    c.publishMemory(501'000);
+    c.letSizeSettle();
+    const auto before = c.surfaces.item->lengths.size();
+    c.publishMemory(504'000);
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before);
+    c.publishMemory(506'000);
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
+}
+
+TEST(MenuBarController, one_known_rate_of_the_drives_is_a_label_too) {
+    Controlled c;
+    c.letSizeSettle();
+    c.publishDisk(2'097'152, std::nullopt);
+    c.letSizeSettle();
+    const auto before = c.surfaces.item->lengths.size();
+    c.publishDisk(52'428'800, std::nullopt);
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
+}
+
+TEST(MenuBarController, another_thermal_level_is_left_to_the_strip_to_tell) {
+    Controlled c;
+    c.letSizeSettle();
+    const auto before = c.surfaces.item->lengths.size();
+    c.controller.coordinator().thermal.latest = ThermalStats{ThermalStats::Level::serious, {}};
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before);
+    c.surfaces.item->onIntrinsicWidthChange();
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
+}
+
+TEST(MenuBarController, compact_mode_chosen_in_the_popover_resizes_the_item_once_it_closes) {
+    Controlled c;
+    c.letSizeSettle();
+    c.controller.togglePopover();
+    c.letSizeSettle();
+    const auto before = c.surfaces.item->lengths.size();
+    for (const double width : {40.0, 100.0, 40.0}) {
+        c.controller.coordinator().preferences.modify(
+            [](auto& p) { p.menuBarCompact = !p.menuBarCompact; });
+        c.surfaces.item->contentWidth = width;
+        c.letSizeSettle();
+    }
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before);
+    c.controller.togglePopover();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
+    EXPECT_EQ(c.surfaces.item->lengths.back(), 40.0);
 }
 
 TEST(MenuBarController, another_label_of_the_drives_measures_the_strip) {

@@ -85,6 +85,16 @@ TEST(OverviewModel, a_clock_that_is_missing_for_a_tick_keeps_its_row_where_there
     EXPECT_TRUE(hasRow(without, "P-Core Clock") && hasRow(without, "E-Core Clock"));
 }
 
+TEST(OverviewModel, a_clock_that_was_seen_keeps_its_row_without_a_table) {
+    auto reading = readingOf(0.1, 0.1, 0.1);
+    OverviewReadings readings{eightAndFour(), reading};
+    EXPECT_FALSE(hasRow(describeOverview(readings).liveRows, "P-Core Clock"));
+    reading.pCoreCurrentFrequencyMHz = 600;
+    readings.seenClocks.note(reading);
+    EXPECT_EQ(rowOf(describeOverview(readings).liveRows, "P-Core Clock").value, "—");
+    EXPECT_FALSE(hasRow(describeOverview(readings).liveRows, "E-Core Clock"));
+}
+
 TEST(OverviewModel, a_cluster_without_cores_has_no_clock_row_for_its_table) {
     auto reading = readingOf(0.1, 0.1, 0.0);
     reading.layout.eCoreCount = 0;

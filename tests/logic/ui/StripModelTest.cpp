@@ -79,6 +79,45 @@ TEST(StripModel, neural_engine_and_unknown_identifiers_hold_a_place_but_draw_not
     EXPECT_THAT(idsOf(describeStrip({}, preferences)), ElementsAre("cpu"));
 }
 
+TEST(StripModel, an_identifier_that_is_listed_twice_has_two_tiles) {
+    DisplayPreferences preferences;
+    preferences.menuBarOrder = {"memory", "cpu", "memory"};
+    EXPECT_THAT(idsOf(describeStrip({}, preferences)), ElementsAre("memory", "cpu", "memory"));
+}
+
+TEST(StripModel, an_empty_order_has_no_tiles) {
+    DisplayPreferences preferences;
+    preferences.menuBarOrder.clear();
+    EXPECT_THAT(describeStrip({}, preferences).tiles, IsEmpty());
+}
+
+TEST(StripModel, an_order_of_ten_thousand_entries_fills_the_screen_and_no_more) {
+    DisplayPreferences preferences;
+    preferences.menuBarOrder.assign(10'000, "cpu");
+    EXPECT_EQ(describeStrip({}, preferences).tiles.size(), 512U);
+    preferences.menuBarOrder.assign(10'000, "nothing");
+    preferences.menuBarOrder.emplace_back("cpu");
+    EXPECT_THAT(idsOf(describeStrip({}, preferences)), ElementsAre("cpu"));
+}
+
+TEST(StripModel, tiles_reserve_the_widest_expected_text_of_their_kind) {
+    StripReadings readings;
+    readings.isGPUAvailable = true;
+    std::vector<std::string> references;
+    for (const auto& tile : describeStrip(readings, everythingShown()).tiles)
+        references.emplace_back(tile.reference);
+    EXPECT_THAT(references, ElementsAre("100%", "100%", "Critical", "100%", "100M", "5000"));
+}
+
+TEST(StripModel, very_large_figures_are_told_in_full) {
+    StripReadings readings;
+    readings.cpuMaxC = 104.6;
+    readings.diskReadPerSecond = readings.diskWrittenPerSecond = 5e9;
+    const auto model = describeStrip(readings, everythingShown());
+    EXPECT_EQ(tileOf(model, "thermal").label, "105°C");
+    EXPECT_EQ(tileOf(model, "disk").label, "9536M");
+}
+
 TEST(StripModel, with_every_tile_hidden_it_is_empty) {
     DisplayPreferences preferences;
     preferences.showCPU = preferences.showThermal = preferences.showMemory = false;

@@ -50,6 +50,32 @@ TEST(Symbols, every_name_is_drawn_at_every_size_and_scale) {
     }
 }
 
+// What a stored icon can be: the defaults, and the choices that are offered for each tile.
+TEST(Symbols, there_is_one_for_every_icon_that_is_stored) {
+    for (const char* name : {"cpu",
+                             "square.grid.3x3.fill",
+                             "waveform.path.ecg",
+                             "cpu.fill",
+                             "cube.transparent.fill",
+                             "display",
+                             "thermometer.medium",
+                             "flame",
+                             "gauge.medium",
+                             "memorychip.fill",
+                             "chart.pie.fill",
+                             "internaldrive.fill",
+                             "internaldrive",
+                             "externaldrive",
+                             "opticaldisc",
+                             "fan",
+                             "fan.badge.automatic",
+                             "wind",
+                             "bolt.fill",
+                             "brain"}) {
+        EXPECT_TRUE(symbols::exists(QString::fromLatin1(name))) << name;
+    }
+}
+
 TEST(Symbols, no_symbol_is_cut_off_at_its_edges) {
     for (const QString& name : symbols::names()) {
         SCOPED_TRACE(name.toStdString());

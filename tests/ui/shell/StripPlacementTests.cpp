@@ -48,6 +48,11 @@ TEST(StripPlacement, a_strip_that_grows_keeps_its_right_edge) {
     EXPECT_EQ(wide.frame.right(), 1279 - 40);
 }
 
+TEST(StripPlacement, a_strip_wider_than_its_screen_is_cut_at_its_edge) {
+    const auto place = StripPlacement::place(record(DockEdge::top, 40), QSize(600'000, 24), one());
+    EXPECT_EQ(place.frame, QRect(0, 0, 1280, 24));
+}
+
 TEST(StripPlacement, a_strip_in_a_left_corner_grows_to_the_right) {
     const StripRecord corner{"A", DockEdge::top, Side::left, 0, 0};
     EXPECT_EQ(StripPlacement::place(corner, QSize(300, 24), one()).frame, QRect(0, 0, 300, 24));

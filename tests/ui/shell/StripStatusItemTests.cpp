@@ -148,6 +148,15 @@ TEST_F(StripStatusItemTest, does_not_hold_up_the_end_of_the_application) {
     EXPECT_TRUE(surface().window()->close());
 }
 
+TEST(NormalWindowStatusItem, is_never_wider_than_the_widest_screen) {
+    auto* content = new QWidget;
+    NormalWindowStatusItem item;
+    item.setContent(content);
+    item.setLength(600'000);
+    EXPECT_EQ(content->parentWidget()->width(),
+              QGuiApplication::primaryScreen()->availableGeometry().width());
+}
+
 TEST(StatusItemFactory, where_windows_cannot_be_placed_a_normal_window_serves) {
     WindowSystem granting_nothing;
     FakeUserDefaults defaults;

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QImage>
+#include <QPainter>
 #include <QPointer>
 #include <string>
 
@@ -39,6 +41,22 @@ protected:
     std::string told;
     QPoint dragged;
 };
+
+TEST_F(StripSurfaceTest, painted_in_parts_it_looks_as_painted_at_once) {
+    QImage whole(surface.size(), QImage::Format_ARGB32_Premultiplied);
+    whole.fill(Qt::transparent);
+    QImage parts = whole;
+    surface.render(&whole);
+    const QRegion region = QRegion(0, 0, 40, 24) + QRect(60, 3, 30, 21) + QRect(120, 0, 30, 20);
+    surface.render(&parts, {}, region);
+    QImage expected(surface.size(), QImage::Format_ARGB32_Premultiplied);
+    expected.fill(Qt::transparent);
+    QPainter painter(&expected);
+    painter.setClipRegion(region);
+    painter.drawImage(0, 0, whole);
+    painter.end();
+    EXPECT_EQ(parts, expected);
+}
 
 TEST_F(StripSurfaceTest, a_click_counts_when_the_button_is_let_go) {
     press(surface, middle());

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace vtx::bench {
+
+/// Stores, for a program that is started next with that folder of settings, that the strip shows
+/// all of its tiles.
+void storeEveryTile(const std::filesystem::path& configFolder);
+
+/// The tiles for which this machine has no figure, as words. Takes two seconds.
+[[nodiscard]] std::vector<std::string> tilesWithoutSource();
+
+}  // namespace vtx::bench
