@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pictures/PictureTable.h"
 
+#include "pictures/SettingsPictures.h"
 #include "pictures/StripPictures.h"
 
 namespace vtx {
@@ -17,6 +18,8 @@ const PictureRow rows[] = {
     {"tray", "usual", {}, stripPictures::trayUsual},
     {"tray", "widest", {}, stripPictures::trayWidest},
     {"tray", "level", {}, stripPictures::trayLevel},
+    {"settings", "narrow", {}, settingsPictures::narrow},
+    {"settings", "wide", {}, settingsPictures::wide},
 };
 
 }  // namespace

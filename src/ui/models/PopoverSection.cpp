@@ -32,6 +32,8 @@ const SectionDescription& describe(PopoverSection section) {
     return *std::ranges::find(sections, section, &SectionDescription::section);
 }
 
-std::vector<PopoverSection> visibleSections() { return {PopoverSection::overview}; }
+std::vector<PopoverSection> visibleSections() {
+    return {PopoverSection::overview, PopoverSection::settings};
+}
 
 }  // namespace vtx

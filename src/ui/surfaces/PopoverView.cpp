@@ -10,6 +10,7 @@
 #include "ui/kit/SectionBar.h"
 #include "ui/surfaces/OverviewTab.h"
 #include "ui/surfaces/QtText.h"
+#include "ui/surfaces/SettingsTab.h"
 
 namespace vtx {
 namespace {
@@ -81,7 +82,8 @@ void PopoverView::selectById(const QString& id) {
     if (found != sections.end() && *found != selectedSection_) select(*found);
 }
 
-QWidget* PopoverView::makePage(PopoverSection /*section: the overview is the only page*/) {
+QWidget* PopoverView::makePage(PopoverSection section) {
+    if (section == PopoverSection::settings) return new SettingsTab(coordinator_);
     return new OverviewTab(coordinator_);
 }
 
