@@ -90,9 +90,13 @@ AccessiblePart CardTitle::part(int index) const {
 }
 
 QRect CardTitle::partRect(int index) const {
-    const int end = std::min(endWidth(), width() / 2);
-    const QRect title(0, 0, width() - end, height());
-    return mirrored(index == 0 ? title : QRect(width() - end, 0, end, height()));
+    // The end has half of the line, and what the title leaves of the other half.
+    const auto title =
+        static_cast<int>(std::ceil(textWidth(content_.title, TextRole::sectionHead)));
+    const int left = width() - symbolRoom() - title - metrics::labelToValue;
+    const int end = std::min(endWidth(), std::max(width() / 2, left));
+    const QRect start(0, 0, width() - end, height());
+    return mirrored(index == 0 ? start : QRect(width() - end, 0, end, height()));
 }
 
 void CardTitle::paintEvent(QPaintEvent*) {

@@ -63,7 +63,7 @@ void MetricRows::paintRow(QPainter& painter, int index) const {
     const QRect line = partRect(index);
     const QRect symbol(line.left(), line.top(), metrics::metricSymbolWidth, line.height());
     symbols::draw(painter, mirrored(symbol), row.symbol, metrics::metricSymbol,
-                  color(ColorToken::text2));
+                  row.symbolColor.resolved());
 
     const bool leftToRight = layoutDirection() == Qt::LeftToRight;
     const Qt::Alignment start = leftToRight ? Qt::AlignLeft : Qt::AlignRight;

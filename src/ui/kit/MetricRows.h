@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ui/kit/KitWidget.h"
+#include "ui/kit/SeriesColor.h"
 
 namespace vtx {
 
@@ -15,6 +16,7 @@ struct MetricRow {
     /// As it is shown, with its unit; the dash where it is not known.
     QString value;
     ColorToken tint = ColorToken::text1;
+    SeriesColor symbolColor = ColorToken::text2;
 
     bool operator==(const MetricRow&) const = default;
 };

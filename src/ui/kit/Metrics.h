@@ -12,6 +12,14 @@ inline constexpr int cardGap = 8;
 inline constexpr int cardPadding = 14;
 inline constexpr int symbolToTitle = 7;
 inline constexpr int titleToRows = 6;
+inline constexpr int titleToTile = 10;
+/// Rows of keys and values have more air of their own.
+inline constexpr int titleToKeyValues = 4;
+/// Between the edge of a card and rows.
+inline constexpr int cardRowsInset = 8;
+inline constexpr int figureToBar = 8;
+inline constexpr int barToTitle = 12;
+inline constexpr int collectingPadding = 32;
 
 inline constexpr int radiusWindow = 12;
 inline constexpr int radiusGroup = 10;

@@ -4,6 +4,9 @@
 #include <algorithm>
 #include <array>
 
+#include "core/DisplayPreferences.h"
+#include "telemetry/SystemInfo.h"
+
 namespace vtx {
 namespace {
 
@@ -26,14 +29,41 @@ constexpr std::array sections{
     SectionDescription{PopoverSection::settings, "settings", "gearshape", Key::section_settings},
 };
 
+bool hasPage(PopoverSection section) {
+    return section != PopoverSection::processes;
+}
+
+bool isOffered(PopoverSection section, const SystemInfo& machine,
+               const DisplayPreferences& preferences) {
+    switch (section) {
+        case PopoverSection::gpu:
+            return machine.hasGPU;
+        case PopoverSection::battery:
+            return machine.hasBattery;
+        case PopoverSection::disk:
+            return preferences.showDiskIO;
+        case PopoverSection::fan:
+            return preferences.showFan;
+        case PopoverSection::ane:
+            return false;  // nothing tells its load, whatever `showANE` says
+        default:
+            return true;
+    }
+}
+
 }  // namespace
 
 const SectionDescription& describe(PopoverSection section) {
     return *std::ranges::find(sections, section, &SectionDescription::section);
 }
 
-std::vector<PopoverSection> visibleSections() {
-    return {PopoverSection::overview, PopoverSection::settings};
+std::vector<PopoverSection> visibleSections(const SystemInfo& machine,
+                                            const DisplayPreferences& preferences) {
+    std::vector<PopoverSection> visible;
+    for (const SectionDescription& said : sections)
+        if (hasPage(said.section) && isOffered(said.section, machine, preferences))
+            visible.push_back(said.section);
+    return visible;
 }
 
 }  // namespace vtx

@@ -8,6 +8,9 @@
 
 namespace vtx {
 
+struct DisplayPreferences;
+struct SystemInfo;
+
 /// The pages of the popover and the dashboard, in the order of the section bar.
 enum class PopoverSection {
     overview,
@@ -34,7 +37,9 @@ struct SectionDescription {
 
 const SectionDescription& describe(PopoverSection section);
 
-/// The sections that the bar offers, in its order, of those that have a page.
-std::vector<PopoverSection> visibleSections();
+/// The sections that the bar offers, in its order, of those that have a page: graphics and battery
+/// where the machine has them, disks and fans where the user shows them.
+[[nodiscard]] std::vector<PopoverSection> visibleSections(const SystemInfo& machine,
+                                                          const DisplayPreferences& preferences);
 
 }  // namespace vtx

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/surfaces/PopoverView.h"
 
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -8,9 +9,18 @@
 #include "language/Localization.h"
 #include "ui/kit/ScrollArea.h"
 #include "ui/kit/SectionBar.h"
+#include "ui/surfaces/ANESection.h"
+#include "ui/surfaces/BatterySection.h"
+#include "ui/surfaces/CPUSection.h"
+#include "ui/surfaces/DiskSection.h"
+#include "ui/surfaces/FanSection.h"
+#include "ui/surfaces/GPUSection.h"
+#include "ui/surfaces/MemorySection.h"
+#include "ui/surfaces/NetworkSection.h"
 #include "ui/surfaces/OverviewTab.h"
 #include "ui/surfaces/QtText.h"
 #include "ui/surfaces/SettingsTab.h"
+#include "ui/surfaces/SystemInfoSection.h"
 
 namespace vtx {
 namespace {
@@ -36,18 +46,19 @@ PopoverView::PopoverView(MetricsCoordinator& coordinator, SurfaceKind surfaceKin
     layout->setSpacing(0);
     layout->addWidget(bar_);
     layout->addWidget(page_, 1);
-    nameSections();
     if (surfaceKind_ == SurfaceKind::popover && onDetachRequested_)
         bar_->setAction(SectionItem{detachSymbol, detachSymbol, QString::fromUtf8(detachLabel)});
     connect(bar_, &SectionBar::selected, this, &PopoverView::selectById);
     connect(bar_, &SectionBar::triggered, this, [this] { onDetachRequested_(selectedSection_); });
     select(section);
+    offerSections();
 }
 
 void PopoverView::select(PopoverSection section) {
-    selectedSection_ = section;
-    bar_->setCurrent(qt(describe(section).rawValue));
-    page_->setContents(makePage(section));
+    selectedSection_ = isOffered(section) ? section : PopoverSection::overview;
+    bar_->setCurrent(qt(describe(selectedSection_).rawValue));
+    page_->setContents(makePage(selectedSection_));
+    page_->verticalScrollBar()->setValue(0);
 }
 
 void PopoverView::paintEvent(QPaintEvent* event) {
@@ -57,34 +68,68 @@ void PopoverView::paintEvent(QPaintEvent* event) {
 
 void PopoverView::showEvent(QShowEvent* event) {
     Surface::showEvent(event);
-    language_ = Localization::shared().effective.subscribe([this](const auto&) { nameSections(); });
+    const auto offer = [this](const auto&) { offerSections(); };
+    subscriptions_.push_back(Localization::shared().effective.subscribe(offer));
+    subscriptions_.push_back(coordinator_.preferences.subscribe(offer));
+    subscriptions_.push_back(coordinator_.systemInfo.info.subscribe(offer));
 }
 
 void PopoverView::hideEvent(QHideEvent* event) {
-    language_.cancel();
+    subscriptions_.clear();
     Surface::hideEvent(event);
 }
 
-void PopoverView::nameSections() {
+std::vector<PopoverSection> PopoverView::offered() const {
+    return visibleSections(*coordinator_.systemInfo.info, *coordinator_.preferences);
+}
+
+bool PopoverView::isOffered(PopoverSection section) const {
+    return std::ranges::count(offered(), section) != 0;
+}
+
+void PopoverView::offerSections() {
     std::vector<SectionItem> items;
-    for (const PopoverSection section : visibleSections()) {
+    for (const PopoverSection section : offered()) {
         const SectionDescription& said = describe(section);
         items.push_back(
             {qt(said.rawValue), qt(said.symbol), qt(Localization::shared().string(said.title))});
     }
     bar_->setItems(std::move(items));
+    if (!isOffered(selectedSection_)) select(PopoverSection::overview);
 }
 
 void PopoverView::selectById(const QString& id) {
-    const auto sections = visibleSections();
+    const auto sections = offered();
     const auto found = std::ranges::find_if(
         sections, [&id](PopoverSection section) { return qt(describe(section).rawValue) == id; });
     if (found != sections.end() && *found != selectedSection_) select(*found);
 }
 
 QWidget* PopoverView::makePage(PopoverSection section) {
-    if (section == PopoverSection::settings) return new SettingsTab(coordinator_);
-    return new OverviewTab(coordinator_);
+    switch (section) {
+        case PopoverSection::cpu:
+            return new CPUSection(coordinator_);
+        case PopoverSection::gpu:
+            return new GPUSection(coordinator_);
+        case PopoverSection::memory:
+            return new MemorySection(coordinator_);
+        case PopoverSection::disk:
+            return new DiskSection(coordinator_);
+        case PopoverSection::fan:
+            return new FanSection(coordinator_);
+        case PopoverSection::ane:
+            return new ANESection(coordinator_);
+        case PopoverSection::network:
+            return new NetworkSection(coordinator_);
+        case PopoverSection::battery:
+            return new BatterySection(coordinator_);
+        case PopoverSection::system:
+            return new SystemInfoSection(coordinator_);
+        case PopoverSection::settings:
+            return new SettingsTab(coordinator_);
+        default:
+            return new OverviewTab(coordinator_);
+    }
 }
 
 }  // namespace vtx

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "base/Subscription.h"
 #include "ui/kit/Surface.h"
@@ -14,6 +15,7 @@ class ScrollArea;
 class SectionBar;
 
 /// The bar of sections over the page of the selected one: what the popover and the dashboard show.
+/// A section that is not offered, or no longer, gives way to the overview.
 class PopoverView final : public Surface {
     Q_OBJECT
 
@@ -33,8 +35,10 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    /// Names the sections in the language in force.
-    void nameSections();
+    /// Offers the sections that there are now, in the language in force.
+    void offerSections();
+    [[nodiscard]] std::vector<PopoverSection> offered() const;
+    [[nodiscard]] bool isOffered(PopoverSection section) const;
     void selectById(const QString& id);
     [[nodiscard]] QWidget* makePage(PopoverSection section);
 
@@ -44,7 +48,7 @@ private:
     PopoverSection selectedSection_;
     SectionBar* bar_;
     ScrollArea* page_;
-    Subscription language_;
+    Subscriptions subscriptions_;
 };
 
 }  // namespace vtx

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/surfaces/SettingsColorRow.h"
 
-#include <array>
 #include <memory>
 #include <string>
 
@@ -9,21 +8,12 @@
 #include "ui/kit/ColorWell.h"
 #include "ui/kit/FormRow.h"
 #include "ui/kit/SeriesColor.h"
+#include "ui/surfaces/ChartContent.h"
 #include "ui/surfaces/QtText.h"
 #include "ui/surfaces/SettingsSink.h"
 
 namespace vtx {
 namespace {
-
-// In the order of the roles.
-constexpr std::array roleTokens{ColorToken::cpu,    ColorToken::pCore,  ColorToken::eCore,
-                                ColorToken::gpu,    ColorToken::memory, ColorToken::cyan,
-                                ColorToken::orange, ColorToken::yellow, ColorToken::accent};
-
-SeriesColor colorOf(const SeriesTint& tint) {
-    if (tint.own) return QColor(tint.own->red, tint.own->green, tint.own->blue);
-    return roleTokens.at(static_cast<std::size_t>(tint.role));
-}
 
 /// A colour that cannot be told in red, green and blue counts as grey.
 std::string hexOf(const QColor& color) {
@@ -54,12 +44,12 @@ std::function<void(const SettingsRow&)> fillColorRow(FormRow& form, const Settin
                      [&sink, id](const QColor& color) { sink.recolor(id, hexOf(color)); });
     QObject::connect(well, &ColorWell::givenUp, &form,
                      [&sink, id, before] { sink.recolor(id, *before); });
-    const auto shown = std::make_shared<SeriesColor>(colorOf(row.color));
+    const auto shown = std::make_shared<SeriesColor>(seriesColor(row.color));
     // The theme's own colour is another one in the other appearance.
     QObject::connect(&Theme::current(), &Theme::changed, well,
                      [well, shown] { well->setColor(shown->resolved()); });
     return [&form, reset, well, shown](const SettingsRow& next) {
-        *shown = colorOf(next.color);
+        *shown = seriesColor(next.color);
         well->setColor(shown->resolved());
         if (reset->isVisibleTo(&form) == next.canReset) return;
         // The keyboard's focus would go to the next row with the button.

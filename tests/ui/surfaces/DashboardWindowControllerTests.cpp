@@ -74,6 +74,18 @@ TEST_F(DashboardTest, closing_drops_the_content_and_keeps_the_window) {
     EXPECT_EQ(told, (std::vector{true, false, true}));
 }
 
+TEST_F(DashboardTest, closed_it_follows_nothing_whatever_section_it_showed) {
+    bench.offerEverySection();
+    const auto dashboard = make();
+    for (const PopoverSection section : test::everySection) {
+        dashboard->show(section);
+        test::settle();
+        EXPECT_TRUE(bench.isAnythingFollowed());
+        dashboard->window()->close();
+        EXPECT_FALSE(bench.isAnythingFollowed()) << describe(section).rawValue;
+    }
+}
+
 TEST_F(DashboardTest, reopening_starts_at_the_section_asked_for) {
     const auto dashboard = shown();
     dashboard->window()->close();

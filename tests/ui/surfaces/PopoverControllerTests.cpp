@@ -6,6 +6,7 @@
 #include "ShellFakes.h"
 #include "SurfaceBench.h"
 #include "ui/shell/StripStatusItem.h"
+#include "ui/surfaces/PopoverView.h"
 
 namespace vtx {
 namespace {
@@ -35,14 +36,17 @@ TEST_F(PopoverControllerTest, opening_and_closing_are_told_once_each) {
     EXPECT_EQ(told, "oc");
 }
 
-TEST_F(PopoverControllerTest, closed_it_follows_no_reading) {
-    EXPECT_FALSE(bench.isCPUFollowed());
-    for (int round = 0; round < 2; ++round) {
+TEST_F(PopoverControllerTest, closed_it_follows_nothing_whatever_section_it_shows) {
+    bench.offerEverySection();
+    EXPECT_FALSE(bench.isAnythingFollowed());
+    auto& view = *popover.window().findChild<PopoverView*>();
+    for (const PopoverSection section : test::everySection) {
         popover.show();
+        view.select(section);
         test::settle();
-        EXPECT_TRUE(bench.isCPUFollowed());
+        EXPECT_TRUE(bench.isAnythingFollowed());
         popover.close();
-        EXPECT_FALSE(bench.isCPUFollowed());
+        EXPECT_FALSE(bench.isAnythingFollowed()) << describe(section).rawValue;
     }
 }
 

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QScrollArea>
+#include <QScrollBar>
 #include <vector>
 
 #include "SurfaceBench.h"
@@ -58,24 +60,110 @@ TEST_F(PopoverViewTest, each_section_is_a_tab_with_its_name) {
 TEST_F(PopoverViewTest, arrows_reach_the_detach_button_and_return_presses_it) {
     const auto popover = make(Kind::popover);
     SectionBar& bar = barOf(*popover);
-    for (int i = 1; i < bar.partCount(); ++i) test::press(bar, Qt::Key_Right);
-    EXPECT_EQ(bar.focusedPart(), bar.partCount() - 1);
+    const int last = bar.partCount() - 1;
+    test::press(bar, Qt::Key_End);
+    EXPECT_EQ(bar.focusedPart(), last);
     EXPECT_TRUE(detached.empty()) << "the focus alone does nothing";
     test::press(bar, Qt::Key_Return);
     EXPECT_EQ(detached.size(), 1U);
     test::press(bar, Qt::Key_Home);
     EXPECT_EQ(bar.focusedPart(), 0);
+    test::press(bar, Qt::Key_Right);
+    test::press(bar, Qt::Key_Space);
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::cpu);
 }
 
 TEST_F(PopoverViewTest, digits_select_sections_and_never_the_detach_button) {
+    bench.offerEverySection();
     const auto popover = make(Kind::popover);
-    test::press(barOf(*popover), Qt::Key_1);
-    EXPECT_EQ(popover->selectedSection(), PopoverSection::overview);
-    test::press(barOf(*popover), Qt::Key_2);
-    EXPECT_EQ(popover->selectedSection(), PopoverSection::settings);
-    test::press(barOf(*popover), Qt::Key_3);
+    int key = Qt::Key_1;
+    for (const PopoverSection section : test::everySection) {
+        if (key > Qt::Key_9) break;
+        test::press(barOf(*popover), key++);
+        EXPECT_EQ(popover->selectedSection(), section);
+    }
+    bench.change([](auto& preferences) { preferences.showFan = preferences.showDiskIO = false; });
+    test::press(barOf(*popover), Qt::Key_8);
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::settings) << "8 sections are left";
+    test::press(barOf(*popover), Qt::Key_9);
     EXPECT_EQ(popover->selectedSection(), PopoverSection::settings);
     EXPECT_TRUE(detached.empty());
+}
+
+TEST_F(PopoverViewTest, offers_what_the_machine_has_and_the_user_shows) {
+    const auto popover = make(Kind::popover);
+    EXPECT_EQ(test::spokenAs(*popover, "Disk"), nullptr);
+    bench.offerEverySection();
+    EXPECT_NE(test::spokenAs(*popover, "Disk"), nullptr);
+    EXPECT_NE(test::spokenAs(*popover, "Battery"), nullptr);
+    bench.tellMachine([](SystemInfo& machine) { machine.hasBattery = false; });
+    EXPECT_EQ(test::spokenAs(barOf(*popover), "Battery"), nullptr);
+}
+
+TEST_F(PopoverViewTest, a_section_that_is_no_longer_offered_gives_way_to_the_overview) {
+    bench.offerEverySection();
+    const auto popover = make(Kind::popover);
+    popover->select(PopoverSection::fan);
+    bench.change([](auto& preferences) { preferences.showDiskIO = false; });
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::fan);
+    bench.change([](auto& preferences) { preferences.showFan = false; });
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::overview);
+    EXPECT_EQ(barOf(*popover).current(), "overview");
+    EXPECT_NE(test::spokenAs(*popover, "Now"), nullptr);
+}
+
+TEST_F(PopoverViewTest, what_changed_while_it_was_hidden_is_seen_when_it_is_shown) {
+    bench.offerEverySection();
+    const auto popover = make(Kind::popover);
+    popover->select(PopoverSection::disk);
+    popover->hide();
+    bench.change([](auto& preferences) { preferences.showDiskIO = false; });
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::disk);
+    test::show(*popover);
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::overview);
+}
+
+TEST_F(PopoverViewTest, a_section_that_is_not_offered_is_not_selected) {
+    const auto popover = make(Kind::popover);
+    popover->select(PopoverSection::ane);
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::overview);
+}
+
+TEST_F(PopoverViewTest, names_its_sections_in_the_language_in_force) {
+    const auto popover = make(Kind::popover);
+    Localization::shared().setPreference(Language::de);
+    EXPECT_NE(test::spokenAs(*popover, "Netzwerk"), nullptr);
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::overview);
+}
+
+TEST_F(PopoverViewTest, a_new_section_begins_at_its_top) {
+    const auto popover = make(Kind::popover);
+    popover->resize(360, 300);
+    popover->select(PopoverSection::system);
+    test::settle();
+    QScrollBar& bar = *popover->findChild<QScrollArea*>()->verticalScrollBar();
+    bar.setValue(bar.maximum());
+    ASSERT_GT(bar.value(), 0);
+    popover->select(PopoverSection::battery);
+    test::settle();
+    EXPECT_EQ(bar.value(), 0);
+}
+
+TEST_F(PopoverViewTest, hidden_no_section_follows_anything_and_none_is_painted) {
+    bench.offerEverySection();
+    const auto popover = make(Kind::popover);
+    for (const PopoverSection section : test::everySection) {
+        popover->select(section);
+        test::settle();
+        EXPECT_TRUE(bench.isAnythingFollowed());
+        popover->hide();
+        EXPECT_FALSE(bench.isAnythingFollowed()) << describe(section).rawValue;
+        test::PaintRecorder recorder(*popover->findChild<QScrollArea*>()->widget());
+        bench.readEverything();
+        test::settle();
+        EXPECT_TRUE(recorder.painted.empty()) << describe(section).rawValue;
+        test::show(*popover);
+    }
 }
 
 TEST_F(PopoverViewTest, hidden_it_follows_nothing) {

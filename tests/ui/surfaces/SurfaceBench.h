@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QAccessible>
+#include <functional>
 
 #include "support/CoordinatorBench.h"
+#include "ui/models/PopoverSection.h"
 #include "ui/support/Shown.h"
 
 namespace vtx::test {
@@ -18,8 +20,49 @@ public:
         stats.pCoreUsage = total;
         coordinator.cpu.latest = stats;
     }
+    /// One reading of everything that the sections show.
+    void readEverything() {
+        readCPU(0.5);
+        coordinator.gpu.latest = GPUStats{};
+        coordinator.memory.latest = MemoryStats{};
+        coordinator.network.latest = NetworkReading{};
+        coordinator.diskIO.latest = DiskIOReading{};
+        coordinator.fan.latest = FanStats{};
+        coordinator.battery.refresh(31.0, false);
+        coordinator.appendHistory({});
+    }
     [[nodiscard]] bool isCPUFollowed() const { return coordinator.cpu.latest.hasSubscribers(); }
+    /// Whether anything follows any reading, any history, the machine's description or the
+    /// language.
+    [[nodiscard]] bool isAnythingFollowed() const {
+        const MetricsCoordinator& c = coordinator;
+        const auto isFollowed = [](const auto&... values) {
+            return (values.hasSubscribers() || ...);
+        };
+        return isFollowed(c.cpu.latest, c.gpu.latest, c.gpu.isAvailable, c.memory.latest,
+                          c.thermal.latest, c.temperature.latest, c.network.latest,
+                          c.battery.latest, c.processes.processes, c.systemInfo.info,
+                          c.diskIO.latest, c.fan.latest, c.ane.latest, c.cpuHistory, c.pCoreHistory,
+                          c.eCoreHistory, c.gpuHistory, c.memoryHistory, c.diskReadHistory,
+                          c.diskWriteHistory, c.aneHistory, Localization::shared().effective);
+    }
+    /// Has every section offered that the machine has.
+    void offerEverySection() {
+        change([](auto& preferences) { preferences.showDiskIO = preferences.showFan = true; });
+    }
+    void tellMachine(const std::function<void(SystemInfo&)>& edit) {
+        SystemInfo machine = *coordinator.systemInfo.info;
+        edit(machine);
+        coordinator.systemInfo.info = machine;
+    }
 };
+
+/// Every section that the popover offers on a laptop with all of them shown.
+inline constexpr PopoverSection everySection[] = {
+    PopoverSection::overview, PopoverSection::cpu,     PopoverSection::gpu,
+    PopoverSection::memory,   PopoverSection::disk,    PopoverSection::fan,
+    PopoverSection::network,  PopoverSection::battery, PopoverSection::system,
+    PopoverSection::settings};
 
 /// What a screen reader says of the element itself.
 inline QString spokenName(QAccessibleInterface& element) { return element.text(QAccessible::Name); }

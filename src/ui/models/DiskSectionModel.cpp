@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "ui/models/DiskSectionModel.h"
+
+#include "ui/models/Formatters.h"
+#include "ui/models/SectionFormatters.h"
+#include "ui/models/SectionText.h"
+
+namespace vtx {
+namespace {
+
+using Key = L10n::Key;
+
+VolumeRowModel rowOf(const DiskIOSnapshot& volume, const Localization& texts) {
+    return {"internaldrive",
+            volume.name,
+            volume.bsdDevice.value_or(std::string(emptyMark)),
+            {text(texts, Key::disk_read), formatDiskBytes(volume.bytesRead)},
+            {text(texts, Key::disk_write), formatDiskBytes(volume.bytesWritten)}};
+}
+
+}  // namespace
+
+DiskSectionModel describeDiskSection(const DiskSectionReadings& readings,
+                                     const DisplayPreferences& preferences,
+                                     const Localization& texts) {
+    static const DiskIOReading nothing;
+    const DiskIOReading& reading = readings.reading ? *readings.reading : nothing;
+    DiskSectionModel model;
+    // The rates stand at 0 until two readings were taken; the operations say that none were.
+    model.summary = {{"arrow.down.circle", text(texts, Key::disk_read),
+                      formatThroughput(reading.bytesReadPerSecond.value_or(0.0)), Hue::cyan, "",
+                      formatIOPS(reading.readIOPS)},
+                     {"arrow.up.circle", text(texts, Key::disk_write),
+                      formatThroughput(reading.bytesWrittenPerSecond.value_or(0.0)), Hue::orange,
+                      "", formatIOPS(reading.writeIOPS)}};
+    model.volumesTitle = text(texts, Key::disk_volumes);
+    for (const DiskIOSnapshot& volume : reading.volumes)
+        model.volumes.push_back(rowOf(volume, texts));
+    if (preferences.graphsDisk)
+        model.chart = describeDiskChart(readings.read, readings.write, preferences);
+    return model;
+}
+
+}  // namespace vtx
