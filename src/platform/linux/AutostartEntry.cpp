@@ -34,6 +34,20 @@ std::optional<std::string_view> valueIn(std::string_view line, std::string_view 
     return trimmed(line.substr(equals + 1));
 }
 
+/// A value of the file as the text that it stands for.
+std::string unescaped(std::string_view value) {
+    std::string text;
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        if (value[i] != '\\' || i + 1 == value.size()) {
+            text += value[i];
+            continue;
+        }
+        const char next = value[++i];
+        text += next == 'n' ? '\n' : next == 't' ? '\t' : next == 's' ? ' ' : next;
+    }
+    return text;
+}
+
 bool isTrue(const std::optional<std::string>& value) { return value == "true" || value == "1"; }
 
 }  // namespace
@@ -110,21 +124,19 @@ bool isEnabled(std::string_view text) {
            value(text, "X-GNOME-Autostart-enabled") != "false";
 }
 
-std::string programOf(std::string_view command) {
+std::string programOf(std::string_view value) {
+    const std::string command = unescaped(value);
     std::string program;
     bool isQuoted = false;
     for (std::size_t i = 0; i < command.size(); ++i) {
         const char c = command[i];
+        const bool hasNext = i + 1 < command.size();
         if (c == '"') {
             isQuoted = !isQuoted;
         } else if (c == ' ' && !isQuoted) {
             break;
-        } else if (c == '\\' && i + 1 < command.size()) {
-            // Escaped for the file and, within quotes, for the command line as well.
-            while (i + 1 < command.size() && command[i + 1] == '\\') ++i;
-            if (i + 1 < command.size()) program += command[++i];
-        } else if (c == '%' && i + 1 < command.size() && command[i + 1] == '%') {
-            program += command[i++];
+        } else if ((c == '\\' && hasNext) || (c == '%' && hasNext && command[i + 1] == '%')) {
+            program += command[++i];
         } else {
             program += c;
         }

@@ -58,10 +58,15 @@ FormGroup::FormGroup(QWidget* parent)
     setSizePolicy(policy);
 }
 
+// Rows whose height is always the same do not ask for the width.
+int FormGroup::groundHeight(int width) const {
+    return ground_->hasHeightForWidth() ? ground_->heightForWidth(width)
+                                        : ground_->sizeHint().height();
+}
+
 int FormGroup::heightForWidth(int width) const {
     const int foot = footer_->heightForWidth(width - 2 * inset);
-    return groundTop + ground_->heightForWidth(width) +
-           (foot > 0 ? metrics::formFooterGap + foot : 0);
+    return groundTop + groundHeight(width) + (foot > 0 ? metrics::formFooterGap + foot : 0);
 }
 
 QSize FormGroup::sizeHint() const {
@@ -72,7 +77,7 @@ QSize FormGroup::sizeHint() const {
 void FormGroup::place() {
     constexpr int headInset = inset - metrics::sectionHeadInset;
     title_->setGeometry(headInset, 0, width() - 2 * headInset, titleHeight);
-    ground_->setGeometry(0, groundTop, width(), ground_->heightForWidth(width()));
+    ground_->setGeometry(0, groundTop, width(), groundHeight(width()));
     const int inner = width() - 2 * inset;
     footer_->setGeometry(inset, ground_->geometry().bottom() + 1 + metrics::formFooterGap, inner,
                          footer_->heightForWidth(inner));

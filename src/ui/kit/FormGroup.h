@@ -38,6 +38,7 @@ protected:
 
 private:
     void place();
+    [[nodiscard]] int groundHeight(int width) const;
 
     SectionHead* title_;
     QWidget* ground_;

@@ -22,7 +22,7 @@ constexpr int inset = metrics::formInset;
 constexpr int reach = metrics::focusReach;
 constexpr TextRole labelRole = TextRole::body;
 constexpr TextRole valueRole = TextRole::body;
-constexpr TextRole sliderRole = TextRole::rowValue;
+constexpr TextRole sliderRole = TextRole::keyValue;
 
 int heightOf(const QWidget& widget, int width) {
     return widget.hasHeightForWidth() ? widget.heightForWidth(width) : widget.sizeHint().height();

@@ -2,6 +2,7 @@
 #include "ui/surfaces/HistoryExport.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QStandardPaths>
 
@@ -14,6 +15,7 @@ namespace {
 constexpr auto suggestedName = "Vantrix-History.csv";
 // The platform's own alert would be in the platform's language.
 constexpr auto failureTitle = "The file couldn't be saved";
+constexpr auto notAFile = "This is not a file";
 
 void save(MetricsCoordinator& coordinator, const QString& file, QWidget& parent) {
     const auto error = write(file, coordinator.exportHistoryCSV());
@@ -39,6 +41,10 @@ QFileDialog* ask(MetricsCoordinator& coordinator, QWidget& parent) {
 }
 
 std::optional<QString> write(const QString& file, std::string_view text) {
+    // Taking the name of a device or a pipe would put a file in its place.
+    const QFileInfo there(file);
+    if (there.exists() && !there.isFile())
+        return QStringLiteral("%1: %2").arg(file, QString::fromUtf8(notAFile));
     QSaveFile target(file);
     const auto size = static_cast<qint64>(text.size());
     const bool written = target.open(QIODevice::WriteOnly) &&

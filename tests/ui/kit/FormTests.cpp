@@ -12,6 +12,7 @@
 #include "ui/kit/SegmentedControl.h"
 #include "ui/kit/Slider.h"
 #include "ui/kit/Switch.h"
+#include "ui/kit/TileList.h"
 #include "ui/support/FixedTheme.h"
 #include "ui/support/Shown.h"
 
@@ -93,6 +94,15 @@ TEST(FormNote, emphasis_is_seen_and_not_spoken) {
     EXPECT_EQ(note.heightForWidth(100), 0);
     note.setText(text("unended **emphasis"));
     EXPECT_EQ(note.accessibleName(), text("unended emphasis"));
+}
+
+TEST(FormGroup, a_row_whose_height_is_always_the_same_has_it) {
+    FormGroup group;
+    auto* list = new TileList;
+    list->setTiles({{text("cpu"), text("CPU"), {}, true, {}, {}},
+                    {text("gpu"), text("GPU"), {}, true, {}, {}}});
+    group.addRow(list);
+    EXPECT_EQ(group.heightForWidth(336), 18 + 6 + 2 * 34);
 }
 
 TEST(FormGroup, a_footer_takes_room_only_where_there_is_one) {

@@ -2,10 +2,14 @@
 #include "ui/surfaces/HistoryExport.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QTemporaryDir>
+#include <csignal>
 
 #include "ui/surfaces/AlertPanel.h"
 #include "ui/surfaces/SurfaceBench.h"
@@ -36,9 +40,45 @@ TEST(HistoryExport, a_place_that_takes_no_file_is_told_in_words) {
     EXPECT_TRUE(historyExport::write(folder.path(), "text"));
 }
 
+/// No file of this process may become longer, for as long as it lives: a disk that is full.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{bytes, before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() {
+        ::setrlimit(RLIMIT_FSIZE, &before_);
+        ::signal(SIGXFSZ, SIG_DFL);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit before_{};
+};
+
 TEST(HistoryExport, a_full_disk_is_told_and_leaves_what_was_there) {
-    if (!QFile::exists("/dev/full")) GTEST_SKIP() << "no full device here";
-    EXPECT_TRUE(historyExport::write("/dev/full", std::string(1 << 20, 'x')));
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("a.csv");
+    ASSERT_EQ(historyExport::write(file, "first\n"), std::nullopt);
+    {
+        const FullDisk full(4096);
+        EXPECT_TRUE(historyExport::write(file, std::string(1 << 20, 'x')));
+    }
+    EXPECT_EQ(contentsOf(file), "first\n");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
+TEST(HistoryExport, what_is_no_file_is_not_replaced) {
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath("pipe");
+    ASSERT_EQ(::mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+    EXPECT_TRUE(historyExport::write(pipe, "text"));
+    EXPECT_EQ(QFileInfo(pipe).isFile(), false);
+    EXPECT_TRUE(QFileInfo::exists(pipe));
 }
 
 TEST(HistoryExport, the_dialog_suggests_a_name_and_a_choice_is_written) {

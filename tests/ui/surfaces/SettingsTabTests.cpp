@@ -15,6 +15,7 @@
 #include "ui/kit/SegmentedControl.h"
 #include "ui/kit/Slider.h"
 #include "ui/kit/Switch.h"
+#include "ui/kit/Theme.h"
 #include "ui/kit/TileList.h"
 #include "ui/surfaces/AlertPanel.h"
 #include "ui/surfaces/SurfaceBench.h"
@@ -251,10 +252,11 @@ TEST_F(SettingsTabTest, the_keyboard_reaches_every_control_from_top_to_bottom_an
         EXPECT_GE(row + 20, last) << stop->accessibleName().toStdString();
         last = row;
     }
-    for (auto* control : tab->findChildren<KitWidget*>())
-        if (control->isVisible() && control->isEnabled() && control->focusPolicy() != Qt::NoFocus)
-            EXPECT_TRUE(std::ranges::count(stops, control) == 1)
-                << control->accessibleName().toStdString();
+    for (auto* control : tab->findChildren<KitWidget*>()) {
+        if (!control->isVisible() || !control->isEnabled()) continue;
+        if (control->focusPolicy() == Qt::NoFocus) continue;
+        EXPECT_EQ(std::ranges::count(stops, control), 1) << control->accessibleName().toStdString();
+    }
 }
 
 TEST_F(SettingsTabTest, every_control_has_a_name_and_a_role) {
