@@ -8,6 +8,8 @@
 #include "memory/MemoryMonitor.h"
 #include "memory/MemoryPressureService.h"
 #include "platform/Ports.h"
+#include "processes/AppEnergyService.h"
+#include "processes/BackgroundHogDetector.h"
 #include "processes/ProcessManager.h"
 #include "smc/TemperatureService.h"
 #include "telemetry/ANEMonitor.h"
@@ -39,7 +41,9 @@ struct Services {
           systemInfo(ports),
           diskIO(ports.ioRegistry, ports.clock),
           fan(ports),
-          ane(ports) {}
+          ane(ports),
+          appEnergy(ports.processTable, ports.clock),
+          hogDetector(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
@@ -56,6 +60,8 @@ struct Services {
     DiskIOMonitor diskIO;
     FanMonitor fan;
     ANEMonitor ane;
+    AppEnergyService appEnergy;
+    BackgroundHogDetector hogDetector;
 };
 
 }  // namespace vtx
