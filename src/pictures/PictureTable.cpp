@@ -4,6 +4,7 @@
 #include "pictures/FirstRunPictures.h"
 #include "pictures/MiniWidgetPictures.h"
 #include "pictures/ProcessPictures.h"
+#include "pictures/SettingsPictures.h"
 #include "pictures/StripPictures.h"
 #include "ui/kit/Metrics.h"
 
@@ -37,6 +38,8 @@ const PictureRow rows[] = {
     {"widget", "widest", {}, miniWidgetPictures::widest},
     {"widget", "level", {}, miniWidgetPictures::level},
     {"picker", "asked", {}, firstRunPictures::asked},
+    {"settings", "narrow", {}, settingsPictures::narrow},
+    {"settings", "wide", {}, settingsPictures::wide},
 };
 
 }  // namespace

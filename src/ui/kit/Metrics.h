@@ -243,4 +243,56 @@ inline constexpr int segmentPadding = 9;
 inline constexpr int segmentMs = 140;
 inline constexpr double segmentDisabled = 0.45;
 
+inline constexpr double controlDisabled = 0.4;
+
+inline constexpr int switchWidth = 32;
+inline constexpr int switchHeight = 18;
+inline constexpr int switchInset = 2;
+inline constexpr int switchKnob = 14;
+inline constexpr int switchKnobPressed = 16;
+inline constexpr int switchMs = 140;
+
+inline constexpr int sliderHeight = 24;
+inline constexpr int sliderTrack = 4;
+inline constexpr int sliderKnob = 16;
+inline constexpr int sliderKnobPressed = 18;
+inline constexpr int sliderWidth = 200;
+inline constexpr int sliderLeast = 60;
+
+inline constexpr int menuButtonHeight = 24;
+inline constexpr int menuButtonPadding = 8;
+inline constexpr int menuButtonSymbol = 14;
+inline constexpr int menuButtonChevron = 11;
+inline constexpr int menuButtonLeast = 64;
+
+inline constexpr int colorWellWidth = 36;
+inline constexpr int colorWellHeight = 20;
+
+/// Of the groups that a form is made of.
+inline constexpr int formRowHeight = 36;
+inline constexpr int formInset = 12;
+inline constexpr int formTitleGap = 6;
+inline constexpr int formFooterGap = 5;
+inline constexpr int formGroupGap = 16;
+/// Above and below a row's text that is running text.
+inline constexpr int formNotePadding = 8;
+/// From the row's top to the text or the slider below its label.
+inline constexpr int formSecondLine = 32;
+inline constexpr int formSliderTop = 29;
+inline constexpr int formSliderBottom = 3;
+inline constexpr int formSliderGap = 12;
+/// A label that has less room than this goes above its control.
+inline constexpr int formLabelLeast = 84;
+/// Around a control as wide as the row, beyond the room of its focus ring.
+inline constexpr int formWideRoom = 6;
+
+inline constexpr int tileRowHeight = 34;
+inline constexpr int tileHandle = 14;
+inline constexpr int tileLabelLeft = 32;
+inline constexpr int tileButtonWidth = 22;
+inline constexpr int tileButtonsEnd = 8;
+inline constexpr int tileButtonsGap = 10;
+inline constexpr int tileReorderMs = 180;
+inline constexpr int tileLift = 8;
+
 }  // namespace vtx::metrics

@@ -63,7 +63,7 @@ inline constexpr PopoverSection everySection[] = {
     PopoverSection::overview, PopoverSection::cpu,     PopoverSection::gpu,
     PopoverSection::memory,   PopoverSection::disk,    PopoverSection::fan,
     PopoverSection::network,  PopoverSection::battery, PopoverSection::processes,
-    PopoverSection::system};
+    PopoverSection::system,   PopoverSection::settings};
 
 /// What a screen reader says of the element itself.
 inline QString spokenName(QAccessibleInterface& element) { return element.text(QAccessible::Name); }
