@@ -194,7 +194,6 @@ inline constexpr int pickerTitleGap = 4;
 inline constexpr int pickerCardsGap = 18;
 inline constexpr int pickerFooterGap = 20;
 inline constexpr int pickerButtonLabel = 80;
-inline constexpr int dialogButtonHeight = 28;
 inline constexpr int languageCardGap = 10;
 inline constexpr int languageCardPadding = 12;
 inline constexpr int languageCardMark = 18;
