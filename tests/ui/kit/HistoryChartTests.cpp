@@ -150,25 +150,6 @@ TEST_F(HistoryChartTest, hidden_it_lets_its_points_go_and_draws_them_when_given_
     EXPECT_TRUE(shows(token(ColorToken::cpu), chart.plotRect()));
 }
 
-TEST_F(HistoryChartTest, tells_listeners_only_what_reads_otherwise) {
-    static std::vector<QAccessible::Event> told;
-    give(contentOf(minute()));
-    told.clear();
-    const auto before = QAccessible::installUpdateHandler(
-        [](QAccessibleEvent* event) { told.push_back(event->type()); });
-    auto content = contentOf({{1000, 0.5}});
-    chart.setContent(content);
-    EXPECT_TRUE(told.empty());
-    content.spoken = QStringLiteral("Last 60 s, 30 %");
-    chart.setContent(content);
-    EXPECT_EQ(told, std::vector{QAccessible::DescriptionChanged});
-    content.spokenName = QStringLiteral("CPU");
-    chart.setContent(content);
-    EXPECT_EQ(told.back(), QAccessible::NameChanged);
-    EXPECT_EQ(told.size(), 2U);
-    QAccessible::installUpdateHandler(before);
-}
-
 TEST_F(HistoryChartTest, draws_seven_thousand_points_at_every_scale) {
     std::vector<ChartPoint> points;
     for (int i = 0; i <= 7200; ++i) points.push_back({i * 0.5, (i % 97) / 100.0});
