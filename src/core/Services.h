@@ -3,10 +3,13 @@
 
 #include "alerts/AlertsService.h"
 #include "base/Executors.h"
+#include "core/LoginItemService.h"
 #include "fan/FanMonitor.h"
 #include "memory/MemoryMonitor.h"
 #include "memory/MemoryPressureService.h"
 #include "platform/Ports.h"
+#include "processes/AppEnergyService.h"
+#include "processes/BackgroundHogDetector.h"
 #include "processes/ProcessManager.h"
 #include "smc/TemperatureService.h"
 #include "telemetry/ANEMonitor.h"
@@ -33,11 +36,14 @@ struct Services {
           battery(ports),
           processes(ports, executors),
           memoryPressure(ports, executors),
+          loginItem(ports.appService),
           alerts(ports, executors.main),
           systemInfo(ports),
           diskIO(ports.ioRegistry, ports.clock),
           fan(ports),
-          ane(ports) {}
+          ane(ports),
+          appEnergy(ports.processTable, ports.clock),
+          hogDetector(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
@@ -48,11 +54,14 @@ struct Services {
     BatteryMonitor battery;
     ProcessManager processes;
     MemoryPressureService memoryPressure;
+    LoginItemService loginItem;
     AlertsService alerts;
     SystemInfoService systemInfo;
     DiskIOMonitor diskIO;
     FanMonitor fan;
     ANEMonitor ane;
+    AppEnergyService appEnergy;
+    BackgroundHogDetector hogDetector;
 };
 
 }  // namespace vtx

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,6 +13,7 @@
 #include "base/Job.h"
 #include "platform/Ports.h"
 #include "platform/linux/Environment.h"
+#include "platform/linux/LinuxAppService.h"
 #include "platform/linux/LinuxUserDefaults.h"
 #include "platform/linux/RunLoop.h"
 
@@ -26,9 +30,13 @@ public:
         std::string root = "/";
         /// Where the user's settings are kept; empty keeps them in memory.
         std::filesystem::path configFolder = LinuxUserDefaults::standardFolder();
+        /// Where the desktop looks for what is started at login; empty for nowhere.
+        std::filesystem::path autostartFolder = LinuxAppService::standardFolder();
         /// The message bus; empty for the system's own.
         std::string busAddress;
         Environment environment = processEnvironment();
+        /// Asks the display which process is in front; empty where it does not tell.
+        std::function<std::optional<std::int32_t>()> frontmostProcess = {};
         /// The bus of the user's session, which outlives the platform; null for none.
         SystemBus* session = nullptr;
         /// Where what may block is read; null for a thread of the platform's own.

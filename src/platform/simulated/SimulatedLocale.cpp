@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/simulated/SimulatedLocale.h"
 
+#include <fmt/format.h>
+
 #include "platform/simulated/Operations.h"
 
 namespace vtx {
@@ -21,6 +23,18 @@ std::vector<std::string> SimulatedLocale::preferredLanguages() const {
     return mac_.preferredLanguages;
 }
 
+std::string SimulatedLocale::lowercased(std::string_view text) const {
+    std::string small;
+    for (const char c : text) {
+        // The capitals of Latin-1 are 32 below their small letters; one of them is a sign.
+        const auto byte = static_cast<unsigned char>(c);
+        const bool isLatin = !small.empty() && small.back() == '\xC3';
+        const bool isCapital = isLatin && byte >= 0x80 && byte <= 0x9E && byte != 0x97;
+        small += isCapital ? static_cast<char>(byte | 0x20U) : lower(c);
+    }
+    return small;
+}
+
 std::string SimulatedLocale::collationKey(std::string_view text) const {
     std::string bases;
     std::string accents;
@@ -32,6 +46,13 @@ std::string SimulatedLocale::collationKey(std::string_view text) const {
         accents += isLatin ? static_cast<char>(text[i] | 0x20) : '\x01';
     }
     return bases + '\0' + accents;
+}
+
+std::string SimulatedLocale::timeOfDay(Date date) const {
+    const std::chrono::hh_mm_ss time(std::chrono::floor<std::chrono::seconds>(
+        date - std::chrono::floor<std::chrono::days>(date)));
+    return fmt::format("{:02}:{:02}:{:02}", time.hours().count(), time.minutes().count(),
+                       time.seconds().count());
 }
 
 }  // namespace vtx

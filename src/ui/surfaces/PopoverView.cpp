@@ -18,7 +18,9 @@
 #include "ui/surfaces/MemorySection.h"
 #include "ui/surfaces/NetworkSection.h"
 #include "ui/surfaces/OverviewTab.h"
+#include "ui/surfaces/ProcessTab.h"
 #include "ui/surfaces/QtText.h"
+#include "ui/surfaces/SettingsTab.h"
 #include "ui/surfaces/SystemInfoSection.h"
 
 namespace vtx {
@@ -122,8 +124,12 @@ QWidget* PopoverView::makePage(PopoverSection section) {
             return new NetworkSection(coordinator_);
         case PopoverSection::battery:
             return new BatterySection(coordinator_);
+        case PopoverSection::processes:
+            return new ProcessTab(coordinator_);
         case PopoverSection::system:
             return new SystemInfoSection(coordinator_);
+        case PopoverSection::settings:
+            return new SettingsTab(coordinator_);
         default:
             return new OverviewTab(coordinator_);
     }

@@ -45,7 +45,8 @@ public:
                           c.battery.latest, c.processes.processes, c.systemInfo.info,
                           c.diskIO.latest, c.fan.latest, c.ane.latest, c.cpuHistory, c.pCoreHistory,
                           c.eCoreHistory, c.gpuHistory, c.memoryHistory, c.diskReadHistory,
-                          c.diskWriteHistory, c.aneHistory, Localization::shared().effective);
+                          c.diskWriteHistory, c.aneHistory, c.energyByPID, c.hogDetector.hogs,
+                          c.hogDetector.isEnabled, Localization::shared().effective);
     }
     /// Replaces all processes by some of the user's, each named by the gigabytes that it takes.
     void runProcesses(std::initializer_list<int> gigabytes) {
@@ -75,7 +76,8 @@ public:
 inline constexpr PopoverSection everySection[] = {
     PopoverSection::overview, PopoverSection::cpu,     PopoverSection::gpu,
     PopoverSection::memory,   PopoverSection::disk,    PopoverSection::fan,
-    PopoverSection::network,  PopoverSection::battery, PopoverSection::system};
+    PopoverSection::network,  PopoverSection::battery, PopoverSection::processes,
+    PopoverSection::system,   PopoverSection::settings};
 
 /// What a screen reader says of the element itself.
 inline QString spokenName(QAccessibleInterface& element) { return element.text(QAccessible::Name); }
