@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <functional>
 
+#include "platform/simulated/SimulatedProcesses.h"
 #include "support/CoordinatorBench.h"
 #include "ui/models/PopoverSection.h"
 #include "ui/support/Shown.h"
@@ -46,6 +47,19 @@ public:
                           c.eCoreHistory, c.gpuHistory, c.memoryHistory, c.diskReadHistory,
                           c.diskWriteHistory, c.aneHistory, c.energyByPID, c.hogDetector.hogs,
                           c.hogDetector.isEnabled, Localization::shared().effective);
+    }
+    /// Replaces all processes by some of the user's, each named by the gigabytes that it takes.
+    void runProcesses(std::initializer_list<int> gigabytes) {
+        std::vector<ProcessSnapshot> running;
+        for (const int each : gigabytes) {
+            ProcessSnapshot one;
+            one.name = std::to_string(each) + " GB";
+            one.executablePath = "/Applications/one";
+            one.uid = SimulatedProcesses::user;
+            one.residentMemoryBytes = static_cast<std::uint64_t>(each) << 30;
+            running.push_back(one);
+        }
+        coordinator.processes.processes = running;
     }
     /// Has every section offered that the machine has.
     void offerEverySection() {
