@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <utility>
 
 #include "processes/ProcessSnapshot.h"
 #include "ui/models/ChartRange.h"
@@ -110,12 +111,12 @@ MemorySectionModel describeMemorySection(const MemorySectionReadings& readings,
         model.consumers.push_back(rowOf(process, reading ? reading->totalBytes : 0));
     if (model.consumers.empty()) model.noConsumers = text(texts, Key::memory_noConsumers);
     model.color = ChartTints::color(preferences.colorMemory, {SeriesRole::memory});
-    if (preferences.graphsMemory)
-        model.charts = ChartCardModel{
-            historyTitle(preferences.historyRange),
-            {describeChart(ChartMetric::memory,
-                           text(texts, Key::section_memory) + " " + text(texts, Key::memory_used),
-                           "memorychip", readings.history, preferences)}};
+    if (preferences.graphsMemory) {
+        auto chart = describeChart(ChartMetric::memory, text(texts, Key::section_memory),
+                                   "memorychip", readings.history, preferences);
+        chart.note = text(texts, Key::memory_used);
+        model.charts = ChartCardModel{historyTitle(preferences.historyRange), {std::move(chart)}};
+    }
     return model;
 }
 
