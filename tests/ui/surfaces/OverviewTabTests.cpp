@@ -7,6 +7,8 @@
 #include "ui/kit/Banner.h"
 #include "ui/kit/HistoryChart.h"
 #include "ui/kit/MetricRows.h"
+#include "ui/kit/Metrics.h"
+#include "ui/kit/SegmentedControl.h"
 
 namespace vtx {
 namespace {
@@ -210,6 +212,16 @@ TEST_F(OverviewTabTest, a_clock_that_was_seen_once_keeps_its_row) {
     stats.pCoreCurrentFrequencyMHz.reset();
     bench.coordinator.cpu.latest = stats;
     EXPECT_EQ(said("P-Core Clock"), QString::fromUtf8("—"));
+}
+
+TEST_F(OverviewTabTest, the_picker_ends_where_the_cards_end) {
+    tab.resize(360, 800);
+    test::show(tab);
+    const auto end = [this](const QWidget& one) {
+        return one.mapTo(&tab, QPoint(one.width(), 0)).x();
+    };
+    EXPECT_EQ(end(*tab.findChild<SegmentedControl*>()) - metrics::focusReach,
+              end(*firstChart()->parentWidget()));
 }
 
 TEST_F(OverviewTabTest, has_a_heading) {
