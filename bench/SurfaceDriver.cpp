@@ -142,6 +142,27 @@ public:
         xcb_flush(x_);
     }
 
+    /// When the window that comes besides those was first seen as it stays.
+    std::chrono::steady_clock::time_point awaitPainted(std::chrono::steady_clock::time_point since,
+                                                       const Windows& before) {
+        using Clock = std::chrono::steady_clock;
+        const auto limit = since + patience;
+        std::optional<std::size_t> seen;
+        while (!seen || Clock::now() - since < still) {
+            if (Clock::now() > limit) throw std::runtime_error("the popover did not open");
+            std::this_thread::sleep_for(blink);
+            const auto now = shown();
+            const auto popover =
+                std::ranges::find_if(now, [&](auto one) { return !before.contains(one); });
+            if (popover == now.end()) continue;
+            const auto image = picture(*popover, steadyEdge);
+            if (!image || image == seen) continue;
+            seen = image;
+            since = Clock::now();
+        }
+        return since;
+    }
+
 private:
     xcb_atom_t atom(std::string_view name) {
         const auto length = static_cast<std::uint16_t>(name.size());
@@ -223,31 +244,11 @@ std::optional<std::size_t> SurfaceDriver::stripPicture() {
 
 std::chrono::duration<double> SurfaceDriver::openPopover() {
     awaitStrip();
-    const auto shownBefore = display_->shown().size();
+    const auto before = display_->shown();
     const auto strip = *display_->strip();
     const auto clicked = std::chrono::steady_clock::now();
     display_->click(strip, leftButton);
-    return awaitPainted(clicked, shownBefore);
-}
-
-std::chrono::duration<double> SurfaceDriver::awaitPainted(
-    std::chrono::steady_clock::time_point clicked, std::size_t shownBefore) {
-    using Clock = std::chrono::steady_clock;
-    const auto strip = display_->strip();
-    std::optional<std::size_t> seen;
-    Clock::time_point since = clicked;
-    while (!seen || Clock::now() - since < still) {
-        if (Clock::now() - clicked > patience) throw std::runtime_error("the popover did not open");
-        std::this_thread::sleep_for(blink);
-        const auto shown = display_->shown();
-        if (shown.size() <= shownBefore) continue;
-        const auto popover = std::ranges::find_if(shown, [&](auto one) { return one != strip; });
-        const auto picture = display_->picture(*popover, steadyEdge);
-        if (!picture || picture == seen) continue;
-        seen = picture;
-        since = Clock::now();
-    }
-    return since - clicked;
+    return display_->awaitPainted(clicked, before) - clicked;
 }
 
 void SurfaceDriver::closePopover() {

@@ -36,10 +36,6 @@ public:
 
 private:
     class Display;
-
-    [[nodiscard]] std::chrono::duration<double> awaitPainted(
-        std::chrono::steady_clock::time_point clicked, std::size_t shownBefore);
-
     std::unique_ptr<Display> display_;
 };
 
