@@ -22,6 +22,10 @@ namespace fs = std::filesystem;
 /// Between two looks at the strip, which changes once a second.
 constexpr auto glance = std::chrono::milliseconds(250);
 
+/// Of the popover, after the first of the process's life. They fall on every part of a second.
+constexpr int openings = 12;
+constexpr auto betweenOpenings = std::chrono::milliseconds(730);
+
 constexpr auto resident = "vantrix";
 
 Program::Environment complete(Program::Environment environment, const fs::path& home) {
@@ -54,6 +58,7 @@ Bench::Bench(const Options& options)
 CostReport Bench::measure() {
     measureWindow("With every surface closed");
     if (!resident_) return std::move(report_);
+    measurePopover();
     if (useSurfaces()) measureWindow("After each surface was opened and closed once");
     measureEveryTile();
     measureEverySensor();
@@ -169,6 +174,24 @@ std::optional<std::size_t> Bench::watchStrip() {
         if (now) shown = now;
     }
     return shown ? std::optional(changes) : std::nullopt;
+}
+
+void Bench::measurePopover() {
+    try {
+        SurfaceDriver driver(resident_->program.process());
+        std::vector<std::chrono::duration<double>> times;
+        for (int i = 0; i <= openings; ++i) {
+            times.push_back(driver.openPopover());
+            if (i == openings) break;
+            driver.closePopover();
+            std::this_thread::sleep_for(betweenOpenings);
+        }
+        measureWindow("Overview open in the popover");
+        driver.closePopover();
+        report_.openings = {times.front(), {times.begin() + 1, times.end()}};
+    } catch (const std::runtime_error& error) {
+        report_.leftOut.push_back(fmt::format("the open popover: {}", error.what()));
+    }
 }
 
 bool Bench::useSurfaces() {

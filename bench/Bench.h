@@ -21,10 +21,10 @@ public:
     /// Starts the programs. Throws `std::runtime_error` where one cannot be.
     explicit Bench(const Options& options);
 
-    /// Measures once with every surface of the resident program closed, uses each surface, measures
-    /// again, and then with every tile of the strip: on this machine's figures, and on those of a
-    /// machine that has them all. Throws `std::runtime_error` when a program ends by itself. Once
-    /// only.
+    /// Measures once with every surface of the resident program closed, with the popover open,
+    /// after each surface was used, and then with every tile of the strip: on this machine's
+    /// figures, and on those of a machine that has them all. Throws `std::runtime_error` when a
+    /// program ends by itself. Once only.
     [[nodiscard]] CostReport measure();
 
 private:
@@ -55,6 +55,8 @@ private:
     /// Lets the window of time pass; how often the strip showed something else meanwhile.
     [[nodiscard]] std::optional<std::size_t> watchStrip();
     [[nodiscard]] bool useSurfaces();
+    /// What the open popover costs, and how long it takes to open.
+    void measurePopover();
 
     const Options options_;
     const std::filesystem::path programs_;

@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
@@ -79,6 +80,24 @@ void addThreads(Text& text, const CostWindow& window) {
     }
 }
 
+double milliseconds(Seconds time) { return time.count() * 1e3; }
+
+void addOpenings(Text& text, const Openings& openings) {
+    std::vector<Seconds> sorted = openings.later;
+    std::ranges::sort(sorted);
+    text.line(
+        "\nThe popover was whole on the screen {:.0f} ms after its first click; in {} later "
+        "ones {:.0f} ms (median), {:.0f} ms (worst).",
+        milliseconds(openings.first), sorted.size(), milliseconds(sorted[sorted.size() / 2]),
+        milliseconds(sorted.back()));
+}
+
+nlohmann::json toJson(const Openings& openings) {
+    auto later = nlohmann::json::array();
+    for (const auto time : openings.later) later.push_back(milliseconds(time));
+    return {{"firstMs", milliseconds(openings.first)}, {"laterMs", std::move(later)}};
+}
+
 nlohmann::json toJson(const CostRow& row, const CostWindow& window) {
     auto threads = nlohmann::json::array();
     for (const auto& [number, thread] : row.span.threads) {
@@ -127,6 +146,7 @@ std::string table(const CostReport& report, ThreadDetail detail) {
         addWindow(text, window);
         if (detail == ThreadDetail::shown) addThreads(text, window);
     }
+    if (report.openings) addOpenings(text, *report.openings);
     for (const auto& missing : report.leftOut) text.line("\nLeft out: {}", missing);
     return text.take();
 }
@@ -134,10 +154,11 @@ std::string table(const CostReport& report, ThreadDetail detail) {
 void saveJson(const CostReport& report, const std::filesystem::path& file) {
     auto windows = nlohmann::json::array();
     for (const auto& window : report.windows) windows.push_back(toJson(window));
-    const nlohmann::json document{
+    nlohmann::json document{
         {"processor", report.machine.processor}, {"cores", report.machine.cores},
         {"kernel", report.machine.kernel},       {"qt", report.machine.toolkit},
         {"windows", std::move(windows)},         {"leftOut", report.leftOut}};
+    if (report.openings) document["openings"] = toJson(*report.openings);
     std::ofstream out(file);
     if (!(out << document.dump(2) << '\n')) {
         throw std::runtime_error(fmt::format("cannot write {}", file.string()));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -29,9 +30,16 @@ struct CostWindow {
     std::vector<CostRow> rows;
 };
 
+/// From the click to the whole popover on the screen.
+struct Openings {
+    std::chrono::duration<double> first{};  ///< in the life of the process
+    std::vector<std::chrono::duration<double>> later;
+};
+
 struct CostReport {
     MachineFacts machine;
     std::vector<CostWindow> windows;
+    std::optional<Openings> openings;
     /// What could not be measured, and why.
     std::vector<std::string> leftOut;
 };

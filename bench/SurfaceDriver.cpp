@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <set>
 #include <span>
@@ -24,6 +25,13 @@ constexpr auto patience = std::chrono::seconds(10);
 constexpr auto glance = std::chrono::milliseconds(20);
 /// How long a surface is looked at: a second's reading arrives meanwhile.
 constexpr auto look = std::chrono::seconds(2);
+/// Between two looks at what is to be timed.
+constexpr auto blink = std::chrono::milliseconds(1);
+/// A picture that stays for so long is whole.
+constexpr auto still = std::chrono::milliseconds(120);
+/// The left edge of a popover in pixels: every card begins in it, and no figure or chart changes
+/// it.
+constexpr std::uint16_t steadyEdge = 25;
 constexpr std::uint32_t longestProperty = 64;
 constexpr std::uint8_t leftButton = 1;
 constexpr std::uint8_t rightButton = 3;
@@ -85,14 +93,16 @@ public:
         return std::nullopt;
     }
 
-    [[nodiscard]] std::optional<std::size_t> picture(xcb_window_t window) {
+    /// A digest of the window's picture, or of the first `columns` of it.
+    [[nodiscard]] std::optional<std::size_t> picture(
+        xcb_window_t window, std::uint16_t columns = std::numeric_limits<std::uint16_t>::max()) {
         const auto size = owned(xcb_get_geometry_reply(x_, xcb_get_geometry(x_, window), nullptr));
         if (!size) return std::nullopt;
-        const auto image =
-            owned(xcb_get_image_reply(x_,
-                                      xcb_get_image(x_, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0,
-                                                    size->width, size->height, ~0U),
-                                      nullptr));
+        const auto image = owned(
+            xcb_get_image_reply(x_,
+                                xcb_get_image(x_, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0,
+                                              std::min(size->width, columns), size->height, ~0U),
+                                nullptr));
         if (!image) return std::nullopt;
         const auto* first = reinterpret_cast<const char*>(xcb_get_image_data(image.get()));
         const auto length = static_cast<std::size_t>(xcb_get_image_data_length(image.get()));
@@ -130,6 +140,27 @@ public:
         event.data.data32[0] = atom("WM_DELETE_WINDOW");
         xcb_send_event(x_, 0, window, 0, reinterpret_cast<const char*>(&event));
         xcb_flush(x_);
+    }
+
+    /// When the window that comes besides those was first seen as it stays.
+    std::chrono::steady_clock::time_point awaitPainted(std::chrono::steady_clock::time_point since,
+                                                       const Windows& before) {
+        using Clock = std::chrono::steady_clock;
+        const auto limit = since + patience;
+        std::optional<std::size_t> seen;
+        while (!seen || Clock::now() - since < still) {
+            if (Clock::now() > limit) throw std::runtime_error("the popover did not open");
+            std::this_thread::sleep_for(blink);
+            const auto now = shown();
+            const auto popover =
+                std::ranges::find_if(now, [&](auto one) { return !before.contains(one); });
+            if (popover == now.end()) continue;
+            const auto image = picture(*popover, steadyEdge);
+            if (!image || image == seen) continue;
+            seen = image;
+            since = Clock::now();
+        }
+        return since;
     }
 
 private:
@@ -211,14 +242,25 @@ std::optional<std::size_t> SurfaceDriver::stripPicture() {
     return strip ? display_->picture(*strip) : std::nullopt;
 }
 
-void SurfaceDriver::openAndClosePopover() {
+std::chrono::duration<double> SurfaceDriver::openPopover() {
     awaitStrip();
     const auto before = display_->shown();
-    display_->click(*display_->strip(), leftButton);
-    await("the popover did not open", [&] { return display_->shown().size() > before.size(); });
-    std::this_thread::sleep_for(look);
+    const auto strip = *display_->strip();
+    const auto clicked = std::chrono::steady_clock::now();
+    display_->click(strip, leftButton);
+    return display_->awaitPainted(clicked, before) - clicked;
+}
+
+void SurfaceDriver::closePopover() {
+    const auto opened = display_->shown().size();
     display_->press(escapeKey);
-    await("the popover did not close", [&] { return display_->shown() == before; });
+    await("the popover did not close", [&] { return display_->shown().size() < opened; });
+}
+
+void SurfaceDriver::openAndClosePopover() {
+    (void)openPopover();
+    std::this_thread::sleep_for(look);
+    closePopover();
 }
 
 void SurfaceDriver::openAndCloseDashboard() {

@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -27,6 +28,9 @@ public:
     [[nodiscard]] std::optional<std::size_t> stripPicture();
     /// A click on the strip opens it, Escape closes it.
     void openAndClosePopover();
+    /// The same in two steps, with the time from the click to the whole popover on the screen.
+    std::chrono::duration<double> openPopover();
+    void closePopover();
     /// The strip's menu opens it, the window manager closes it.
     void openAndCloseDashboard();
 

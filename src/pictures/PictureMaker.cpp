@@ -4,7 +4,9 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QWidget>
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "pictures/PictureStage.h"
 #include "ui/kit/PaletteAppearanceSource.h"
@@ -62,11 +64,15 @@ std::vector<Picture> PictureMaker::draw(const PictureRow& row, Language language
     return pictures;
 }
 
-MadePictures PictureMaker::save(const PictureRow& row, const QString& folder) {
+MadePictures PictureMaker::save(const PictureRow& row, const QString& folder,
+                                std::span<const Language> languages) {
     MadePictures made;
     const auto english = draw(row, Language::en);
-    for (const Language language : allLanguages) {
-        if (language == Language::automatic) continue;
+    std::vector<Language> drawn{Language::en};
+    std::ranges::copy_if(languages, std::back_inserter(drawn), [](Language one) {
+        return one != Language::automatic && one != Language::en;
+    });
+    for (const Language language : drawn) {
         const auto pictures = language == Language::en ? english : draw(row, language);
         if (language != Language::en && pictures == english) continue;
         made.languages.push_back(language);

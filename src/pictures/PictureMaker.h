@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QString>
+#include <span>
 #include <vector>
 
 #include "language/Language.h"
@@ -33,9 +34,10 @@ public:
     /// Pictures of a row in one language, in every appearance and scale.
     [[nodiscard]] static std::vector<Picture> draw(const PictureRow& row, Language language);
 
-    /// Saves a row's pictures in English and in every language where they look different, as
+    /// Saves a row's pictures in English and in each of these where they look different, as
     /// "strip-usual-dark@2x.png" and "strip-usual.de-dark@2x.png", in a folder that is there.
-    [[nodiscard]] static MadePictures save(const PictureRow& row, const QString& folder);
+    [[nodiscard]] static MadePictures save(const PictureRow& row, const QString& folder,
+                                           std::span<const Language> languages = allLanguages);
 };
 
 }  // namespace vtx

@@ -55,7 +55,7 @@ FanStats fanStats(std::optional<int> rpm) {
 }  // namespace
 
 struct PictureStage::Machine {
-    Machine() : platform(clock, MacShape::laptop()) {
+    explicit Machine(const MacShape& shape) : platform(clock, shape) {
         Shared<Localization>::setFactory(
             [this] { return std::make_unique<Localization>(platform.locale); });
         Shared<UpdaterService>::setFactory(
@@ -91,17 +91,21 @@ struct PictureStage::Machine {
     std::optional<MetricsCoordinator> coordinator;
 };
 
-PictureStage::PictureStage(Language language) : machine_(std::make_unique<Machine>()) {
+PictureStage::PictureStage(Language language) : language_(language) { moveTo(MacShape::laptop()); }
+
+PictureStage::~PictureStage() = default;
+
+void PictureStage::moveTo(const MacShape& shape) {
+    machine_.reset();  // first: the process's shared objects are the machine's
+    machine_ = std::make_unique<Machine>(shape);
     const Ports ports = machine_->platform.ports();
     const Executors executors{machine_->main, machine_->tick, machine_->blocking};
     machine_->coordinator.emplace(std::make_unique<Services>(ports, executors), ports, executors);
-    change([language](DisplayPreferences& preferences) {
-        preferences.languageCode = rawValue(language);
+    change([this](DisplayPreferences& preferences) {
+        preferences.languageCode = rawValue(language_);
         preferences.hasCompletedFirstRunLanguage = true;
     });
 }
-
-PictureStage::~PictureStage() = default;
 
 MetricsCoordinator& PictureStage::coordinator() { return *machine_->coordinator; }
 

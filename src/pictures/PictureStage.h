@@ -10,6 +10,8 @@
 
 namespace vtx {
 
+struct MacShape;
+
 /// Figures of a machine that does not exist, for pictures; what is absent was not read yet.
 struct SampleReadings {
     std::optional<double> cpu{};  ///< fraction, as the next one
@@ -34,6 +36,8 @@ public:
 
     [[nodiscard]] MetricsCoordinator& coordinator();
 
+    /// Begins anew on another machine; what was got from the stage before is gone.
+    void moveTo(const MacShape& shape);
     /// Changes preferences as the user would.
     void change(const std::function<void(DisplayPreferences&)>& edit);
     /// Puts these readings in the place of the machine's own.
@@ -44,6 +48,8 @@ public:
 
 private:
     struct Machine;
+
+    const Language language_;
     std::unique_ptr<Machine> machine_;
 };
 

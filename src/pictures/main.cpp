@@ -15,12 +15,11 @@ namespace vtx {
 namespace {
 
 constexpr auto help =
-    "Usage: vantrix-pictures FOLDER [SURFACE...]\n"
+    "Usage: vantrix-pictures FOLDER [SURFACE...] [LANGUAGE...]\n"
     "\n"
     "Saves a picture of every surface, or of those named, in each of its states: light and dark,\n"
-    "at scales of 1, 1.5 and 2, in English and in every language that looks different. The "
-    "figures\n"
-    "are samples.\n";
+    "at scales of 1, 1.5 and 2, in English and in every language, or those named by codes as\n"
+    "\"de\", that looks different. The figures are samples.\n";
 
 void print(std::FILE* to, const std::string& text) { std::fputs(text.c_str(), to); }
 
@@ -41,7 +40,17 @@ bool isKnown(const std::string& name) {
                                [&name](const PictureRow& row) { return row.surface == name; });
 }
 
-int run(const QString& folder, const std::vector<std::string>& names) {
+/// Takes the codes of languages out of the words; all of them where there are none.
+std::vector<Language> takeLanguages(std::vector<std::string>& words) {
+    std::vector<Language> taken;
+    for (const Language language : allLanguages)
+        if (std::erase(words, rawValue(language)) != 0) taken.push_back(language);
+    if (taken.empty()) taken.assign(allLanguages.begin(), allLanguages.end());
+    return taken;
+}
+
+int run(const QString& folder, std::vector<std::string> names) {
+    const std::vector<Language> languages = takeLanguages(names);
     for (const auto& name : names) {
         if (isKnown(name)) continue;
         print(stderr, fmt::format("vantrix-pictures: there is no surface \"{}\"\n", name));
@@ -50,7 +59,7 @@ int run(const QString& folder, const std::vector<std::string>& names) {
     bool failed = !QDir().mkpath(folder);
     for (const PictureRow& row : pictureTable()) {
         if (!isWanted(row, names)) continue;
-        const MadePictures made = PictureMaker::save(row, folder);
+        const MadePictures made = PictureMaker::save(row, folder, languages);
         print(stdout, describe(row, made));
         for (const QString& file : made.unsaved)
             print(stderr,

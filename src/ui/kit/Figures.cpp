@@ -25,7 +25,9 @@ Figures::Figures(FigureSize size, QWidget* parent) : KitWidget(parent), size_(si
 
 void Figures::setFigures(std::vector<FigureContent> figures) {
     const bool hadCaption = hasCaption();
+    const TextRole before = fittingRole();
     std::swap(figures_, figures);
+    if (fittingRole() != before) update();
     if (figures.size() != figures_.size() || hadCaption != hasCaption()) {
         updateGeometry();
         update();
@@ -47,6 +49,23 @@ bool Figures::hasCaption() const {
 
 TextRole Figures::role() const {
     return size_ == FigureSize::large ? TextRole::figure : TextRole::figureSmall;
+}
+
+bool Figures::allFit(TextRole size) const {
+    for (int i = 0; i < partCount(); ++i) {
+        const QString& text = figures_.at(static_cast<std::size_t>(i)).text;
+        if (tabularWidth(text, size) > partRect(i).width()) return false;
+    }
+    return true;
+}
+
+TextRole Figures::fittingRole() const {
+    TextRole fitting = role();
+    for (const TextRole smaller : {TextRole::figureSmall, TextRole::clock, TextRole::chartTitle}) {
+        if (allFit(fitting)) break;
+        fitting = smaller;
+    }
+    return fitting;
 }
 
 QSize Figures::sizeHint() const {
@@ -91,13 +110,8 @@ void Figures::paintFigure(QPainter& painter, int index) const {
 
     line.translate(0, line.height() + metrics::labelToFigure);
     line.setHeight(lineHeight(role()));
-    TextRole fitting = role();
-    for (const TextRole smaller : {TextRole::figureSmall, TextRole::clock, TextRole::chartTitle}) {
-        if (tabularWidth(shown.text, fitting) <= line.width()) break;
-        fitting = smaller;
-    }
     painter.setPen(shown.tint.resolved());
-    drawTabular(painter, line, shown.text, fitting, atStart());
+    drawTabular(painter, line, shown.text, fittingRole(), atStart());
 
     line.translate(0, line.height() + metrics::labelToFigure);
     line.setHeight(lineHeight(captionRole));

@@ -51,6 +51,10 @@ protected:
 private:
     [[nodiscard]] bool hasCaption() const;
     [[nodiscard]] TextRole role() const;
+    /// Whether no figure is cut in that size.
+    [[nodiscard]] bool allFit(TextRole size) const;
+    /// The largest size in which all fit: side by side they are equally large.
+    [[nodiscard]] TextRole fittingRole() const;
     void paintFigure(QPainter& painter, int index) const;
     void paintLabel(QPainter& painter, QRect line, const FigureContent& shown) const;
     void paintCaption(QPainter& painter, const QRect& line, const FigureContent& shown) const;

@@ -64,7 +64,8 @@ void HistoryChart::setContent(HistoryChartContent content) {
     if (accessibleName() != content_.spokenName) setAccessibleName(content_.spokenName);
     if (accessibleDescription() != content_.spoken) setAccessibleDescription(content_.spoken);
     if (sizeHint().height() != height) updateGeometry();
-    const bool sameHead = before.title == content_.title && before.symbol == content_.symbol;
+    const bool sameHead = before.title == content_.title && before.note == content_.note &&
+                          before.symbol == content_.symbol;
     if (sameHead && hasHead()) {
         update(rect().adjusted(0, headRect().height(), 0, 0));
     } else {
@@ -137,9 +138,12 @@ const HistoryChart::Picture& HistoryChart::pictureAt(qreal scale) {
 void HistoryChart::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     if (hasHead() && event->region().intersects(headRect())) paintHead(painter);
-    if (!hasPoints()) return paintPlaceholder(painter);
-    paintGrid(painter);
-    paintMarks(painter);
+    if (hasPoints()) {
+        paintGrid(painter);
+        paintMarks(painter);
+    } else {
+        paintPlaceholder(painter);
+    }
     if (content_.series.size() > 1) {
         paintLegend(painter);
     } else {
@@ -155,9 +159,16 @@ void HistoryChart::paintHead(QPainter& painter) const {
         symbols::draw(painter, mirrored(symbol), content_.symbol, metrics::chartSymbol,
                       content_.series.front().color.resolved());
     const int left = hasSymbol ? metrics::chartSymbol + metrics::symbolToTitle : 0;
+    const Qt::Alignment atStart = layoutDirection() == Qt::LeftToRight ? atLeft : atRight;
     painter.setPen(color(ColorToken::text1));
     drawText(painter, mirrored(line.adjusted(left, 0, 0, 0)), content_.title, TextRole::chartTitle,
-             layoutDirection() == Qt::LeftToRight ? atLeft : atRight);
+             atStart);
+    const qreal title = textWidth(content_.title, TextRole::chartTitle);
+    const int noteLeft = left + static_cast<int>(std::ceil(title)) + metrics::chartTitleToNote;
+    if (content_.note.isEmpty() || noteLeft >= line.width()) return;
+    painter.setPen(color(ColorToken::text2));
+    drawText(painter, mirrored(line.adjusted(noteLeft, 0, 0, 0)), content_.note, TextRole::label,
+             atStart);
 }
 
 void HistoryChart::paintPlaceholder(QPainter& painter) const {

@@ -35,6 +35,8 @@ struct ChartFigure {
 struct HistoryChartContent {
     /// Empty for a chart whose card has a title already.
     QString title = {};
+    /// Behind the title, less than it; may be empty.
+    QString note = {};
     QString symbol = {};
     std::vector<ChartSeries> series = {};
     double windowSeconds = 60;
@@ -89,7 +91,8 @@ private:
 
     [[nodiscard]] bool hasPoints() const;
     [[nodiscard]] bool hasHead() const { return !content_.title.isEmpty(); }
-    [[nodiscard]] bool hasFoot() const { return hasPoints(); }
+    /// Its room is kept before there are points: nothing moves when the first one comes.
+    [[nodiscard]] bool hasFoot() const { return !content_.series.empty(); }
     [[nodiscard]] QRect headRect() const;
     [[nodiscard]] QRect footRect() const;
     [[nodiscard]] const Picture& pictureAt(qreal scale);

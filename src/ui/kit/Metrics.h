@@ -221,6 +221,7 @@ inline constexpr int chartAxisWidth = 42;
 inline constexpr int chartGap = 16;
 inline constexpr int chartSymbol = 14;
 inline constexpr int titleToChart = 10;
+inline constexpr int chartTitleToNote = 6;
 inline constexpr int chartToPills = 8;
 inline constexpr int chartPillHeight = 18;
 inline constexpr int chartPillPadding = 7;

@@ -96,6 +96,10 @@ std::array<std::string, 3> axisMarks(const MetricChartModel& chart) {
             chart.valueFormat(upper)};
 }
 
+std::string spokenName(const MetricChartModel& chart) {
+    return chart.note.empty() ? chart.title : chart.title + " " + chart.note;
+}
+
 std::string spokenValue(const MetricChartModel& chart) {
     const auto last = lastValue(chart.points);
     if (!last || !chart.valueFormat) return collectingText();
@@ -107,7 +111,7 @@ std::string spokenValue(const MetricChartModel& chart) {
 }
 
 std::string spokenText(const MetricChartModel& chart) {
-    return fmt::format("{}, {}", chart.title, spokenValue(chart));
+    return fmt::format("{}, {}", spokenName(chart), spokenValue(chart));
 }
 
 }  // namespace vtx

@@ -44,6 +44,7 @@ struct ChartPill {
 /// plain value; what draws it decides nothing. A value that is not finite counts as no point.
 struct MetricChartModel {
     std::string title;
+    std::string note;  ///< says more than the title; may be empty
     std::string symbol;
     /// Of the window that ends with the last point, oldest first; none is later than that one.
     HistorySeries points;
@@ -82,11 +83,14 @@ enum class ChartMetric { cpu, pCore, eCore, gpu, memory };
 /// The axis at the lower edge, the middle and the upper edge.
 [[nodiscard]] std::array<std::string, 3> axisMarks(const MetricChartModel& chart);
 
-/// What a chart says to those who do not see it, after its title: the window, the last value, and
+/// The title with the note, for those who do not see the chart.
+[[nodiscard]] std::string spokenName(const MetricChartModel& chart);
+
+/// What a chart says to those who do not see it, after its name: the window, the last value, and
 /// the figures of the pills. In the language in force.
 [[nodiscard]] std::string spokenValue(const MetricChartModel& chart);
 
-/// The same with the title.
+/// The same after the name.
 [[nodiscard]] std::string spokenText(const MetricChartModel& chart);
 
 }  // namespace vtx

@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <cmath>
+#include <utility>
 
 #include "processes/ProcessSnapshot.h"
 #include "ui/models/ChartRange.h"
@@ -117,11 +118,10 @@ std::optional<ChartCardModel> describeMemoryCharts(const HistorySeries& history,
                                                    const DisplayPreferences& preferences,
                                                    const Localization& texts) {
     if (!preferences.graphsMemory) return std::nullopt;
-    return ChartCardModel{
-        historyTitle(preferences.historyRange),
-        {describeChart(ChartMetric::memory,
-                       text(texts, Key::section_memory) + " " + text(texts, Key::memory_used),
-                       "memorychip", history, preferences)}};
+    auto chart = describeChart(ChartMetric::memory, text(texts, Key::section_memory), "memorychip",
+                               history, preferences);
+    chart.note = text(texts, Key::memory_used);
+    return ChartCardModel{historyTitle(preferences.historyRange), {std::move(chart)}};
 }
 
 }  // namespace vtx

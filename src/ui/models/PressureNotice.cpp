@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/models/PressureNotice.h"
 
-#include <fmt/format.h>
-
-#include <cmath>
-
 #include "language/Localization.h"
+#include "ui/models/SectionFormatters.h"
 
 namespace vtx {
 
@@ -22,14 +19,8 @@ std::optional<PressureNotice> describePressure(MemoryStats::Pressure level,
         text(isCritical ? L10n::Key::memory_statusCritical : L10n::Key::memory_statusWarning);
     notice.consumersTitle = text(L10n::Key::memory_topConsumers);
     for (const ProcessSnapshot& each : consumers)
-        notice.consumers.push_back({each.name, formatProcessMB(each.residentMemoryBytes)});
+        notice.consumers.push_back({each.name, formatMB(each.residentMemoryBytes)});
     return notice;
-}
-
-std::string formatProcessMB(std::uint64_t bytes) {
-    const double megabytes = static_cast<double>(bytes) / 1048576.0;
-    return megabytes < 1024.0 ? fmt::format("{:.0f} MB", std::round(megabytes))
-                              : fmt::format("{:.1f} GB", megabytes / 1024.0);
 }
 
 }  // namespace vtx

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,8 +37,5 @@ inline constexpr std::size_t overviewConsumers = 3;
 /// Absent while the level is normal.
 [[nodiscard]] std::optional<PressureNotice> describePressure(
     MemoryStats::Pressure level, const std::vector<ProcessSnapshot>& consumers);
-
-/// The memory of a process: "640 MB" or, from 1024 on, "1.5 GB".
-[[nodiscard]] std::string formatProcessMB(std::uint64_t bytes);
 
 }  // namespace vtx

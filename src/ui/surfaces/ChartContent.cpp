@@ -70,6 +70,7 @@ SeriesColor seriesColor(const SeriesTint& tint) {
 HistoryChartContent chartContent(const MetricChartModel& chart) {
     HistoryChartContent content;
     content.title = qt(chart.title);
+    content.note = qt(chart.note);
     content.symbol = qt(chart.symbol);
     content.series = {{pointsOf(chart.points), shapeOf(chart.style), seriesColor(chart.color), {}}};
     content.windowSeconds = seconds(chart.historyRange);
@@ -79,7 +80,7 @@ HistoryChartContent chartContent(const MetricChartModel& chart) {
     for (const ChartPill& pill : pills(chart))
         content.figures.push_back({qt(pill.label), qt(pill.value)});
     content.placeholder = qt(collectingText());
-    content.spokenName = content.title;
+    content.spokenName = qt(spokenName(chart));
     content.spoken = qt(spokenValue(chart));
     return content;
 }

@@ -67,6 +67,10 @@ void MemorySection::displayBanner(const MemorySectionModel& model) {
 
 void MemorySection::displayConsumers(const MemorySectionModel& model) {
     consumersTitle_->setContent({.title = qt(model.consumersTitle)});
+    constexpr int padding = metrics::cardPadding;
+    // Rows bring air of their own, a line of text does not.
+    consumersCard_->content()->setContentsMargins(
+        padding, padding, padding, model.consumers.empty() ? padding : metrics::cardRowsInset);
     noConsumers_->setContent({.text = qt(model.noConsumers), .place = TextPlace::middle});
     noConsumers_->setVisible(!model.noConsumers.empty());
     std::vector<ListRow> rows;

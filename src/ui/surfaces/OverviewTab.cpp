@@ -84,7 +84,11 @@ void OverviewTab::layOut() {
     head->setSpacing(0);
     head->addWidget(graphsTitle_, 1);
     head->addWidget(new HistoryRangePicker(coordinator(), graphsHead_));
-    layout->addWidget(graphsHead_);
+    // Seen without its ring, the picker ends where the cards do.
+    auto* headRow = new QHBoxLayout;
+    headRow->setContentsMargins(0, 0, -ringRoom, 0);
+    headRow->addWidget(graphsHead_);
+    layout->addLayout(headRow);
     cards_ = new QVBoxLayout;
     cards_->setSpacing(metrics::cardGap);
     layout->addLayout(cards_);

@@ -28,6 +28,7 @@ public:
     [[nodiscard]] std::string role() const;
     [[nodiscard]] bool isShowing() const { return hasState(25); }
     [[nodiscard]] bool isFocused() const { return hasState(12); }
+    [[nodiscard]] bool isSelected() const { return hasState(23); }
     [[nodiscard]] Place place() const;
     [[nodiscard]] std::vector<Accessible> children() const;
     [[nodiscard]] std::optional<Accessible> parent() const;

@@ -18,6 +18,8 @@ inline constexpr std::uint32_t control = 0xFFE3;
 inline constexpr std::uint32_t alt = 0xFFE9;
 inline constexpr std::uint32_t f4 = 0xFFC1;
 inline constexpr std::uint32_t q = 0x71;
+/// 0 to 9.
+[[nodiscard]] constexpr std::uint32_t digit(unsigned number) { return 0x30 + number; }
 }  // namespace key
 
 /// The hand of the user on mouse and keyboard: what it does reaches programs as from real devices.

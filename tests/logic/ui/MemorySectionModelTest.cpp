@@ -161,7 +161,9 @@ TEST_F(MemorySectionModelTest, the_chart_comes_and_goes_with_its_preference) {
     ASSERT_TRUE(charts);
     EXPECT_EQ(charts->title, "Last 60 s");
     ASSERT_EQ(charts->charts.size(), 1U);
-    EXPECT_EQ(charts->charts[0].title, "RAM used");
+    EXPECT_EQ(charts->charts[0].title, "RAM");
+    EXPECT_EQ(charts->charts[0].note, "used");
+    EXPECT_EQ(spokenName(charts->charts[0]), "RAM used");
     EXPECT_EQ(charts->charts[0].symbol, "memorychip");
     EXPECT_EQ(charts->charts[0].valueFormat(0.5), "50 %");
     preferences.graphsMemory = false;

@@ -40,13 +40,5 @@ TEST_F(PressureNoticeTest, names_who_uses_most_with_its_size) {
     EXPECT_EQ(notice->consumers[0], (PressureNotice::Consumer{"firefox", "4.8 GB"}));
 }
 
-TEST(ProcessMemory, is_in_megabytes_below_a_gigabyte) {
-    EXPECT_EQ(formatProcessMB(0), "0 MB");
-    EXPECT_EQ(formatProcessMB(mib / 2), "1 MB");
-    EXPECT_EQ(formatProcessMB(640 * mib), "640 MB");
-    EXPECT_EQ(formatProcessMB(1024 * mib - 1), "1024 MB");
-    EXPECT_EQ(formatProcessMB(1024 * mib), "1.0 GB");
-}
-
 }  // namespace
 }  // namespace vtx

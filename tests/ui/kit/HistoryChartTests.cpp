@@ -65,10 +65,20 @@ protected:
 
 TEST_F(HistoryChartTest, without_points_says_so_in_a_box_of_the_plots_height) {
     give(contentOf({}));
-    EXPECT_EQ(chart.height(), 16 + 10 + 72);
-    EXPECT_EQ(qAlpha(test::picture(chart, 1).pixel(20, 60)), token(ColorToken::hover).alpha());
-    give(contentOf({{1, std::numeric_limits<double>::quiet_NaN()}}));
-    EXPECT_EQ(chart.height(), 16 + 10 + 72);
+    const QRect plot = chart.plotRect();
+    EXPECT_EQ(plot.height(), 72);
+    const QImage picture = test::picture(chart, 1);
+    EXPECT_EQ(qAlpha(picture.pixel(20, plot.top() + 20)), token(ColorToken::hover).alpha());
+    EXPECT_EQ(qAlpha(picture.pixel(20, plot.bottom() + 2)), 0);
+}
+
+TEST_F(HistoryChartTest, keeps_its_height_when_the_first_point_comes) {
+    give(contentOf({}));
+    EXPECT_EQ(chart.sizeHint().height(), 16 + 10 + 72 + 8 + 18);
+    chart.setContent(contentOf({{1, std::numeric_limits<double>::quiet_NaN()}}));
+    EXPECT_EQ(chart.sizeHint().height(), 16 + 10 + 72 + 8 + 18);
+    chart.setContent(contentOf(minute()));
+    EXPECT_EQ(chart.sizeHint().height(), 16 + 10 + 72 + 8 + 18);
 }
 
 TEST_F(HistoryChartTest, one_point_is_a_dot_at_the_right_edge) {

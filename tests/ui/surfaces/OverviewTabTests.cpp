@@ -7,6 +7,8 @@
 #include "ui/kit/Banner.h"
 #include "ui/kit/HistoryChart.h"
 #include "ui/kit/MetricRows.h"
+#include "ui/kit/Metrics.h"
+#include "ui/kit/SegmentedControl.h"
 
 namespace vtx {
 namespace {
@@ -251,6 +253,16 @@ TEST_F(OverviewTabTest, processes_are_followed_only_while_the_notice_is_shown) {
     bench.coordinator.memory.pressure = MemoryStats::Pressure::normal;
     test::settle();
     EXPECT_FALSE(followed.hasSubscribers());
+}
+
+TEST_F(OverviewTabTest, the_picker_ends_where_the_cards_end) {
+    tab.resize(360, 800);
+    test::show(tab);
+    const auto end = [this](const QWidget& one) {
+        return one.mapTo(&tab, QPoint(one.width(), 0)).x();
+    };
+    EXPECT_EQ(end(*tab.findChild<SegmentedControl*>()) - metrics::focusReach,
+              end(*firstChart()->parentWidget()));
 }
 
 TEST_F(OverviewTabTest, has_a_heading) {

@@ -3,8 +3,8 @@
 
 #include <QScrollArea>
 
-#include "SampleReadings.h"
 #include "SurfaceBench.h"
+#include "pictures/BusyLaptop.h"
 #include "ui/kit/Metrics.h"
 #include "ui/support/FixedTheme.h"
 #include "ui/surfaces/PopoverView.h"
@@ -17,7 +17,8 @@ class SectionPictureTest : public testing::Test {
 protected:
     SectionPictureTest() {
         bench.change([](auto& p) { p.showDiskIO = p.showFan = p.graphsDisk = true; });
-        test::SampleReadings::tell(bench.coordinator);
+        samples::busyLaptop(bench.coordinator);
+        samples::memoryUsed(bench.coordinator, 0.67, MemoryStats::Pressure::warning);
     }
     /// The section as a window of `width` shows it, as high as it needs.
     std::unique_ptr<PopoverView> show(PopoverSection section, int width) {
