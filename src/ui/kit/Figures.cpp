@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/kit/AccessibleReorder.h"
 #include "ui/kit/Metrics.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/Symbol.h"
@@ -26,9 +27,14 @@ Figures::Figures(FigureSize size, QWidget* parent) : KitWidget(parent), size_(si
 void Figures::setFigures(std::vector<FigureContent> figures) {
     const bool hadCaption = hasCaption();
     std::swap(figures_, figures);
-    if (figures.size() != figures_.size() || hadCaption != hasCaption()) {
+    if (hadCaption != hasCaption()) {
         updateGeometry();
         update();
+    }
+    if (figures.size() != figures_.size()) {
+        updateGeometry();
+        update();
+        accessibility::announceReorder(*this);
         return;
     }
     for (int i = 0; i < partCount(); ++i) {
