@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
+#include <vector>
 
 #include "ui/kit/KeyValueRows.h"
 #include "ui/kit/ListRows.h"
@@ -20,6 +22,30 @@ ListRow consumer(const char* name, const char* size, double share) {
             .values = {{.text = QString::fromUtf8(size)}},
             .bar = share};
 }
+
+/// Writes down what assistive technology is told, for as long as it is there.
+class Listener {
+public:
+    Listener() {
+        heard().clear();
+        QAccessible::setActive(true);
+        QAccessible::installUpdateHandler(
+            [](QAccessibleEvent* event) { heard().push_back(event->type()); });
+    }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+    ~Listener() {
+        QAccessible::installUpdateHandler(nullptr);
+        QAccessible::setActive(false);
+    }
+    static auto count(QAccessible::Event event) { return std::ranges::count(heard(), event); }
+
+private:
+    static std::vector<QAccessible::Event>& heard() {
+        static std::vector<QAccessible::Event> events;
+        return events;
+    }
+};
 
 class RowsTest : public testing::Test {
 protected:
@@ -80,6 +106,44 @@ TEST_F(RowsTest, a_longer_name_moves_the_captions_of_every_row) {
     test::settle();
     ASSERT_EQ(recorder.painted.size(), 1U);
     EXPECT_EQ(recorder.painted[0].boundingRect(), interfaces.rect());
+}
+
+TEST_F(RowsTest, captions_stay_whole_and_names_give_way) {
+    const ListRow cellular{.title = QStringLiteral("pdp_ip0"),
+                           .caption = QStringLiteral("A caption of some length"),
+                           .values = {{.text = QStringLiteral("Inactive")}}};
+    const auto inkOfFirstBeside = [&](const char* other) {
+        interfaces.setRows({cellular, {.title = QString::fromLatin1(other)}});
+        show(interfaces);
+        const QImage row = test::picture(interfaces, 1).copy(interfaces.partRect(0));
+        qint64 ink = 0;
+        for (int y = 0; y < row.height(); ++y)
+            for (int x = 0; x < row.width(); ++x) ink += qAlpha(row.pixel(x, y));
+        return ink;
+    };
+    EXPECT_EQ(inkOfFirstBeside("en0"), inkOfFirstBeside("br-0123456789abcdef0123456789abcdef"));
+}
+
+TEST_F(RowsTest, listeners_hear_that_rows_came_and_went) {
+    properties.setRows({property("Size", "32 GB")});
+    show(properties);
+    const Listener listener;
+    properties.setRows({property("Size", "32 GB"), property("Speed", "—")});
+    EXPECT_EQ(listener.count(QAccessible::ObjectReorder), 1);
+    properties.setRows({property("Size", "32 GB"), property("Speed", "6400")});
+    EXPECT_EQ(listener.count(QAccessible::ObjectReorder), 1);
+    EXPECT_EQ(listener.count(QAccessible::DescriptionChanged), 1);
+    properties.setRows({});
+    EXPECT_EQ(listener.count(QAccessible::ObjectReorder), 2);
+}
+
+TEST_F(RowsTest, listeners_hear_a_new_value_though_the_captions_move_with_it) {
+    interfaces.setRows({{.title = QStringLiteral("en0"), .caption = QStringLiteral("Wi-Fi")}});
+    show(interfaces);
+    const Listener listener;
+    interfaces.setRows(
+        {{.title = QStringLiteral("a-long-bridge0"), .caption = QStringLiteral("Other")}});
+    EXPECT_EQ(listener.count(QAccessible::DescriptionChanged), 1);
 }
 
 TEST_F(RowsTest, a_bar_is_as_long_as_its_share) {
