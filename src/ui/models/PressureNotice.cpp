@@ -23,6 +23,9 @@ std::optional<PressureNotice> describePressure(MemoryStats::Pressure level,
     notice.consumersTitle = text(L10n::Key::memory_topConsumers);
     for (const ProcessSnapshot& each : consumers)
         notice.consumers.push_back({each.name, formatProcessMB(each.residentMemoryBytes)});
+    for (PressureNotice::Consumer& each : notice.consumers) {
+        if (each.name.empty()) each.name = emptyMark;
+    }
     return notice;
 }
 
