@@ -125,6 +125,8 @@ int run(const Options& options) {
     print("its system part", costs.system, costs);
     print("its main-thread part", costs.main, costs);
     print("of that, the sorting", costs.sorting, costs);
+    print("energy scores", costs.energy, costs);
+    print("the detector, its window full", costs.detector, costs);
     print("preads of the stat files", costs.preads, costs);
     if (topPerSecond)
         std::fputs(fmt::format("  {:<26}{:>12.1f}{:>12}{:>14.3f}\n", "top -b -d 1", *topPerSecond,

@@ -24,6 +24,30 @@ LinuxPlatform::Options optionsWith(const std::filesystem::path& configFolder) {
     return options;
 }
 
+/// The same ports with another time.
+Ports withClock(const Ports& ports, Clock& clock) {
+    Ports changed{.clock = clock,
+                  .heapRelief = ports.heapRelief,
+                  .hidEventSystem = ports.hidEventSystem,
+                  .hostInfo = ports.hostInfo,
+                  .ioRegistry = ports.ioRegistry,
+                  .ioReport = ports.ioReport,
+                  .locale = ports.locale,
+                  .memoryPressure = ports.memoryPressure,
+                  .networkInterfaces = ports.networkInterfaces,
+                  .powerSources = ports.powerSources,
+                  .processInfo = ports.processInfo,
+                  .processTable = ports.processTable,
+                  .smc = ports.smc,
+                  .sysctl = ports.sysctl,
+                  .thermalState = ports.thermalState,
+                  .unifiedLog = ports.unifiedLog,
+                  .userDefaults = ports.userDefaults,
+                  .userNotifications = ports.userNotifications,
+                  .workspace = ports.workspace};
+    return changed;
+}
+
 }  // namespace
 
 TableMeter::TableMeter()
@@ -31,6 +55,8 @@ TableMeter::TableMeter()
       blocking_(LinuxPlatform::nameThread("table")),
       platform_(loop_, loop_.executor(), optionsWith(settings_.path())),
       manager_(platform_.ports(), {loop_.executor(), tick_, blocking_}),
+      energy_(platform_.ports().processTable, platform_.ports().clock),
+      detector_(withClock(platform_.ports(), detectorClock_)),
       tasks_(loop_.executor()) {
     (void)onWorker([this] { workerClock_.emplace(); });
     readTable();
@@ -49,6 +75,9 @@ TableCosts TableMeter::measure(int rounds, std::chrono::milliseconds gap) {
         wait(gap);
         timeRefresh(into, gap);
         into.sorting.add(timeSorting());
+        wait(gap);
+        into.energy.add(timeEnergy());
+        into.detector.add(timeDetector());
         wait(gap);
         into.system.add(onWorker([this] { readTable(); }));
         wait(gap);
@@ -87,6 +116,29 @@ std::chrono::nanoseconds TableMeter::timeSorting() {
     (void)order.sorted(processes);  // knows the names from now on, as from the second refresh on
     const auto before = mainClock_.used();
     const auto sorted = order.sorted(std::move(processes));
+    return mainClock_.used() - before;
+}
+
+std::chrono::nanoseconds TableMeter::timeEnergy() {
+    const auto before = mainClock_.used();
+    const auto impacts = energy_.compute(*manager_.processes);
+    return mainClock_.used() - before;
+}
+
+void TableMeter::fillWindow() {
+    constexpr int observations = 360;
+    detector_.isEnabled = true;
+    for (int i = 0; i < observations; ++i) {
+        detectorClock_.advanceBy(std::chrono::seconds(5));
+        detector_.observe(*manager_.processes);
+    }
+}
+
+std::chrono::nanoseconds TableMeter::timeDetector() {
+    if (!*detector_.isEnabled) fillWindow();
+    detectorClock_.advanceBy(std::chrono::seconds(5));
+    const auto before = mainClock_.used();
+    detector_.observe(*manager_.processes);
     return mainClock_.used() - before;
 }
 

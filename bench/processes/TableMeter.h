@@ -15,6 +15,9 @@
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/LinuxProcessTable.h"
 #include "platform/linux/PollRunLoop.h"
+#include "platform/simulated/ManualClock.h"
+#include "processes/AppEnergyService.h"
+#include "processes/BackgroundHogDetector.h"
 #include "processes/ProcessManager.h"
 
 namespace vtx::bench {
@@ -31,6 +34,10 @@ struct TableCosts {
     Statistics main;
     /// The sorting alone.
     Statistics sorting;
+    /// What follows a refresh in a pass: scoring what each process costs in energy, and taking each
+    /// into the detector of background hogs, whose window is full and which is asked for no hog.
+    Statistics energy;
+    Statistics detector;
     /// One read each of the stat files of the same processes, kept open.
     Statistics preads;
 };
@@ -51,6 +58,9 @@ private:
     [[nodiscard]] std::chrono::nanoseconds onWorker(const std::function<void()>& work);
     void timeRefresh(TableCosts& costs, std::chrono::milliseconds gap);
     [[nodiscard]] std::chrono::nanoseconds timeSorting();
+    [[nodiscard]] std::chrono::nanoseconds timeEnergy();
+    [[nodiscard]] std::chrono::nanoseconds timeDetector();
+    void fillWindow();
     void readTable();
     void readFiles();
 
@@ -65,6 +75,9 @@ private:
     std::vector<FileDescriptor> files_;
     std::size_t processes_ = 0;
     ProcessManager manager_;
+    AppEnergyService energy_;
+    ManualClock detectorClock_;  ///< passes five seconds with each observation
+    BackgroundHogDetector detector_;
     ThreadClock mainClock_;
     std::optional<ThreadClock> workerClock_;
     bool isDone_ = false;

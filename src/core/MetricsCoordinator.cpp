@@ -55,10 +55,14 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       diskIO(services_->diskIO),
       fan(services_->fan),
       ane(services_->ane),
+      appEnergy(services_->appEnergy),
+      hogDetector(services_->hogDetector),
+      workspace(ports.workspace),
       preferences(*this, DisplayPreferences::load(ports.userDefaults)),
       tasks_(executors.main) {
     applyAutoRelief();
     memoryPressure.attach(memory, processes);
+    applyHogDetector();
     applyLanguage();
     installPreferenceSink();
     if (!SystemInfoService::isRunningTests(ports_.processInfo)) observeSystemPower();
@@ -139,6 +143,8 @@ Task<> MetricsCoordinator::refreshAll() {
     if (areProcessesDue(now)) {
         lastProcessRefresh_ = now;
         co_await processes.refresh();
+        energyByPID = appEnergy.compute(*processes.processes);
+        hogDetector.observe(*processes.processes);
     } else if (!needsProcesses() && now - lastProcessRefresh_ >= processPatience) {
         co_await processes.rest();
     }
@@ -211,11 +217,21 @@ void MetricsCoordinator::applyAutoRelief() {
         memoryPressure.autoRelieveOnPressure = wanted;
 }
 
+void MetricsCoordinator::applyHogDetector() {
+    const DisplayPreferences& p = *preferences;
+    if (*hogDetector.isEnabled != p.hogDetectorEnabled)
+        hogDetector.isEnabled = p.hogDetectorEnabled;
+    const BackgroundHogDetector::Configuration wanted{
+        .cpuThreshold = p.hogCPUThreshold, .minDurationSeconds = p.hogMinDurationSeconds};
+    if (*hogDetector.configuration != wanted) hogDetector.configuration = wanted;
+}
+
 void MetricsCoordinator::installPreferenceSink() {
     const auto changes = dropFirst(removeDuplicates(preferences.stream()));
     preferencesPersistence_ = changes([this](const DisplayPreferences& changed) {
         changed.save(ports_.userDefaults);
         applyAutoRelief();
+        applyHogDetector();
         applyLanguage();
     });
 }
@@ -236,9 +252,10 @@ void MetricsCoordinator::bridgeNestedMonitorChanges() {
              changes(temperature.objectWillChange), changes(network.objectWillChange),
              changes(battery.objectWillChange), changes(processes.objectWillChange),
              changes(diskIO.objectWillChange), changes(fan.objectWillChange),
-             changes(ane.objectWillChange)})([this, next = std::move(next)](const Changed& change) {
-            if (objectWillChange.hasSubscribers()) next(change);
-        });
+             changes(ane.objectWillChange), changes(hogDetector.objectWillChange)})(
+            [this, next = std::move(next)](const Changed& change) {
+                if (objectWillChange.hasSubscribers()) next(change);
+            });
     };
     const auto throttled = throttleLatest(std::move(merged), bridgeInterval, ports_.clock, main_);
     nestedMonitorBridges_.push_back(throttled([this](const Changed&) { objectWillChange.emit(); }));

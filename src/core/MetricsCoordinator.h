@@ -15,6 +15,8 @@
 
 namespace vtx {
 
+class Workspace;
+
 /// The subsystems that are sampled only where something asks for them.
 enum class Subsystem { gpu, memory, temperature, thermal, disk, fan, ane };
 
@@ -48,6 +50,11 @@ public:
     DiskIOMonitor& diskIO;
     FanMonitor& fan;
     ANEMonitor& ane;
+    AppEnergyService& appEnergy;
+    BackgroundHogDetector& hogDetector;
+
+    /// The user's session, for what the user asks of other programs.
+    Workspace& workspace;
 
     /// What the user set. Each change is saved and put in force at once.
     Published<DisplayPreferences> preferences;
@@ -62,6 +69,9 @@ public:
     Published<HistorySeries> diskReadHistory{*this};
     Published<HistorySeries> diskWriteHistory{*this};
     Published<HistorySeries> aneHistory{*this};
+
+    /// What each process costs in energy, by pid, of the last pass that sampled processes.
+    Published<AppEnergyService::Impacts> energyByPID{*this};
 
     /// Identifier of the tile that compact mode shows: the metric that most deserves it.
     Published<std::string> criticalMetric{*this, "cpu"};
@@ -112,6 +122,7 @@ private:
 
     void applyLanguage();
     void applyAutoRelief();
+    void applyHogDetector();
     void installPreferenceSink();
     void observeSystemPower();
     void bridgeNestedMonitorChanges();

@@ -7,6 +7,8 @@
 #include "memory/MemoryMonitor.h"
 #include "memory/MemoryPressureService.h"
 #include "platform/Ports.h"
+#include "processes/AppEnergyService.h"
+#include "processes/BackgroundHogDetector.h"
 #include "processes/ProcessManager.h"
 #include "smc/TemperatureService.h"
 #include "telemetry/ANEMonitor.h"
@@ -37,7 +39,9 @@ struct Services {
           systemInfo(ports),
           diskIO(ports.ioRegistry, ports.clock),
           fan(ports),
-          ane(ports) {}
+          ane(ports),
+          appEnergy(ports.processTable, ports.clock),
+          hogDetector(ports) {}
 
     CPUMonitor cpu;
     GPUMonitor gpu;
@@ -53,6 +57,8 @@ struct Services {
     DiskIOMonitor diskIO;
     FanMonitor fan;
     ANEMonitor ane;
+    AppEnergyService appEnergy;
+    BackgroundHogDetector hogDetector;
 };
 
 }  // namespace vtx

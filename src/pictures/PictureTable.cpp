@@ -1,12 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "pictures/PictureTable.h"
 
+#include "pictures/ProcessPictures.h"
 #include "pictures/StripPictures.h"
+#include "ui/kit/Metrics.h"
 
 namespace vtx {
 namespace {
 
+constexpr QSize popover(metrics::popoverWidth, metrics::popoverHeight - metrics::sectionBarHeight);
+
 const PictureRow rows[] = {
+    {"processes", "loading", popover, processPictures::beforeTheFirstList},
+    {"processes", "three", popover, processPictures::three},
+    {"processes", "thousand", popover, processPictures::thousand},
+    {"processes", "no-match", popover, processPictures::withoutMatch},
+    {"processes", "hogs", popover, processPictures::withHogs},
+    {"processes", "no-hogs", popover, processPictures::withoutHogs},
+    {"processes", "confirmation", popover, processPictures::confirmation},
+    {"processes", "refused", popover, processPictures::refused},
+    {"processes", "menu", {}, processPictures::menu},
     {"strip", "empty", {}, stripPictures::beforeReadings},
     {"strip", "usual", {}, stripPictures::usual},
     {"strip", "widest", {}, stripPictures::widest},

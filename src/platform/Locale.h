@@ -21,6 +21,9 @@ public:
     /// Bytes by whose plain comparison texts sort as the user's language sorts them, without regard
     /// to case: those that differ in nothing else have the same key.
     [[nodiscard]] virtual std::string collationKey(std::string_view text) const = 0;
+
+    /// The text in small letters, whatever the language: for comparing without regard to case.
+    [[nodiscard]] virtual std::string lowercased(std::string_view text) const = 0;
 };
 
 }  // namespace vtx

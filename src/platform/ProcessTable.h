@@ -60,6 +60,18 @@ struct ProcessDetails {
     std::optional<bool> isSystemSoftware;
 };
 
+/// What the logic reads of the `rusage_info_v4` that the kernel keeps of one process. Each counter
+/// only grows; one that the platform does not have stays 0.
+struct RusageInfo {
+    std::uint64_t userTime = 0;  ///< CPU time in units of `machTimebaseInfo`, as the next one
+    std::uint64_t systemTime = 0;
+    std::uint64_t pkgIdleWakeups = 0;  ///< times that it woke the whole package
+    std::uint64_t interruptWakeups = 0;
+    std::uint64_t billedEnergy = 0;  ///< 0 until the kernel has billed it any
+
+    friend bool operator==(const RusageInfo&, const RusageInfo&) = default;
+};
+
 /// The processes of this machine. `kernProcAll`, `details` and `letGo` belong to one engine, the
 /// rest is for any thread.
 class ProcessTable {
@@ -83,6 +95,10 @@ public:
     virtual void letGo() = 0;
 
     [[nodiscard]] virtual MachTimebaseInfo machTimebaseInfo() const = 0;
+
+    /// `proc_pid_rusage` with RUSAGE_INFO_V4. What the platform learned when the table was listed
+    /// last may stand for it. Returns 0 or an errno value, with which `info` stays as it is.
+    [[nodiscard]] virtual int procPidRusage(std::int32_t pid, RusageInfo& info) const = 0;
 
     /// The user that this program runs as.
     [[nodiscard]] virtual std::uint32_t getuid() const = 0;

@@ -7,13 +7,18 @@
 #include "base/Clock.h"
 #include "base/Executors.h"
 #include "base/Log.h"
+#include "base/Sleep.h"
 #include "platform/Ports.h"
+#include "processes/ProcessFilter.h"
 
 namespace vtx {
 namespace {
 
 constexpr Logger logger{"ProcessManager"};
 constexpr std::uint32_t greatestNice = 20;
+constexpr Duration followInterval = std::chrono::seconds(2);
+/// So that it can share a wake-up with a pass.
+constexpr Duration followTolerance = std::chrono::milliseconds(200);
 
 /// Whether two records with one number are of one process, as far as that is known.
 bool isSame(const ProcessSnapshot& a, const ProcessSnapshot& b) {
@@ -25,9 +30,11 @@ bool isSame(const ProcessSnapshot& a, const ProcessSnapshot& b) {
 ProcessManager::ProcessManager(const Ports& ports, const Executors& executors)
     : table_(ports.processTable),
       clock_(ports.clock),
+      locale_(ports.locale),
       order_(ports.locale),
       engine_(executors.blocking,
-              std::make_shared<ProcessSamplingEngine>(ports.processTable, ports.clock)) {}
+              std::make_shared<ProcessSamplingEngine>(ports.processTable, ports.clock)),
+      tasks_(executors.main) {}
 
 Task<> ProcessManager::refresh() {
     isLoading = true;
@@ -36,6 +43,32 @@ Task<> ProcessManager::refresh() {
     processes = order_.sorted(std::move(sample));
     lastRefresh = clock_.now();
     isLoading = false;
+}
+
+Subscription ProcessManager::keepFresh() {
+    auto task = tasks_.spawn([this](std::stop_token stop) { return follow(std::move(stop)); });
+    return Subscription([task = std::move(task)]() mutable { task.cancel(); });
+}
+
+Task<> ProcessManager::follow(std::stop_token stop) {
+    while (!stop.stop_requested()) {
+        co_await refresh();
+        if (stop.stop_requested()) co_return;
+        co_await clock_.sleepUntil(clock_.continuous() + followInterval, followTolerance, stop);
+    }
+}
+
+void ProcessManager::startRefresh() {
+    tasks_.spawn([this](const std::stop_token&) { return refresh(); });
+}
+
+std::optional<double> ProcessManager::secondsSinceRefresh() const {
+    if (!*lastRefresh) return std::nullopt;
+    return toSeconds(clock_.now() - **lastRefresh);
+}
+
+std::vector<ProcessSnapshot> ProcessManager::matching(std::string_view search) const {
+    return ProcessFilter(search, locale_).of(*processes);
 }
 
 Task<> ProcessManager::rest() {

@@ -2,11 +2,15 @@
 #pragma once
 
 #include <optional>
+#include <stop_token>
+#include <string_view>
 #include <variant>
 #include <vector>
 
 #include "base/Confined.h"
 #include "base/Published.h"
+#include "base/Subscription.h"
+#include "base/TaskScope.h"
 #include "processes/ProcessManagerError.h"
 #include "processes/ProcessOrder.h"
 #include "processes/ProcessSamplingEngine.h"
@@ -30,6 +34,17 @@ public:
     /// Refreshes may overlap.
     Task<> refresh();
 
+    /// Refreshes at once and then two seconds after each end, for as long as the token lives.
+    [[nodiscard]] Subscription keepFresh();
+    /// Begins a refresh that nobody waits for.
+    void startRefresh();
+
+    /// How long ago the latest sample was published, in seconds; absent before the first.
+    [[nodiscard]] std::optional<double> secondsSinceRefresh() const;
+    /// Those of the latest sample whose name holds the text, without regard to case, or whose
+    /// number in decimal does; all where the text is blank.
+    [[nodiscard]] std::vector<ProcessSnapshot> matching(std::string_view search) const;
+
     /// Nobody asks for the processes for now: what is kept for the next sample alone is given back,
     /// once. What was published stays.
     Task<> rest();
@@ -51,11 +66,15 @@ public:
     Published<std::optional<Date>> lastRefresh{*this};
 
 private:
+    Task<> follow(std::stop_token stop);
+
     ProcessTable& table_;
-    const Clock& clock_;
+    Clock& clock_;
+    const Locale& locale_;
     ProcessOrder order_;
     Confined<ProcessSamplingEngine> engine_;
     bool isResting_ = true;  ///< as it does until the first refresh
+    TaskScope tasks_;  // last: its frames use all of the above
 };
 
 }  // namespace vtx

@@ -19,6 +19,8 @@ constexpr Logger logger{"ProcessSamplingEngine"};
 constexpr std::size_t headroom = 16;
 constexpr int attempts = 3;
 constexpr double nanosecondsPerSecond = 1e9;
+/// Over so many units of processor time a share is off by two percent of a core at most.
+constexpr std::uint64_t leastUnits = 50;
 
 std::string textOf(std::string_view bytes) {
     return repairedUtf8(bytes.substr(0, bytes.find('\0')));
@@ -65,7 +67,12 @@ std::optional<std::span<const KinfoProc>> ProcessSamplingEngine::fetchAllProcs()
 
 std::vector<ProcessSnapshot> ProcessSamplingEngine::snapshot() {
     const Date now = clock_.now();
-    const double elapsed = prevSampleAt_ ? toSeconds(now - *prevSampleAt_) : 0.0;
+    const double shortest =
+        static_cast<double>(nanoseconds(leastUnits, timebase_)) / nanosecondsPerSecond;
+    const double sincePrevious = previous_.secondsUntil(now);
+    const bool isTooSoon = sincePrevious > 0.0 && sincePrevious < shortest;
+    Baseline& before = isTooSoon ? beforePrevious_ : previous_;
+    const double elapsed = before.secondsUntil(now);
     const auto records = fetchAllProcs();
     if (!records) {
         logger.error("sysctl(KERN_PROC_ALL) returned no data");
@@ -76,21 +83,22 @@ std::vector<ProcessSnapshot> ProcessSamplingEngine::snapshot() {
     std::vector<ProcessSnapshot> all;
     all.reserve(records->size());
     for (const KinfoProc& record : *records)
-        if (record.pid >= 1) all.push_back(read(record, elapsed, totals));
+        if (record.pid >= 1) all.push_back(read(record, before, elapsed, totals));
+    if (isTooSoon) return all;
     totals.arrange();
-    prevTotalCPUNanos_ = std::move(totals);
-    prevSampleAt_ = now;
+    beforePrevious_ = std::exchange(previous_, {std::move(totals), now});
     return all;
 }
 
 bool ProcessSamplingEngine::rest() {
     table_.letGo();
     std::vector<KinfoProc>().swap(records_);
+    beforePrevious_ = {};
     return true;
 }
 
-ProcessSnapshot ProcessSamplingEngine::read(const KinfoProc& record, double elapsed,
-                                            CPUTotals& totals) {
+ProcessSnapshot ProcessSamplingEngine::read(const KinfoProc& record, Baseline& baseline,
+                                            double elapsed, CPUTotals& totals) {
     const ProcessDetails details = table_.details(record.pid);
     ProcessSnapshot process;
     process.pid = record.pid;
@@ -101,7 +109,7 @@ ProcessSnapshot ProcessSamplingEngine::read(const KinfoProc& record, double elap
         const ProcTaskInfo& task = details.taskInfo;
         const std::uint64_t total = nanoseconds(task.totalUser + task.totalSystem, timebase_);
         totals.add(record.pid, total);
-        const auto before = prevTotalCPUNanos_.find(record.pid);
+        const auto before = baseline.totalCPUNanos.find(record.pid);
         if (before && elapsed > 0.0 && total >= *before)
             process.cpuPercent =
                 static_cast<double>(total - *before) / nanosecondsPerSecond / elapsed;

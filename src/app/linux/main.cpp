@@ -11,6 +11,7 @@
 #include "platform/linux/TerminationSignals.h"
 #include "ui/shell/QtMainExecutor.h"
 #include "ui/shell/linux/QtRunLoop.h"
+#include "ui/shell/linux/X11FrontmostProcess.h"
 
 int main(int argc, char** argv) {
     vtx::LaunchOptions options;
@@ -29,6 +30,7 @@ int main(int argc, char** argv) {
     vtx::QtRunLoop runLoop;
     vtx::LinuxDesktop desktop(runLoop, mainExecutor);
     vtx::LinuxPlatform::Options machine;
+    machine.frontmostProcess = vtx::x11FrontmostProcess();
     machine.session = &desktop.session();
     vtx::LinuxPlatform platform(runLoop, mainExecutor, machine);
     vtx::SerialExecutor tick(vtx::LinuxPlatform::nameThread("vantrix-tick"));

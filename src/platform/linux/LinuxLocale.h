@@ -4,6 +4,7 @@
 #include "platform/Locale.h"
 #include "platform/linux/Collation.h"
 #include "platform/linux/Environment.h"
+#include "platform/linux/LetterCase.h"
 
 namespace vtx {
 
@@ -20,6 +21,9 @@ public:
     [[nodiscard]] std::string collationKey(std::string_view text) const override {
         return collation_.key(text);
     }
+    [[nodiscard]] std::string lowercased(std::string_view text) const override {
+        return letterCase_.lowercased(text);
+    }
 
     /// "de_AT.UTF-8@euro" as "de-AT", "sr_RS@latin" as "sr-Latn-RS"; absent for "C", "POSIX" and
     /// for what names no language.
@@ -30,6 +34,7 @@ private:
 
     Environment environment_;
     Collation collation_;
+    LetterCase letterCase_;
 };
 
 }  // namespace vtx

@@ -69,7 +69,9 @@ struct LinuxPlatform::Members {
           userDefaults(options.configFolder),
           userNotifications(options.session, clock),
           smc(root, sensorTools()),
-          workspace(bus, main) {}
+          workspace(bus, main,
+                    {options.frontmostProcess, options.session,
+                     SystemMonitor(root, options.environment)}) {}
 
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;

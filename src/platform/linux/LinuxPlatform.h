@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,6 +32,8 @@ public:
         /// The message bus; empty for the system's own.
         std::string busAddress;
         Environment environment = processEnvironment();
+        /// Asks the display which process is in front; empty where it does not tell.
+        std::function<std::optional<std::int32_t>()> frontmostProcess = {};
         /// The bus of the user's session, which outlives the platform; null for none.
         SystemBus* session = nullptr;
         /// Where what may block is read; null for a thread of the platform's own.

@@ -127,4 +127,12 @@ ProcessDetails LinuxProcess::details() const {
     return details;
 }
 
+std::optional<RusageInfo> LinuxProcess::usage() const {
+    if (!isWhole_) return std::nullopt;
+    RusageInfo info;
+    info.userTime = stat_.userTicks;
+    info.systemTime = stat_.systemTicks;
+    return info;
+}
+
 }  // namespace vtx

@@ -45,6 +45,8 @@ public:
     [[nodiscard]] std::uint32_t uid() const { return uid_; }
     /// What the last refresh read, after one that was refused what was learned before.
     [[nodiscard]] ProcessDetails details() const;
+    /// What it has used, of the last refresh; absent after one that was refused.
+    [[nodiscard]] std::optional<RusageInfo> usage() const;
     [[nodiscard]] bool keepsDescriptor() const { return static_cast<bool>(file_); }
     /// Closes the descriptor, where it keeps one; the next refresh opens it for that read alone.
     void letGo();

@@ -74,7 +74,16 @@ int LinuxProcessTable::readAll() {
     for (; listed != listing.pids.end(); ++listed) add(*listed);
     processes_.swap(present_);
     present_.clear();
+    publishUsages();
     return 0;
+}
+
+void LinuxProcessTable::publishUsages() {
+    ProcessUsages::List all;
+    all.reserve(processes_.size());
+    for (const auto& process : processes_)
+        if (const auto usage = process->usage()) all.emplace_back(process->pid(), *usage);
+    usages_.replace(std::move(all));
 }
 
 bool LinuxProcessTable::refresh(LinuxProcess& process) {
@@ -117,12 +126,20 @@ void LinuxProcessTable::letGo() {
     Processes().swap(processes_);
     next_ = 0;
     listing_.beginAnew();
+    usages_.replace({});
 }
 
 MachTimebaseInfo LinuxProcessTable::machTimebaseInfo() const {
     const long ticksPerSecond = ::sysconf(_SC_CLK_TCK);
     if (ticksPerSecond <= 0) return {};
     return {nanosecondsPerSecond / static_cast<std::uint32_t>(ticksPerSecond), 1};
+}
+
+int LinuxProcessTable::procPidRusage(std::int32_t pid, RusageInfo& info) const {
+    const auto found = usages_.find(pid);
+    if (!found) return ESRCH;
+    info = *found;
+    return 0;
 }
 
 int LinuxProcessTable::setpriority(std::int32_t pid, std::optional<ProcessStartTime> start,

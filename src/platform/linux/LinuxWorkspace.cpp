@@ -1,8 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxWorkspace.h"
 
+#include <systemd/sd-bus.h>
+
+#include <string_view>
+#include <utility>
+
+#include "base/Log.h"
+#include "platform/linux/FileURI.h"
+
 namespace vtx {
 namespace {
+
+constexpr Logger logger{"LinuxWorkspace"};
+constexpr std::string_view noBus = "there is no session bus";
+
+void tellNotShown(const std::string& path, std::string_view why) {
+    logger.error("No file manager shows {}: {}", path, why);
+}
+
+const BusObject& fileManager() {
+    static const BusObject object{"org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
+                                  "org.freedesktop.FileManager1"};
+    return object;
+}
 
 const BusObject& loginManager() {
     static const BusObject object{"org.freedesktop.login1", "/org/freedesktop/login1",
@@ -12,8 +33,40 @@ const BusObject& loginManager() {
 
 }  // namespace
 
+LinuxWorkspace::LinuxWorkspace(SystemBus& bus, Executor& main, Desktop desktop)
+    : bus_(bus),
+      main_(main),
+      desktop_(std::move(desktop)),
+      self_(std::make_shared<LinuxWorkspace*>(this)) {}
+
 LinuxWorkspace::LinuxWorkspace(SystemBus& bus, Executor& main)
-    : bus_(bus), main_(main), self_(std::make_shared<LinuxWorkspace*>(this)) {}
+    : LinuxWorkspace(bus, main, Desktop()) {}
+
+std::optional<std::int32_t> LinuxWorkspace::frontmostApplication() {
+    return desktop_.frontmost ? desktop_.frontmost() : std::nullopt;
+}
+
+void LinuxWorkspace::selectFile(const std::string& path) {
+    if (!desktop_.session) return tellNotShown(path, noBus);
+    const std::string uri = fileURI(path);
+    const auto append = [&uri](sd_bus_message* message) {
+        return sd_bus_message_append(message, "ass", 1, uri.c_str(), "");
+    };
+    fileManager_ =
+        desktop_.session->call({fileManager(), "ShowItems", append, BusCall::Activation::ifNeeded},
+                               [path](BusMessage& answer) {
+                                   if (answer.isFailure()) tellNotShown(path, answer.error());
+                               });
+    if (!fileManager_) tellNotShown(path, noBus);
+}
+
+bool LinuxWorkspace::hasSystemMonitor() {
+    return desktop_.monitor && desktop_.monitor->command().has_value();
+}
+
+void LinuxWorkspace::openSystemMonitor() {
+    if (desktop_.monitor) desktop_.monitor->open();
+}
 
 Subscription LinuxWorkspace::onWillSleep(std::function<void()> handler) {
     auto token = willSleep_.subscribe(std::move(handler));

@@ -6,6 +6,7 @@
 #include "platform/Workspace.h"
 #include "platform/linux/FileDescriptor.h"
 #include "platform/linux/SystemBus.h"
+#include "platform/linux/SystemMonitor.h"
 
 namespace vtx {
 
@@ -15,10 +16,30 @@ namespace vtx {
 /// Without a login manager nothing is ever told. Main executor; owned by the platform.
 class LinuxWorkspace final : public Workspace {
 public:
+    /// Asks the display which process has the window in front. Absent where that is not told.
+    using FrontmostProcess = std::function<std::optional<std::int32_t>()>;
+
+    /// What the user's desktop does for it. Each may be missing.
+    struct Desktop {
+        FrontmostProcess frontmost = {};
+        /// The session's bus, which outlives this.
+        SystemBus* session = nullptr;
+        std::optional<SystemMonitor> monitor = std::nullopt;
+    };
+
+    LinuxWorkspace(SystemBus& bus, Executor& main, Desktop desktop);
+    /// Without a desktop.
     LinuxWorkspace(SystemBus& bus, Executor& main);
 
     [[nodiscard]] Subscription onWillSleep(std::function<void()> handler) override;
     [[nodiscard]] Subscription onDidWake(std::function<void()> handler) override;
+
+    [[nodiscard]] std::optional<std::int32_t> frontmostApplication() override;
+    /// By the desktop's file manager, which the session starts if need be. That there is none is
+    /// logged.
+    void selectFile(const std::string& path) override;
+    [[nodiscard]] bool hasSystemMonitor() override;
+    void openSystemMonitor() override;
 
     /// Whether the machine's sleep waits for this process.
     [[nodiscard]] bool holdsInhibitor() const { return static_cast<bool>(inhibitor_); }
@@ -31,6 +52,8 @@ private:
 
     SystemBus& bus_;
     Executor& main_;
+    Desktop desktop_;
+    Subscription fileManager_;  ///< the call under way
     Signal<> willSleep_;
     Signal<> didWake_;
     bool isListening_ = false;

@@ -68,6 +68,11 @@ inline constexpr std::string_view preferredLanguages = "locale:preferredLanguage
 /// Counted; cannot fail.
 inline constexpr std::string_view mallocZonePressureRelief = "malloc_zone_pressure_relief";
 
+/// Counted; cannot fail.
+inline constexpr std::string_view frontmostApplication = "workspace:frontmostApplication";
+inline constexpr std::string_view selectFile = "workspace:selectFile";
+inline constexpr std::string_view openSystemMonitor = "workspace:openSystemMonitor";
+
 /// The table of processes. Sizing and filling fail with an errno value; a short filling tells of
 /// one record less than there are, and that is not counted apart.
 inline constexpr std::string_view kernProcAllSize = "sysctl(KERN_PROC_ALL):size";
@@ -77,8 +82,9 @@ inline constexpr std::string_view kernProcAllShort = "sysctl(KERN_PROC_ALL):shor
 inline constexpr std::string_view processDetails = "processTable:details";
 /// Counted; cannot fail.
 inline constexpr std::string_view processesLetGo = "processTable:letGo";
-/// The result is an errno value.
+/// The results are errno values.
 inline constexpr std::string_view setpriority = "setpriority";
+inline constexpr std::string_view procPidRusage = "proc_pid_rusage";
 
 /// The registry. A failing call gives null or, where there is one, the result; a failing walk ends.
 inline constexpr std::string_view registryEntryFromPath = "IORegistryEntryFromPath";

@@ -21,6 +21,18 @@ std::vector<std::string> SimulatedLocale::preferredLanguages() const {
     return mac_.preferredLanguages;
 }
 
+std::string SimulatedLocale::lowercased(std::string_view text) const {
+    std::string small;
+    for (const char c : text) {
+        // The capitals of Latin-1 are 32 below their small letters; one of them is a sign.
+        const auto byte = static_cast<unsigned char>(c);
+        const bool isLatin = !small.empty() && small.back() == '\xC3';
+        const bool isCapital = isLatin && byte >= 0x80 && byte <= 0x9E && byte != 0x97;
+        small += isCapital ? static_cast<char>(byte | 0x20U) : lower(c);
+    }
+    return small;
+}
+
 std::string SimulatedLocale::collationKey(std::string_view text) const {
     std::string bases;
     std::string accents;

@@ -16,6 +16,8 @@ public:
     [[nodiscard]] std::vector<std::string> preferredLanguages() const override;
     /// Latin letters sort by their base letter first.
     [[nodiscard]] std::string collationKey(std::string_view text) const override;
+    /// Knows the letters of Latin-1.
+    [[nodiscard]] std::string lowercased(std::string_view text) const override;
 
 private:
     SimulatedMac& mac_;

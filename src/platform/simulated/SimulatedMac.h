@@ -58,6 +58,11 @@ public:
     /// The process's environment, empty at first, so that nothing of the real one shows.
     std::map<std::string, std::string, std::less<>> environment;
     std::vector<std::string> loadedBundlePaths;
+    /// The process of the application in front; none where nobody is logged in.
+    std::optional<std::int32_t> frontmostApplication;
+    /// What the file viewer shows selected; empty before the first.
+    std::string selectedFile;
+    bool hasSystemMonitor = true;
 
     /// From now on all parts live as if somebody worked at the machine.
     void live(std::uint64_t seed);

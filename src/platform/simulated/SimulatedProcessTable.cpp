@@ -68,6 +68,17 @@ ProcessDetails SimulatedProcessTable::details(std::int32_t pid) {
     return details;
 }
 
+int SimulatedProcessTable::procPidRusage(std::int32_t pid, RusageInfo& info) const {
+    if (const auto failure = instruments_.enter(operations::procPidRusage)) return *failure;
+    const auto process = processes_.find(pid);
+    if (!process) return valueOf(std::errc::no_such_process);
+    if (process->refusesRusage) return valueOf(std::errc::operation_not_permitted);
+    const ProcTaskInfo task = taskInfoOf(*process);
+    info = {task.totalUser, task.totalSystem, process->pkgIdleWakeups, process->interruptWakeups,
+            process->billedEnergy};
+    return 0;
+}
+
 void SimulatedProcessTable::letGo() {
     instruments_.counter.count(operations::processesLetGo);
     listed_.clear();

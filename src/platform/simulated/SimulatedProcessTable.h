@@ -20,6 +20,8 @@ public:
     [[nodiscard]] ProcessDetails details(std::int32_t pid) override;
     void letGo() override;
     [[nodiscard]] MachTimebaseInfo machTimebaseInfo() const override { return timebase; }
+    /// Of this moment.
+    [[nodiscard]] int procPidRusage(std::int32_t pid, RusageInfo& info) const override;
     [[nodiscard]] std::uint32_t getuid() const override { return SimulatedProcesses::user; }
     /// Refuses what the system refuses an ordinary user: processes of others, and a niceness below
     /// the present one.

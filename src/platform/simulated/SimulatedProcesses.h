@@ -34,8 +34,14 @@ struct SimulatedProcess {
     /// What it has used until now.
     std::uint64_t cpuNanoseconds = 0;
 
+    /// What it has done so far, as the kernel counts; scripted.
+    std::uint64_t pkgIdleWakeups = 0;
+    std::uint64_t interruptWakeups = 0;
+    std::uint64_t billedEnergy = 0;
+
     bool refusesName = false;
     bool refusesTaskInfo = false;
+    bool refusesRusage = false;
     /// errno with which its niceness is refused; 0 tells it.
     int priorityError = 0;
 

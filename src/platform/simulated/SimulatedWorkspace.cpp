@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "platform/simulated/Operations.h"
+
 namespace vtx {
 
 Subscription SimulatedWorkspace::onWillSleep(std::function<void()> handler) {
@@ -12,6 +14,20 @@ Subscription SimulatedWorkspace::onWillSleep(std::function<void()> handler) {
 
 Subscription SimulatedWorkspace::onDidWake(std::function<void()> handler) {
     return instruments_.handles.hold(handles::didWake, mac_.didWake.subscribe(std::move(handler)));
+}
+
+void SimulatedWorkspace::selectFile(const std::string& path) {
+    instruments_.counter.count(operations::selectFile);
+    mac_.selectedFile = path;
+}
+
+void SimulatedWorkspace::openSystemMonitor() {
+    instruments_.counter.count(operations::openSystemMonitor);
+}
+
+std::optional<std::int32_t> SimulatedWorkspace::frontmostApplication() {
+    instruments_.counter.count(operations::frontmostApplication);
+    return mac_.frontmostApplication;
 }
 
 }  // namespace vtx

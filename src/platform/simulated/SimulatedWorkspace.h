@@ -15,6 +15,10 @@ public:
 
     [[nodiscard]] Subscription onWillSleep(std::function<void()> handler) override;
     [[nodiscard]] Subscription onDidWake(std::function<void()> handler) override;
+    [[nodiscard]] std::optional<std::int32_t> frontmostApplication() override;
+    void selectFile(const std::string& path) override;
+    [[nodiscard]] bool hasSystemMonitor() override { return mac_.hasSystemMonitor; }
+    void openSystemMonitor() override;
 
 private:
     SimulatedMac& mac_;

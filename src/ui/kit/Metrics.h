@@ -124,6 +124,43 @@ inline constexpr int buttonPadding = 12;
 inline constexpr int buttonSymbol = 14;
 inline constexpr int buttonSymbolGap = 6;
 
+inline constexpr int fieldHeight = 28;
+inline constexpr int fieldPadding = 8;
+inline constexpr int fieldSymbol = 14;
+inline constexpr double caretWidth = 1.5;
+
+inline constexpr int dialogWidth = 305;
+inline constexpr int dialogMargin = 16;
+inline constexpr int dialogPadding = 20;
+inline constexpr int dialogButtonHeight = 28;
+inline constexpr int dialogButtonGap = 8;
+inline constexpr int dialogTitleToMessage = 8;
+inline constexpr int dialogMessageToButtons = 16;
+inline constexpr float dialogDim = 0.55F;
+
+inline constexpr int processRowHeight = 26;
+inline constexpr int processCPUWidth = 52;
+inline constexpr int processMemoryWidth = 60;
+inline constexpr int processPIDWidth = 56;
+inline constexpr int processActionWidth = 22;
+inline constexpr int processActionSymbol = 14;
+/// What lights up behind the symbol, and, wider, what can be clicked.
+inline constexpr int processActionGround = 20;
+inline constexpr int processActionHit = 24;
+/// From the page's edge to a lit row.
+inline constexpr int processRowInset = 6;
+inline constexpr int processNameGap = 6;
+inline constexpr int processMarkHeight = 15;
+inline constexpr int processMarkPadding = 5;
+inline constexpr int processFooterHeight = 30;
+
+inline constexpr int hogPadding = 12;
+inline constexpr int hogTitleSymbol = 12;
+inline constexpr int hogRowHeight = 36;
+inline constexpr int hogRowGap = 4;
+inline constexpr int hogSymbol = 14;
+inline constexpr int hogSymbolToName = 10;
+
 inline constexpr int sectionHeadHeight = 26;
 inline constexpr int sectionHeadInset = 2;
 

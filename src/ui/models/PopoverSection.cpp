@@ -30,7 +30,7 @@ constexpr std::array sections{
 };
 
 bool hasPage(PopoverSection section) {
-    return section != PopoverSection::processes && section != PopoverSection::settings;
+    return section != PopoverSection::settings;
 }
 
 bool isOffered(PopoverSection section, const SystemInfo& machine,

@@ -18,6 +18,7 @@
 #include "ui/surfaces/MemorySection.h"
 #include "ui/surfaces/NetworkSection.h"
 #include "ui/surfaces/OverviewTab.h"
+#include "ui/surfaces/ProcessTab.h"
 #include "ui/surfaces/QtText.h"
 #include "ui/surfaces/SystemInfoSection.h"
 
@@ -141,6 +142,8 @@ QWidget* PopoverView::makePage(PopoverSection section) {
             return new NetworkSection(coordinator_);
         case PopoverSection::battery:
             return new BatterySection(coordinator_);
+        case PopoverSection::processes:
+            return new ProcessTab(coordinator_);
         case PopoverSection::system:
             return new SystemInfoSection(coordinator_);
         default:

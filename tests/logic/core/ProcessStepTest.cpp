@@ -137,6 +137,69 @@ TEST(ProcessStep, passes_that_overlap_sample_once) {
     EXPECT_EQ(b.walks(), 1U);
 }
 
+TEST(ProcessStep, scores_the_energy_of_what_was_listed_and_keeps_the_scores_while_idle) {
+    Steps b;
+    b.mac.processes.change(4102, [](auto& p) { p.load = 0.5; });
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.settle();
+    EXPECT_EQ(b.coordinator.energyByPID->size(), b.coordinator.processes.processes->size());
+    b.advance(seconds(5));
+    EXPECT_NEAR(b.coordinator.energyByPID->at(4102).score, 50.0, 0.1);
+    b.coordinator.setPollingMode(PollingMode::background);
+    b.advance(seconds(60));
+    EXPECT_NEAR(b.coordinator.energyByPID->at(4102).score, 50.0, 0.1);
+}
+
+TEST(ProcessStep, the_detector_observes_after_the_energy_was_scored) {
+    Steps b;
+    b.enableHogDetector();
+    std::vector<std::string> told;
+    const auto energy =
+        b.coordinator.energyByPID.subscribe([&](const auto&) { told.emplace_back("energy"); });
+    const auto hogs =
+        b.coordinator.hogDetector.hogs.subscribe([&](const auto&) { told.emplace_back("hogs"); });
+    told.clear();
+    b.coordinator.start();
+    b.settle();
+    EXPECT_EQ(told, (std::vector<std::string>{"energy", "hogs"}));
+}
+
+TEST(ProcessStep, a_disabled_detector_costs_no_question_and_tells_nothing) {
+    Steps b;
+    int told = -1;
+    const auto hogs = b.coordinator.hogDetector.hogs.subscribe([&](const auto&) { ++told; });
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.advance(seconds(60));
+    EXPECT_EQ(told, 0);
+    EXPECT_EQ(b.platform.calls(operations::frontmostApplication), 0U);
+}
+
+TEST(ProcessStep, preferences_reach_the_detector_at_start_and_at_each_change) {
+    Steps b;
+    const auto& detector = b.coordinator.hogDetector;
+    EXPECT_FALSE(*detector.isEnabled);
+    EXPECT_EQ(*detector.configuration, BackgroundHogDetector::Configuration{});
+    b.change([](auto& p) {
+        p.hogDetectorEnabled = true;
+        p.hogCPUThreshold = 0.4;
+        p.hogMinDurationSeconds = 60;
+    });
+    EXPECT_TRUE(*detector.isEnabled);
+    EXPECT_EQ(*detector.configuration, (BackgroundHogDetector::Configuration{0.4, 60.0, 1800.0}));
+}
+
+TEST(ProcessStep, a_process_that_is_busy_in_the_background_is_found_with_every_surface_closed) {
+    Steps b;
+    b.enableHogDetector();
+    b.mac.processes.change(3874, [](auto& p) { p.load = 2.0; });
+    b.coordinator.start();
+    b.advance(seconds(320));
+    ASSERT_EQ(b.coordinator.hogDetector.hogs->size(), 1U);
+    const HogReport& hog = b.coordinator.hogDetector.hogs->front();
+    EXPECT_EQ(hog.name, "Xcode");
+    EXPECT_NEAR(hog.averageCPU, 2.0, 0.01);
+}
+
 TEST(ProcessStep, a_change_of_the_list_is_a_change_of_the_coordinator) {
     Steps b;
     int told = 0;

@@ -19,6 +19,7 @@ public:
     explicit FakeLocale(std::vector<std::string> languages = {"en-US"}) : preferred(languages) {}
     std::vector<std::string> preferredLanguages() const override { return preferred; }
     std::string collationKey(std::string_view text) const override { return std::string(text); }
+    std::string lowercased(std::string_view text) const override { return std::string(text); }
 
     std::vector<std::string> preferred;
 };

@@ -39,6 +39,13 @@ TEST_F(DescriptorLimit, is_raised_to_what_the_system_allows) {
     EXPECT_EQ(now().rlim_cur, usual.rlim_max);
 }
 
+TEST_F(DescriptorLimit, is_taken_back_for_another_program) {
+    begin(100);
+    raiseDescriptorLimit(200);
+    restoreDescriptorLimit();
+    EXPECT_LT(now().rlim_cur, 200U) << "what the first raise of this process found";
+}
+
 TEST_F(DescriptorLimit, is_never_lowered) {
     begin(300);
     raiseDescriptorLimit(200);

@@ -55,6 +55,32 @@ TEST_F(LinuxProcessTables, every_figure_comes_from_the_one_line) {
     EXPECT_EQ(process.path, std::nullopt);
 }
 
+TEST_F(LinuxProcessTables, what_a_process_has_used_is_told_by_the_last_listing) {
+    tree.put({.pid = 300, .userTicks = 250});
+    RusageInfo info;
+    EXPECT_EQ(table->procPidRusage(300, info), ESRCH);
+    (void)list();
+    tree.put({.pid = 300, .userTicks = 400});
+    EXPECT_EQ(table->procPidRusage(300, info), 0);
+    EXPECT_EQ(info, (RusageInfo{.userTime = 250}));
+    (void)list();
+    EXPECT_EQ(table->procPidRusage(300, info), 0);
+    EXPECT_EQ(info.userTime, 400U);
+}
+
+TEST_F(LinuxProcessTables, a_process_that_ended_or_refuses_has_used_nothing_that_is_known) {
+    tree.put({.pid = 300});
+    tree.put({.pid = 301});
+    (void)list();
+    tree.end(300);
+    tree.put(301, "stat", "cut");
+    (void)list();
+    RusageInfo info{.userTime = 7};
+    EXPECT_EQ(table->procPidRusage(300, info), ESRCH);
+    EXPECT_EQ(table->procPidRusage(301, info), ESRCH);
+    EXPECT_EQ(info.userTime, 7U);
+}
+
 TEST_F(LinuxProcessTables, only_numbers_are_processes_and_they_ascend) {
     for (const int pid : {300, 9, 1200, 77}) tree.put({.pid = pid});
     tree.write("/proc/meminfo", "");

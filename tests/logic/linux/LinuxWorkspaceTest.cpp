@@ -8,8 +8,10 @@
 #include <array>
 #include <memory>
 
+#include "base/Log.h"
 #include "linux/PrivateBus.h"
 #include "platform/linux/PollRunLoop.h"
+#include "platform/simulated/SimulatedUnifiedLog.h"
 
 namespace vtx::test {
 namespace {
@@ -168,6 +170,65 @@ TEST(LinuxWorkspace, without_a_bus_nothing_is_told_and_nothing_fails) {
     const auto wake = workspace.onDidWake([] { FAIL(); });
     loop.runReady();
     EXPECT_FALSE(workspace.holdsInhibitor());
+}
+
+/// A file manager that is told what to show.
+struct FakeFileManager {
+    FakeFileManager(RunLoop& loop, const std::string& address)
+        : service(loop, address, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
+                  [this](sd_bus_message* message) { return answer(message); }) {}
+
+    int answer(sd_bus_message* message) {
+        if (sd_bus_message_is_method_call(message, "org.freedesktop.FileManager1", "ShowItems") <=
+            0)
+            return 0;
+        BusMessage asked(message);
+        shown = asked.texts().value_or(std::vector<std::string>());
+        startup = asked.text();
+        return sd_bus_reply_method_return(message, "");
+    }
+
+    std::vector<std::string> shown;
+    std::optional<std::string> startup;
+    FakeService service;
+};
+
+TEST_F(LinuxWorkspaceTest, a_file_is_shown_by_the_desktops_file_manager) {
+    FakeFileManager files(loop, daemon.address());
+    LinuxWorkspace session(bus, loop.executor(), {.session = &bus});
+    session.selectFile("/opt/my program/ä%");
+    EXPECT_TRUE(reaches([&] { return !files.shown.empty(); }));
+    EXPECT_EQ(files.shown, std::vector<std::string>{"file:///opt/my%20program/%C3%A4%25"});
+    EXPECT_EQ(files.startup, "");
+}
+
+TEST_F(LinuxWorkspaceTest, a_session_without_a_file_manager_is_logged_and_nothing_else) {
+    SimulatedUnifiedLog log;
+    LogSink* const before = AppLog::install(&log);
+    LinuxWorkspace session(bus, loop.executor(), {.session = &bus});
+    session.selectFile("/opt/x");
+    EXPECT_TRUE(reaches([&] { return log.contains("No file manager shows /opt/x"); }));
+    LinuxWorkspace alone(bus, loop.executor());
+    alone.selectFile("/opt/y");
+    EXPECT_TRUE(log.contains("No file manager shows /opt/y"));
+    AppLog::install(before);
+}
+
+TEST(LinuxWorkspace, who_is_in_front_is_asked_of_the_display_each_time) {
+    PollRunLoop loop;
+    SystemBus bus(loop, loop.executor(), "unix:path=/nonexistent");
+    std::optional<std::int32_t> front = 42;
+    LinuxWorkspace workspace(bus, loop.executor(), {.frontmost = [&front] { return front; }});
+    EXPECT_EQ(workspace.frontmostApplication(), 42);
+    front.reset();
+    EXPECT_EQ(workspace.frontmostApplication(), std::nullopt);
+}
+
+TEST(LinuxWorkspace, a_display_that_does_not_tell_has_nobody_in_front) {
+    PollRunLoop loop;
+    SystemBus bus(loop, loop.executor(), "unix:path=/nonexistent");
+    LinuxWorkspace workspace(bus, loop.executor());
+    EXPECT_EQ(workspace.frontmostApplication(), std::nullopt);
 }
 
 }  // namespace

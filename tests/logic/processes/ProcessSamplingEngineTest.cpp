@@ -85,6 +85,39 @@ TEST(ProcessSamplingEngine, a_clock_that_stepped_back_gives_no_share_in_that_rou
     EXPECT_NEAR(s.onlyAfter(5).cpuPercent, 1.0, 1e-6);
 }
 
+/// An engine that counts processor time in hundredths of a second.
+struct CoarselySampled : Sampled {
+    CoarselySampled() {
+        table.timebase = {10'000'000, 1};
+        coarse.emplace(table, bench.clock);
+        start(200);
+    }
+    std::optional<ProcessSamplingEngine> coarse;
+
+    double shareAfter(double seconds, std::uint64_t ticks) {
+        bench.clock.advanceBy(vtx::seconds(seconds));
+        // As many units as the table makes of them.
+        processes.change(200, [ticks](auto& p) { p.cpuNanoseconds += ticks * 125 / 3 + 1; });
+        return coarse->snapshot().at(0).cpuPercent;
+    }
+};
+
+TEST(ProcessSamplingEngine, a_single_tick_within_a_moment_makes_no_busy_process) {
+    CoarselySampled s;
+    (void)s.shareAfter(0, 0);
+    EXPECT_NEAR(s.shareAfter(2, 20), 0.1, 1e-6);
+    EXPECT_NEAR(s.shareAfter(0.01, 1), 21 * 0.01 / 2.01, 1e-6);
+    EXPECT_NEAR(s.shareAfter(0.1, 0), 21 * 0.01 / 2.11, 1e-6);
+    EXPECT_NEAR(s.shareAfter(1.89, 19), 20 * 0.01 / 2.0, 1e-6) << "since the one before those";
+}
+
+TEST(ProcessSamplingEngine, a_moment_after_the_first_sample_no_share_is_known) {
+    CoarselySampled s;
+    (void)s.shareAfter(0, 0);
+    EXPECT_EQ(s.shareAfter(0.01, 1), 0.0);
+    EXPECT_NEAR(s.shareAfter(0.99, 0), 0.01, 1e-6);
+}
+
 TEST(ProcessSamplingEngine, a_process_that_ends_while_it_is_read_stays_for_this_sample) {
     Sampled s;
     s.start(200, 1.0);
@@ -261,6 +294,7 @@ TEST(ProcessTableFetch, a_table_that_outgrows_its_headroom_is_measured_again) {
         ProcessDetails details(std::int32_t pid) override { return s.table.details(pid); }
         void letGo() override {}
         MachTimebaseInfo machTimebaseInfo() const override { return {}; }
+        int procPidRusage(std::int32_t, RusageInfo&) const override { return 1; }
         std::uint32_t getuid() const override { return 0; }
         int setpriority(std::int32_t, std::optional<ProcessStartTime>, std::int32_t) override {
             return 0;

@@ -41,7 +41,7 @@ const std::map<std::string, std::set<std::string>>& layers() {
         {"ui/kit", {"base"}},
         {"ui/shell", {"base", "platform", "platform/linux", "ui/kit"}},
         {"ui/surfaces",
-         {"base", "platform", "telemetry", "memory", "language", "core", "ui/models",
+         {"base", "platform", "telemetry", "memory", "processes", "language", "core", "ui/models",
           "ui/controller", "ui/kit", "ui/shell"}},
         {"pictures",
          {"base", "platform", "platform/simulated", "telemetry", "memory", "smc", "fan", "language",

@@ -14,6 +14,8 @@ struct DisturbedTable final : ProcessTable {
     explicit DisturbedTable(ProcessTable& table) : table_(table) {}
 
     std::function<void()> afterFill;
+    /// The unit of processor time, where it is another one.
+    std::optional<MachTimebaseInfo> timebase;
     /// Processes that have ended by the time their details are asked for.
     std::vector<std::int32_t> ended;
 
@@ -30,7 +32,10 @@ struct DisturbedTable final : ProcessTable {
     }
     void letGo() override { table_.letGo(); }
     [[nodiscard]] MachTimebaseInfo machTimebaseInfo() const override {
-        return table_.machTimebaseInfo();
+        return timebase.value_or(table_.machTimebaseInfo());
+    }
+    [[nodiscard]] int procPidRusage(std::int32_t pid, RusageInfo& info) const override {
+        return table_.procPidRusage(pid, info);
     }
     [[nodiscard]] std::uint32_t getuid() const override { return table_.getuid(); }
     [[nodiscard]] int setpriority(std::int32_t pid, std::optional<ProcessStartTime> start,

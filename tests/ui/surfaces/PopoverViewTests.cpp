@@ -145,12 +145,14 @@ TEST_F(PopoverViewTest, digits_select_sections_and_never_the_detach_button) {
     const auto popover = make(Kind::popover);
     int key = Qt::Key_1;
     for (const PopoverSection section : test::everySection) {
+        if (key > Qt::Key_9) break;
         test::press(barOf(*popover), key++);
         EXPECT_EQ(popover->selectedSection(), section);
     }
     bench.change([](auto& preferences) { preferences.showFan = preferences.showDiskIO = false; });
     test::press(barOf(*popover), Qt::Key_8);
-    EXPECT_EQ(popover->selectedSection(), PopoverSection::system) << "7 sections are left";
+    test::press(barOf(*popover), Qt::Key_9);
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::system) << "8 sections are left";
     EXPECT_TRUE(detached.empty());
 }
 

@@ -44,7 +44,8 @@ public:
                           c.battery.latest, c.processes.processes, c.systemInfo.info,
                           c.diskIO.latest, c.fan.latest, c.ane.latest, c.cpuHistory, c.pCoreHistory,
                           c.eCoreHistory, c.gpuHistory, c.memoryHistory, c.diskReadHistory,
-                          c.diskWriteHistory, c.aneHistory, Localization::shared().effective);
+                          c.diskWriteHistory, c.aneHistory, c.energyByPID, c.hogDetector.hogs,
+                          c.hogDetector.isEnabled, Localization::shared().effective);
     }
     /// Has every section offered that the machine has.
     void offerEverySection() {
@@ -61,7 +62,8 @@ public:
 inline constexpr PopoverSection everySection[] = {
     PopoverSection::overview, PopoverSection::cpu,     PopoverSection::gpu,
     PopoverSection::memory,   PopoverSection::disk,    PopoverSection::fan,
-    PopoverSection::network,  PopoverSection::battery, PopoverSection::system};
+    PopoverSection::network,  PopoverSection::battery, PopoverSection::processes,
+    PopoverSection::system};
 
 /// What a screen reader says of the element itself.
 inline QString spokenName(QAccessibleInterface& element) { return element.text(QAccessible::Name); }

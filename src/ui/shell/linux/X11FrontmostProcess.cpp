@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "ui/shell/linux/X11FrontmostProcess.h"
+
+#include <limits>
+#include <memory>
+
+#include "ui/shell/linux/X11Connection.h"
+
+namespace vtx {
+namespace {
+
+std::optional<std::uint32_t> onlyNumber(X11Connection& x11, xcb_window_t window,
+                                        const char* property) {
+    const auto numbers = x11.numbers(window, property);
+    if (numbers.empty() || numbers.front() == 0) return std::nullopt;
+    return numbers.front();
+}
+
+std::optional<std::int32_t> frontmostProcess(X11Connection& x11) {
+    const auto window = onlyNumber(x11, x11.root(), "_NET_ACTIVE_WINDOW");
+    const auto pid = window ? onlyNumber(x11, *window, "_NET_WM_PID") : std::nullopt;
+    if (!pid || *pid > std::uint32_t{std::numeric_limits<std::int32_t>::max()}) return std::nullopt;
+    return static_cast<std::int32_t>(*pid);
+}
+
+}  // namespace
+
+std::function<std::optional<std::int32_t>()> x11FrontmostProcess() {
+    const std::shared_ptr<X11Connection> x11 = X11Connection::ofToolkit();
+    if (!x11) return {};
+    return [x11] { return frontmostProcess(*x11); };
+}
+
+}  // namespace vtx
