@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <limits>
-#include <vector>
 
 #include "ui/kit/KeyValueRows.h"
 #include "ui/kit/ListRows.h"
@@ -22,30 +20,6 @@ ListRow consumer(const char* name, const char* size, double share) {
             .values = {{.text = QString::fromUtf8(size)}},
             .bar = share};
 }
-
-/// Writes down what assistive technology is told, for as long as it is there.
-class Listener {
-public:
-    Listener() {
-        heard().clear();
-        QAccessible::setActive(true);
-        QAccessible::installUpdateHandler(
-            [](QAccessibleEvent* event) { heard().push_back(event->type()); });
-    }
-    Listener(const Listener&) = delete;
-    Listener& operator=(const Listener&) = delete;
-    ~Listener() {
-        QAccessible::installUpdateHandler(nullptr);
-        QAccessible::setActive(false);
-    }
-    static auto count(QAccessible::Event event) { return std::ranges::count(heard(), event); }
-
-private:
-    static std::vector<QAccessible::Event>& heard() {
-        static std::vector<QAccessible::Event> events;
-        return events;
-    }
-};
 
 class RowsTest : public testing::Test {
 protected:
@@ -122,28 +96,6 @@ TEST_F(RowsTest, captions_stay_whole_and_names_give_way) {
         return ink;
     };
     EXPECT_EQ(inkOfFirstBeside("en0"), inkOfFirstBeside("br-0123456789abcdef0123456789abcdef"));
-}
-
-TEST_F(RowsTest, listeners_hear_that_rows_came_and_went) {
-    properties.setRows({property("Size", "32 GB")});
-    show(properties);
-    const Listener listener;
-    properties.setRows({property("Size", "32 GB"), property("Speed", "—")});
-    EXPECT_EQ(listener.count(QAccessible::ObjectReorder), 1);
-    properties.setRows({property("Size", "32 GB"), property("Speed", "6400")});
-    EXPECT_EQ(listener.count(QAccessible::ObjectReorder), 1);
-    EXPECT_EQ(listener.count(QAccessible::DescriptionChanged), 1);
-    properties.setRows({});
-    EXPECT_EQ(listener.count(QAccessible::ObjectReorder), 2);
-}
-
-TEST_F(RowsTest, listeners_hear_a_new_value_though_the_captions_move_with_it) {
-    interfaces.setRows({{.title = QStringLiteral("en0"), .caption = QStringLiteral("Wi-Fi")}});
-    show(interfaces);
-    const Listener listener;
-    interfaces.setRows(
-        {{.title = QStringLiteral("a-long-bridge0"), .caption = QStringLiteral("Other")}});
-    EXPECT_EQ(listener.count(QAccessible::DescriptionChanged), 1);
 }
 
 TEST_F(RowsTest, a_bar_is_as_long_as_its_share) {

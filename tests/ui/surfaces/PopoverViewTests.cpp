@@ -19,10 +19,9 @@ constexpr auto detachLabel = "Als Fenster öffnen";
 
 class PopoverViewTest : public testing::Test {
 protected:
-    std::unique_ptr<PopoverView> make(Kind kind,
-                                      PopoverSection section = PopoverSection::overview) {
+    std::unique_ptr<PopoverView> make(Kind kind, PopoverSection begin = PopoverSection::overview) {
         auto view = std::make_unique<PopoverView>(
-            bench.coordinator, kind, section,
+            bench.coordinator, kind, begin,
             [this](PopoverSection section) { detached.push_back(section); });
         view->resize(400, 500);
         test::show(*view);
