@@ -38,7 +38,8 @@ Program::Environment complete(Program::Environment environment, const fs::path& 
 Bench::Subject::Subject(std::string shownName, const std::vector<std::string>& command,
                         Program::Environment environment, Tiles tiles)
     : name(std::move(shownName)), program(command, [&] {
-          if (tiles == Tiles::all) storeEveryTile(home.path() / "config/vantrix");
+          const auto settings = home.path() / "config/vantrix";
+          tiles == Tiles::all ? storeEveryTile(settings) : storeFirstStart(settings);
           return complete(std::move(environment), home.path());
       }()) {}
 

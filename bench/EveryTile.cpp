@@ -52,15 +52,22 @@ struct Observer {
     std::unique_ptr<MetricsCoordinator> coordinator;
 };
 
+void storeStarted(DisplayPreferences preferences, const std::filesystem::path& configFolder) {
+    preferences.hasCompletedFirstRunLanguage = true;
+    LinuxUserDefaults store(configFolder);
+    preferences.save(store);
+}
+
 }  // namespace
 
 void storeEveryTile(const std::filesystem::path& configFolder) {
     DisplayPreferences preferences;
     preferences.showCPU = preferences.showGPU = preferences.showThermal = true;
     preferences.showMemory = preferences.showDiskIO = preferences.showFan = true;
-    LinuxUserDefaults store(configFolder);
-    preferences.save(store);
+    storeStarted(std::move(preferences), configFolder);
 }
+
+void storeFirstStart(const std::filesystem::path& configFolder) { storeStarted({}, configFolder); }
 
 std::vector<std::string> tilesWithoutSource() {
     const TemporaryFolder settings;

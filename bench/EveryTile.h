@@ -11,6 +11,10 @@ namespace vtx::bench {
 /// all of its tiles.
 void storeEveryTile(const std::filesystem::path& configFolder);
 
+/// Stores that the first start was made, with everything else as it is then: the language is not
+/// asked for.
+void storeFirstStart(const std::filesystem::path& configFolder);
+
 /// The tiles for which this machine has no figure, as words. Takes two seconds.
 [[nodiscard]] std::vector<std::string> tilesWithoutSource();
 

@@ -2,6 +2,7 @@
 #include "app/AppDelegate.h"
 
 #include "base/Log.h"
+#include "core/UpdaterService.h"
 
 namespace vtx {
 namespace {
@@ -20,6 +21,8 @@ void AppDelegate::applicationDidFinishLaunching() {
                      ports_.processInfo.operatingSystemVersionString());
     activity_ = ports_.processInfo.beginActivity(activityOptions, "Live Menu Bar Updates");
     menuBarController_ = std::make_unique<MenuBarController>(ports_, executors_, surfaces_);
+    // With its first use the updater begins.
+    UpdaterService::shared();
 }
 
 void AppDelegate::applicationWillTerminate() {

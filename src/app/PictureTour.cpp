@@ -11,6 +11,8 @@
 #include "base/Sleep.h"
 #include "ui/controller/MenuBarController.h"
 #include "ui/surfaces/DashboardWindowController.h"
+#include "ui/surfaces/LanguagePickerWindowController.h"
+#include "ui/surfaces/MiniWidgetWindowController.h"
 #include "ui/surfaces/PopoverController.h"
 #include "ui/surfaces/QtSurfaceFactory.h"
 #include "ui/surfaces/StatusItemController.h"
@@ -37,9 +39,18 @@ Task<> PictureTour::wait(double span) {
 }
 
 Task<> PictureTour::walk(MenuBarController& controller) {
+    // Nothing of it is stored: the next start of a new user still asks.
+    surfaces_.languagePicker()->present(Language::en, [](Language) {});
     co_await wait(untilFirstReadings);
+    save(surfaces_.languagePicker()->window(), "picker");
+    surfaces_.languagePicker()->window()->hide();
     StripView& strip = surfaces_.statusItem()->strip();
     save(strip.window(), "strip");
+
+    surfaces_.miniWidget()->show();
+    co_await wait(untilDrawn);
+    save(surfaces_.miniWidget()->window(), "widget");
+    if (!controller.coordinator().preferences->miniWidgetEnabled) surfaces_.miniWidget()->close();
 
     controller.togglePopover();
     co_await wait(untilDrawn);

@@ -6,6 +6,7 @@
 #include "app/AppDelegate.h"
 #include "app/PictureTour.h"
 #include "base/Shared.h"
+#include "core/UpdaterService.h"
 #include "fan/SharedFans.h"
 #include "language/Localization.h"
 #include "platform/UnifiedLog.h"
@@ -29,8 +30,12 @@ public:
         Shared<Localization>::setFactory([&locale = ports.locale, wording] {
             return std::make_unique<Localization>(locale, wording);
         });
+        Shared<UpdaterService>::setFactory([&updater = ports.softwareUpdater] {
+            return std::make_unique<UpdaterService>(updater);
+        });
     }
     ~SharedObjects() {
+        Shared<UpdaterService>::reset();
         Shared<Localization>::reset();
         AppLog::install(previous_);
     }
@@ -72,6 +77,11 @@ VantrixApp::VantrixApp(const Ports& ports, const Executors& executors, LaunchOpt
     : parts_(std::make_unique<Parts>(ports, executors, std::move(options), tray)) {}
 
 VantrixApp::~VantrixApp() = default;
+
+void VantrixApp::showPopover() {
+    if (MenuBarController* controller = parts_->delegate.menuBarController())
+        controller->showPopover();
+}
 
 int VantrixApp::run() {
     parts_->delegate.applicationDidFinishLaunching();

@@ -38,6 +38,9 @@ public:
     /// Runs until the application ends; the process's exit code.
     int run();
 
+    /// Opens the popover, or brings it to the front; nothing before the application runs.
+    void showPopover();
+
 private:
     struct Parts;
     std::unique_ptr<Parts> parts_;

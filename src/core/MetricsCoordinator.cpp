@@ -50,6 +50,7 @@ MetricsCoordinator::MetricsCoordinator(std::unique_ptr<Services> services, const
       battery(services_->battery),
       processes(services_->processes),
       memoryPressure(services_->memoryPressure),
+      loginItem(services_->loginItem),
       alerts(services_->alerts),
       systemInfo(services_->systemInfo),
       diskIO(services_->diskIO),

@@ -45,6 +45,7 @@ public:
     BatteryMonitor& battery;
     ProcessManager& processes;
     MemoryPressureService& memoryPressure;
+    LoginItemService& loginItem;
     AlertsService& alerts;
     SystemInfoService& systemInfo;
     DiskIOMonitor& diskIO;

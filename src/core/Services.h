@@ -3,6 +3,7 @@
 
 #include "alerts/AlertsService.h"
 #include "base/Executors.h"
+#include "core/LoginItemService.h"
 #include "fan/FanMonitor.h"
 #include "memory/MemoryMonitor.h"
 #include "memory/MemoryPressureService.h"
@@ -35,6 +36,7 @@ struct Services {
           battery(ports),
           processes(ports, executors),
           memoryPressure(ports, executors),
+          loginItem(ports.appService),
           alerts(ports, executors.main),
           systemInfo(ports),
           diskIO(ports.ioRegistry, ports.clock),
@@ -52,6 +54,7 @@ struct Services {
     BatteryMonitor battery;
     ProcessManager processes;
     MemoryPressureService memoryPressure;
+    LoginItemService loginItem;
     AlertsService alerts;
     SystemInfoService systemInfo;
     DiskIOMonitor diskIO;

@@ -22,6 +22,8 @@ std::string_view Localization::string(L10n::Key key) const {
     return textOf(key, textsOf(effective.get()), textsOf(Language::en));
 }
 
+std::string Localization::timeOfDay(Date date) const { return locale_.timeOfDay(date); }
+
 Localization& Localization::shared() { return Shared<Localization>::get(); }
 
 LanguageTexts Localization::textsOf(Language language) const {

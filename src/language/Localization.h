@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
 #include <string_view>
 
+#include "base/Date.h"
 #include "base/ObservableObject.h"
 #include "base/Published.h"
 #include "language/L10n.h"
@@ -37,6 +39,9 @@ public:
     /// The text of a key in the language in force, else in English. Placeholders are left in it
     /// for the caller to fill. Valid for the run.
     [[nodiscard]] std::string_view string(L10n::Key key) const;
+
+    /// Hour, minute and second as the user writes them, whatever the language in force.
+    [[nodiscard]] std::string timeOfDay(Date date) const;
 
     /// The process's own, made by the factory registered with `Shared<Localization>`.
     [[nodiscard]] static Localization& shared();

@@ -3,6 +3,7 @@
 
 #include "base/QueueExecutor.h"
 #include "base/Shared.h"
+#include "core/UpdaterService.h"
 #include "fan/SharedFans.h"
 #include "language/Localization.h"
 #include "platform/simulated/ManualClock.h"
@@ -57,9 +58,12 @@ struct PictureStage::Machine {
     Machine() : platform(clock, MacShape::laptop()) {
         Shared<Localization>::setFactory(
             [this] { return std::make_unique<Localization>(platform.locale); });
+        Shared<UpdaterService>::setFactory(
+            [this] { return std::make_unique<UpdaterService>(platform.softwareUpdater); });
         platform.mac.live(seed);
     }
     ~Machine() {
+        Shared<UpdaterService>::reset();
         Shared<Localization>::reset();
         AppLog::install(previousSink);
     }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "pictures/PictureTable.h"
 
+#include "pictures/FirstRunPictures.h"
+#include "pictures/MiniWidgetPictures.h"
 #include "pictures/ProcessPictures.h"
+#include "pictures/SettingsPictures.h"
 #include "pictures/StripPictures.h"
 #include "ui/kit/Metrics.h"
 
@@ -30,6 +33,13 @@ const PictureRow rows[] = {
     {"tray", "usual", {}, stripPictures::trayUsual},
     {"tray", "widest", {}, stripPictures::trayWidest},
     {"tray", "level", {}, stripPictures::trayLevel},
+    {"widget", "empty", {}, miniWidgetPictures::beforeReadings},
+    {"widget", "usual", {}, miniWidgetPictures::usual},
+    {"widget", "widest", {}, miniWidgetPictures::widest},
+    {"widget", "level", {}, miniWidgetPictures::level},
+    {"picker", "asked", {}, firstRunPictures::asked},
+    {"settings", "narrow", {}, settingsPictures::narrow},
+    {"settings", "wide", {}, settingsPictures::wide},
 };
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Date.h"
+
 namespace vtx {
 
 /// What the user's system says of language and region. Main executor.
@@ -24,6 +26,9 @@ public:
 
     /// The text in small letters, whatever the language: for comparing without regard to case.
     [[nodiscard]] virtual std::string lowercased(std::string_view text) const = 0;
+
+    /// Hour, minute and second of a moment as the user writes them, such as "14:32:07".
+    [[nodiscard]] virtual std::string timeOfDay(Date date) const = 0;
 };
 
 }  // namespace vtx

@@ -3,6 +3,7 @@
 
 namespace vtx {
 
+class AppService;
 class Clock;
 class HeapRelief;
 class HIDEventSystem;
@@ -16,6 +17,7 @@ class PowerSources;
 class ProcessInfo;
 class ProcessTable;
 class SMCUserClient;
+class SoftwareUpdater;
 class Sysctl;
 class ThermalState;
 class UnifiedLog;
@@ -26,6 +28,7 @@ class Workspace;
 /// Every operation that the logic asks of the platform it runs on. The composition root picks one
 /// platform and hands its ports over; they outlive all that was given them.
 struct Ports {
+    AppService& appService;
     Clock& clock;
     HeapRelief& heapRelief;
     HIDEventSystem& hidEventSystem;
@@ -39,6 +42,7 @@ struct Ports {
     ProcessInfo& processInfo;
     ProcessTable& processTable;
     SMCUserClient& smc;
+    SoftwareUpdater& softwareUpdater;
     Sysctl& sysctl;
     ThermalState& thermalState;
     UnifiedLog& unifiedLog;

@@ -18,8 +18,9 @@ public:
 
     [[nodiscard]] virtual std::optional<Data> data(std::string_view key) const = 0;
 
-    /// In force at once for `data`, and stored before the call returns where the store allows. A
-    /// store that fails keeps what it held, whole, and is tried again with the next change.
+    /// In force at once for `data`, and before the call returns stored such that it outlives the
+    /// process, where the store allows; many changes a second may reach the disk as one. A store
+    /// that fails keeps what it held, whole, and is tried again with the next change.
     virtual void setData(std::string_view key, Data value) = 0;
 
     /// As `setData`; a key that is not there stays so.

@@ -43,7 +43,14 @@ Task<> CPUMonitor::refresh() {
         reading->eCoreCurrentFrequencyMHz = clock->eCoreMHz;
         reading->timestamp = clock->timestamp;
     }
+    noteClocks(*reading);
     latest = std::move(reading);
+}
+
+void CPUMonitor::noteClocks(CPUStats& reading) {
+    seenClocks_.pCore = seenClocks_.pCore || reading.pCoreCurrentFrequencyMHz.has_value();
+    seenClocks_.eCore = seenClocks_.eCore || reading.eCoreCurrentFrequencyMHz.has_value();
+    reading.seenClocks = seenClocks_;
 }
 
 Task<std::optional<CPUStats>> CPUMonitor::nextLoads() {

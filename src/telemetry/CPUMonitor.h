@@ -37,11 +37,15 @@ private:
     Task<std::optional<CPUStats>> nextLoads();
     Task<std::optional<ClusterClockSample>> nextClocks();
 
+    /// Notes which clusters tell a clock, and tells the reading which ever did.
+    void noteClocks(CPUStats& reading);
+
     Executor& main_;
     std::optional<CoreLayout> layout_;
     std::optional<Confined<CPUMonitorEngine>> engine_;
     /// Absent where the machine tells no clocks.
     std::optional<Confined<CPUClockMonitorEngine>> clockEngine_;
+    SeenClocks seenClocks_;
 };
 
 }  // namespace vtx

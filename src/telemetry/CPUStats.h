@@ -28,6 +28,14 @@ struct RawCPUSample {
     friend bool operator==(const RawCPUSample&, const RawCPUSample&) = default;
 };
 
+/// The clusters that ever told a clock. One that idles tells none for a while.
+struct SeenClocks {
+    bool pCore = false;
+    bool eCore = false;
+
+    friend bool operator==(const SeenClocks&, const SeenClocks&) = default;
+};
+
 /// One reading of the processor: loads between two samples, as fractions from 0.0 to 1.0.
 struct CPUStats {
     double totalUsage = 0.0;           ///< mean over all processors, each weighing the same
@@ -38,7 +46,8 @@ struct CPUStats {
     std::vector<double> ePerCore;      ///< efficiency cores in processor order
     std::optional<double> pCoreCurrentFrequencyMHz;  ///< mean clock; absent where not measured
     std::optional<double> eCoreCurrentFrequencyMHz;
-    CoreLayout layout;  ///< in force for this reading, so that a view needs nothing else
+    SeenClocks seenClocks;  ///< in this reading or any before it
+    CoreLayout layout;      ///< in force for this reading, so that a view needs nothing else
     Date timestamp;
 
     friend bool operator==(const CPUStats&, const CPUStats&) = default;

@@ -34,7 +34,8 @@ TEST_P(CommandLineE2E, pictures_of_every_surface_and_five_spoken_texts) {
     vantrix = desktop.start({program(), "--pictures", folder.string()});
     constexpr Span wholeTour{60'000};
     ASSERT_EQ(vantrix->exitStatus(wholeTour), 0);
-    for (const char* name : {"strip", "popover", "menu", "dashboard", "about"}) {
+    for (const char* name :
+         {"picker", "strip", "widget", "popover", "menu", "dashboard", "about"}) {
         const auto file = folder / (std::string(name) + ".png");
         EXPECT_TRUE(showsSomething(QImage(QString::fromStdString(file.string())))) << name;
     }

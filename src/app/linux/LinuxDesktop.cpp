@@ -18,13 +18,6 @@ void setByDefault(const char* name, const QByteArray& value) {
     if (!qEnvironmentVariableIsSet(name)) qputenv(name, value);
 }
 
-std::string sessionBusAddress() {
-    const auto environment = processEnvironment();
-    if (auto address = environment("DBUS_SESSION_BUS_ADDRESS")) return *address;
-    const auto folder = environment("XDG_RUNTIME_DIR");
-    return "unix:path=" + folder.value_or("/nonexistent") + "/bus";
-}
-
 QIcon applicationIcon() {
     QIcon icon;
     for (const int size : {16, 32, 48, 128})

@@ -4,10 +4,12 @@
 
 #include "app/CommandLine.h"
 #include "app/linux/LinuxDesktop.h"
+#include "app/linux/SingleStart.h"
 #include "base/SerialExecutor.h"
 #include "language/linux/LinuxWording.h"
 #include "platform/linux/DescriptorLimit.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/SessionInstance.h"
 #include "platform/linux/TerminationSignals.h"
 #include "ui/shell/QtMainExecutor.h"
 #include "ui/shell/linux/QtRunLoop.h"
@@ -17,6 +19,8 @@ int main(int argc, char** argv) {
     vtx::LaunchOptions options;
     options.wording = vtx::linuxWording;
     if (const auto done = vtx::readCommandLine(argc, argv, options)) return *done;
+    vtx::SessionInstance instance("com.vantrix.app", vtx::sessionBusAddress());
+    if (const auto done = vtx::handOverToFirst(instance, options)) return *done;
 
     vtx::LinuxDesktop::settleToolkit();
     vtx::TerminationSignals::block();  // before the first thread
@@ -38,5 +42,6 @@ int main(int argc, char** argv) {
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });
     vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick, blocking}, std::move(options),
                             desktop.tray());
+    instance.listen(runLoop, mainExecutor, [&vantrix] { vantrix.showPopover(); });
     return vantrix.run();
 }

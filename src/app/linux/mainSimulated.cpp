@@ -4,9 +4,11 @@
 
 #include "app/CommandLine.h"
 #include "app/linux/LinuxDesktop.h"
+#include "app/linux/SingleStart.h"
 #include "base/SerialExecutor.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/SessionInstance.h"
 #include "platform/linux/TerminationSignals.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "ui/shell/QtMainExecutor.h"
@@ -16,6 +18,8 @@ int main(int argc, char** argv) {
     vtx::LaunchOptions options;
     options.title = "Vantrix (simulated Mac)";
     if (const auto done = vtx::readCommandLine(argc, argv, options)) return *done;
+    vtx::SessionInstance instance("com.vantrix.app.simulated", vtx::sessionBusAddress());
+    if (const auto done = vtx::handOverToFirst(instance, options)) return *done;
 
     vtx::LinuxDesktop::settleToolkit();
     vtx::TerminationSignals::block();
@@ -37,5 +41,6 @@ int main(int argc, char** argv) {
     const vtx::TerminationSignals signals(runLoop, [] { QApplication::quit(); });
     vtx::VantrixApp vantrix(platform.ports(), {mainExecutor, tick, blocking}, std::move(options),
                             desktop.tray());
+    instance.listen(runLoop, mainExecutor, [&vantrix] { vantrix.showPopover(); });
     return vantrix.run();
 }

@@ -40,9 +40,9 @@ std::error_code writeAll(int fd, std::string_view bytes) {
     return {};
 }
 
-std::error_code writeDurably(FileDescriptor file, std::string_view bytes) {
+std::error_code writeOut(FileDescriptor file, std::string_view bytes, Durability durability) {
     if (const auto error = writeAll(file.get(), bytes)) return error;
-    if (::fsync(file.get()) != 0) return lastError();
+    if (durability == Durability::onDisk && ::fsync(file.get()) != 0) return lastError();
     return {};
 }
 
@@ -91,7 +91,7 @@ FileContents readFile(const fs::path& file, std::size_t maxBytes) {
     }
 }
 
-std::error_code replaceFile(const fs::path& file, std::string_view bytes) {
+std::error_code replaceFile(const fs::path& file, std::string_view bytes, Durability durability) {
     const fs::path folder = folderOf(file);
     fs::path pattern = ".";
     pattern += file.filename();
@@ -99,13 +99,13 @@ std::error_code replaceFile(const fs::path& file, std::string_view bytes) {
     std::string temporary = (folder / pattern).string();
     FileDescriptor fd(::mkostemp(temporary.data(), O_CLOEXEC));
     if (!fd) return lastError();
-    std::error_code error = writeDurably(std::move(fd), bytes);
+    std::error_code error = writeOut(std::move(fd), bytes, durability);
     if (!error && ::rename(temporary.c_str(), file.c_str()) != 0) error = lastError();
     if (error) {
         ::unlink(temporary.c_str());
         return error;
     }
-    return syncFolder(folder);
+    return durability == Durability::onDisk ? syncFolder(folder) : std::error_code();
 }
 
 std::error_code createFolders(const fs::path& folder) {

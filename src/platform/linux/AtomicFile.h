@@ -22,10 +22,16 @@ struct FileContents {
 /// The whole file, followed through symbolic links, if it has at most `maxBytes`.
 [[nodiscard]] FileContents readFile(const std::filesystem::path& file, std::size_t maxBytes);
 
-/// Replaces the file by a new one, readable by its owner only, that is on the disk before it takes
-/// the name. A failure leaves what was there. The folder must exist.
-[[nodiscard]] std::error_code replaceFile(const std::filesystem::path& file,
-                                          std::string_view bytes);
+enum class Durability {
+    onDisk,      ///< outlives a power cut; waits for the disk
+    withSystem,  ///< outlives the process, and is the system's to write; after a power cut the file
+                 ///< may be empty or gone
+};
+
+/// Replaces the file by a new one, readable by its owner only, that is as durable as wanted before
+/// it takes the name. A failure leaves what was there. The folder must exist.
+[[nodiscard]] std::error_code replaceFile(const std::filesystem::path& file, std::string_view bytes,
+                                          Durability durability = Durability::onDisk);
 
 /// Creates the folder and those above it, for their owner only, where they are missing.
 [[nodiscard]] std::error_code createFolders(const std::filesystem::path& folder);

@@ -21,4 +21,11 @@ inline Environment processEnvironment() {
     };
 }
 
+/// Where the bus of the user's session listens, whether or not there is one.
+inline std::string sessionBusAddress(const Environment& environment = processEnvironment()) {
+    if (auto address = environment("DBUS_SESSION_BUS_ADDRESS")) return *std::move(address);
+    const auto folder = environment("XDG_RUNTIME_DIR");
+    return "unix:path=" + folder.value_or("/nonexistent") + "/bus";
+}
+
 }  // namespace vtx

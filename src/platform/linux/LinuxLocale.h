@@ -5,6 +5,7 @@
 #include "platform/linux/Collation.h"
 #include "platform/linux/Environment.h"
 #include "platform/linux/LetterCase.h"
+#include "platform/linux/TimeOfDay.h"
 
 namespace vtx {
 
@@ -15,7 +16,9 @@ namespace vtx {
 class LinuxLocale final : public Locale {
 public:
     explicit LinuxLocale(Environment environment)
-        : environment_(std::move(environment)), collation_(environment_) {}
+        : environment_(std::move(environment)),
+          collation_(environment_),
+          timeOfDay_(environment_) {}
 
     [[nodiscard]] std::vector<std::string> preferredLanguages() const override;
     [[nodiscard]] std::string collationKey(std::string_view text) const override {
@@ -24,6 +27,7 @@ public:
     [[nodiscard]] std::string lowercased(std::string_view text) const override {
         return letterCase_.lowercased(text);
     }
+    [[nodiscard]] std::string timeOfDay(Date date) const override { return timeOfDay_.text(date); }
 
     /// "de_AT.UTF-8@euro" as "de-AT", "sr_RS@latin" as "sr-Latn-RS"; absent for "C", "POSIX" and
     /// for what names no language.
@@ -35,6 +39,7 @@ private:
     Environment environment_;
     Collation collation_;
     LetterCase letterCase_;
+    TimeOfDay timeOfDay_;
 };
 
 }  // namespace vtx

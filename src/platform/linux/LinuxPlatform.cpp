@@ -27,6 +27,7 @@
 #include "platform/linux/LinuxProcessors.h"
 #include "platform/linux/LinuxRoot.h"
 #include "platform/linux/LinuxSMCUserClient.h"
+#include "platform/linux/LinuxSoftwareUpdater.h"
 #include "platform/linux/LinuxSysctl.h"
 #include "platform/linux/LinuxThermalState.h"
 #include "platform/linux/LinuxUnifiedLog.h"
@@ -44,6 +45,8 @@ namespace vtx {
 struct LinuxPlatform::Members {
     Members(RunLoop& loop, Executor& main, const Options& options)
         : root(options.root),
+          appService(options.autostartFolder,
+                     LinuxAppService::runningExecutable(options.environment)),
           clock(loop),
           slowReads(options.slowReads ? *options.slowReads : slowReadThread),
           bus(loop, main, options.busAddress),
@@ -66,7 +69,7 @@ struct LinuxPlatform::Members {
           sysctl(root, processors, memInfo),
           thermalState(root, clock, main, slowReads, slowChanges),
           unifiedLog(root, options.environment),
-          userDefaults(options.configFolder),
+          userDefaults(options.configFolder, &clock),
           userNotifications(options.session, clock),
           smc(root, sensorTools()),
           workspace(bus, main,
@@ -95,6 +98,7 @@ struct LinuxPlatform::Members {
     }
 
     LinuxRoot root;
+    LinuxAppService appService;
     LinuxClock clock;
     SlowReadThread slowReadThread{nameThread("slow reads")};  ///< without a thread until it is used
     Executor& slowReads;
@@ -118,6 +122,7 @@ struct LinuxPlatform::Members {
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
     LinuxProcessTable processTable;
+    LinuxSoftwareUpdater softwareUpdater;
     LinuxSysctl sysctl;
     LinuxThermalState thermalState;
     LinuxUnifiedLog unifiedLog;
@@ -135,6 +140,7 @@ LinuxPlatform::~LinuxPlatform() = default;
 Ports LinuxPlatform::ports() {
     Members& m = *members_;
     return {
+        .appService = m.appService,
         .clock = m.clock,
         .heapRelief = m.heapRelief,
         .hidEventSystem = m.hidEventSystem,
@@ -148,6 +154,7 @@ Ports LinuxPlatform::ports() {
         .processInfo = m.processInfo,
         .processTable = m.processTable,
         .smc = m.smc,
+        .softwareUpdater = m.softwareUpdater,
         .sysctl = m.sysctl,
         .thermalState = m.thermalState,
         .unifiedLog = m.unifiedLog,

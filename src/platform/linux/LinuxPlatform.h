@@ -13,6 +13,7 @@
 #include "base/Job.h"
 #include "platform/Ports.h"
 #include "platform/linux/Environment.h"
+#include "platform/linux/LinuxAppService.h"
 #include "platform/linux/LinuxUserDefaults.h"
 #include "platform/linux/RunLoop.h"
 
@@ -29,6 +30,8 @@ public:
         std::string root = "/";
         /// Where the user's settings are kept; empty keeps them in memory.
         std::filesystem::path configFolder = LinuxUserDefaults::standardFolder();
+        /// Where the desktop looks for what is started at login; empty for nowhere.
+        std::filesystem::path autostartFolder = LinuxAppService::standardFolder();
         /// The message bus; empty for the system's own.
         std::string busAddress;
         Environment environment = processEnvironment();

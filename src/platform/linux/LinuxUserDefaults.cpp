@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "base/Log.h"
-#include "platform/linux/AtomicFile.h"
 
 namespace vtx {
 namespace {
@@ -35,9 +34,34 @@ fs::path absoluteOrNone(const std::optional<std::string>& path) {
 
 }  // namespace
 
-LinuxUserDefaults::LinuxUserDefaults(const fs::path& folder) {
+LinuxUserDefaults::LinuxUserDefaults(const fs::path& folder, Clock* clock) : clock_(clock) {
     if (!folder.empty()) file_ = folder / "defaults.json";
     load();
+    takeOverLatest();
+}
+
+LinuxUserDefaults::~LinuxUserDefaults() {
+    if (settling_) settle();
+}
+
+fs::path LinuxUserDefaults::latest() const {
+    fs::path name = file_;
+    name += ".latest";
+    return name;
+}
+
+/// What a process that did not end in order left: a whole document, or after a power cut anything.
+void LinuxUserDefaults::takeOverLatest() {
+    if (file_.empty() || blocked_) return;
+    const FileContents contents = readFile(latest(), maxFileBytes);
+    if (contents.error) return;
+    if (auto newest = parseDefaults(contents.bytes)) {
+        document_ = *std::move(newest);
+        settle();
+    } else {
+        std::error_code ignored;
+        fs::remove(latest(), ignored);
+    }
 }
 
 fs::path LinuxUserDefaults::standardFolder(const Environment& environment) {
@@ -116,19 +140,42 @@ void LinuxUserDefaults::takeOver(DefaultsDocument stored) {
 void LinuxUserDefaults::store() {
     if (blocked_) load();
     if (blocked_) return;
-    if (const std::error_code error = write()) {
-        fail("write", error.message());
-    } else {
-        recover();
-    }
+    if (isTooSoon())
+        storeForNow();
+    else
+        settle();
 }
 
-std::error_code LinuxUserDefaults::write() const {
+bool LinuxUserDefaults::isTooSoon() const {
+    return clock_ && settledAt_ && clock_->continuous() < *settledAt_ + leastInterval;
+}
+
+void LinuxUserDefaults::settle() {
+    settling_.cancel();
+    if (clock_) settledAt_ = clock_->continuous();
+    if (const std::error_code error = write(linkTarget(file_), Durability::onDisk)) {
+        fail("write", error.message());
+        return;
+    }
+    recover();
+    std::error_code ignored;
+    fs::remove(latest(), ignored);
+}
+
+void LinuxUserDefaults::storeForNow() {
+    // A failure here is one of the disk, and told when the file itself is replaced.
+    (void)write(latest(), Durability::withSystem);
+    if (!settling_)
+        settling_ =
+            clock_->schedule(*settledAt_ + leastInterval, leastInterval, [this] { settle(); });
+}
+
+std::error_code LinuxUserDefaults::write(const fs::path& file, Durability durability) const {
     if (file_.empty()) return std::make_error_code(std::errc::no_such_file_or_directory);
     const std::string text = formatDefaults(document_);
     if (text.size() > maxFileBytes) return std::make_error_code(std::errc::file_too_large);
     if (const auto error = createFolders(file_.parent_path())) return error;
-    return replaceFile(linkTarget(file_), text);
+    return replaceFile(file, text, durability);
 }
 
 void LinuxUserDefaults::fail(std::string_view what, const std::string& why) {

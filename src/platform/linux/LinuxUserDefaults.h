@@ -5,7 +5,9 @@
 #include <set>
 #include <string>
 
+#include "base/Clock.h"
 #include "platform/UserDefaults.h"
+#include "platform/linux/AtomicFile.h"
 #include "platform/linux/DefaultsDocument.h"
 #include "platform/linux/Environment.h"
 
@@ -14,6 +16,12 @@ namespace vtx {
 /// The settings in one file, "defaults.json" in the folder given, whose form DefaultsDocument.h
 /// describes. It is read once, at construction, and replaced whole with each change; of two
 /// processes the one that writes last wins. Main executor; owned by the composition root.
+///
+/// Replacing it waits for the disk, which is too much for a change with every step of the mouse.
+/// Within a second of the last replacement a change goes to "defaults.json.latest" instead, without
+/// that wait, and into the file itself when the second is over or the store goes. What a process
+/// that crashed left under that name is newer than the file, and the next start takes it over. A
+/// power cut alone can cost the last second of changes; the file is whole then, too.
 ///
 /// Nothing of the user's is ever destroyed. A file that cannot be understood is set aside as
 /// "defaults.json.damaged-<n>" and a new one begun. One that cannot be read or cannot be set aside
@@ -25,8 +33,13 @@ public:
     /// A larger file is taken for a damaged one, and a larger one is never written.
     static constexpr std::size_t maxFileBytes = 64u << 20;
 
-    /// The folder need not exist. An empty path stands for none: values are kept in memory.
-    explicit LinuxUserDefaults(const std::filesystem::path& folder);
+    /// From one replacement of the file to the next.
+    static constexpr Duration leastInterval = std::chrono::seconds(1);
+
+    /// The folder need not exist. An empty path stands for none: values are kept in memory. Without
+    /// a clock each change waits for the disk.
+    explicit LinuxUserDefaults(const std::filesystem::path& folder, Clock* clock = nullptr);
+    ~LinuxUserDefaults() override;
 
     /// "$XDG_CONFIG_HOME/vantrix", or "~/.config/vantrix" where that is not set to an absolute
     /// path; the home folder is $HOME, or else the one of the user database. Empty without any.
@@ -41,8 +54,16 @@ private:
     void load();
     void moveDamagedAway(const std::filesystem::path& damaged, std::string_view why);
     void takeOver(DefaultsDocument stored);
+    void takeOverLatest();
     void store();
-    [[nodiscard]] std::error_code write() const;
+    /// Into the file itself.
+    void settle();
+    [[nodiscard]] bool isTooSoon() const;
+    /// Into the file beside it, for the time being.
+    void storeForNow();
+    [[nodiscard]] std::filesystem::path latest() const;
+    [[nodiscard]] std::error_code write(const std::filesystem::path& file,
+                                        Durability durability) const;
     void fail(std::string_view what, const std::string& why);
     void recover();
 
@@ -52,7 +73,10 @@ private:
     /// back.
     std::set<std::string, std::less<>> removedUnread_;
     bool blocked_ = false;  // the file there may not be written over
-    bool failing_ = false;  // an episode of failure was logged and its end was not
+    Clock* clock_;
+    std::optional<Instant> settledAt_;  // the last attempt to replace the file
+    Subscription settling_;             // while the file beside it is newer
+    bool failing_ = false;              // an episode of failure was logged and its end was not
 };
 
 }  // namespace vtx

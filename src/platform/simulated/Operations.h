@@ -152,4 +152,9 @@ inline constexpr std::string_view hidCopyProperty = "IOHIDServiceClientCopyPrope
 inline constexpr std::string_view requestAuthorization = "requestAuthorizationWithOptions";
 inline constexpr std::string_view addNotificationRequest = "addNotificationRequest";
 
+/// The login item. Counted; a failing change has an error in words.
+inline constexpr std::string_view appServiceStatus = "appService:status";
+inline constexpr std::string_view appServiceRegister = "appService:register";
+inline constexpr std::string_view appServiceUnregister = "appService:unregister";
+
 }  // namespace vtx::operations

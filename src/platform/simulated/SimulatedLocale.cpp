@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/simulated/SimulatedLocale.h"
 
+#include <fmt/format.h>
+
 #include "platform/simulated/Operations.h"
 
 namespace vtx {
@@ -44,6 +46,13 @@ std::string SimulatedLocale::collationKey(std::string_view text) const {
         accents += isLatin ? static_cast<char>(text[i] | 0x20) : '\x01';
     }
     return bases + '\0' + accents;
+}
+
+std::string SimulatedLocale::timeOfDay(Date date) const {
+    const std::chrono::hh_mm_ss time(std::chrono::floor<std::chrono::seconds>(
+        date - std::chrono::floor<std::chrono::days>(date)));
+    return fmt::format("{:02}:{:02}:{:02}", time.hours().count(), time.minutes().count(),
+                       time.seconds().count());
 }
 
 }  // namespace vtx

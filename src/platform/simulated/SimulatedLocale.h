@@ -18,6 +18,8 @@ public:
     [[nodiscard]] std::string collationKey(std::string_view text) const override;
     /// Knows the letters of Latin-1.
     [[nodiscard]] std::string lowercased(std::string_view text) const override;
+    /// On a clock of 24 hours, in UTC.
+    [[nodiscard]] std::string timeOfDay(Date date) const override;
 
 private:
     SimulatedMac& mac_;

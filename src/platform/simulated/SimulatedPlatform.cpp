@@ -9,6 +9,7 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
                                      SimulatedUserDefaults::Values settings)
     : clock(time),
       mac(time, std::move(shape)),
+      appService(instruments),
       hidEventSystem(mac.hidSensors, instruments),
       heapRelief(instruments),
       hostInfo(mac.processors, mac.memory, instruments),
@@ -29,6 +30,7 @@ SimulatedPlatform::SimulatedPlatform(Clock& time, MacShape shape,
 
 Ports SimulatedPlatform::ports() {
     return {
+        .appService = appService,
         .clock = clock,
         .heapRelief = heapRelief,
         .hidEventSystem = hidEventSystem,
@@ -42,6 +44,7 @@ Ports SimulatedPlatform::ports() {
         .processInfo = processInfo,
         .processTable = processTable,
         .smc = otherSMC ? *otherSMC : smc,
+        .softwareUpdater = softwareUpdater,
         .sysctl = sysctl,
         .thermalState = thermalState,
         .unifiedLog = unifiedLog,

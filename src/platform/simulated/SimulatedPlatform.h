@@ -3,6 +3,7 @@
 
 #include "platform/Ports.h"
 #include "platform/simulated/Instruments.h"
+#include "platform/simulated/SimulatedAppService.h"
 #include "platform/simulated/SimulatedHIDEventSystem.h"
 #include "platform/simulated/SimulatedHeapRelief.h"
 #include "platform/simulated/SimulatedHostInfo.h"
@@ -16,6 +17,7 @@
 #include "platform/simulated/SimulatedProcessInfo.h"
 #include "platform/simulated/SimulatedProcessTable.h"
 #include "platform/simulated/SimulatedSMCUserClient.h"
+#include "platform/simulated/SimulatedSoftwareUpdater.h"
 #include "platform/simulated/SimulatedSysctl.h"
 #include "platform/simulated/SimulatedThermalState.h"
 #include "platform/simulated/SimulatedUnifiedLog.h"
@@ -49,6 +51,7 @@ public:
     Failures& failures = instruments.failures;
     SimulatedMac mac;
 
+    SimulatedAppService appService;
     SimulatedHIDEventSystem hidEventSystem;
     SimulatedHeapRelief heapRelief;
     SimulatedHostInfo hostInfo;
@@ -63,6 +66,7 @@ public:
     /// In the place of `smc` in the ports, where a test sets one; outlives what was given them.
     SMCUserClient* otherSMC = nullptr;
     SimulatedProcessTable processTable;
+    SimulatedSoftwareUpdater softwareUpdater;
     SimulatedSysctl sysctl;
     SimulatedThermalState thermalState;
     SimulatedUnifiedLog unifiedLog;

@@ -22,8 +22,10 @@ MenuBarController::MenuBarController(const Ports& ports, const Executors& execut
     : ports_(ports),
       main_(executors.main),
       surfaces_(surfaces),
+      languagePickerWindow_(surfaces.makeLanguagePicker()),
       coordinator_(std::make_unique<Services>(ports, executors), ports, executors),
       dashboardWindow_(surfaces.makeDashboard(coordinator_)),
+      miniWidgetWindow_(surfaces.makeMiniWidget(coordinator_)),
       statusItem_(surfaces.makeStatusItem(coordinator_)),
       popover_(surfaces.makePopover(coordinator_, *statusItem_,
                                     [this](PopoverSection section) { detach(section); })),
@@ -34,8 +36,10 @@ MenuBarController::MenuBarController(const Ports& ports, const Executors& execut
     configureStatusItem();
     chooseMode(isDashboardVisible_);
     coordinator_.start();
+    observePreferences();
     observePopover();
     observePowerSource();
+    presentLanguagePickerIfNeeded();
     logger.info("MenuBarController initialized");
 }
 
@@ -64,6 +68,35 @@ void MenuBarController::chooseMode(bool isSurfaceOpen) {
         coordinator_.setPollingMode(MetricsCoordinator::isOnBattery(ports_)
                                         ? PollingMode::batterySaver
                                         : PollingMode::background);
+}
+
+void MenuBarController::observePreferences() {
+    const auto isEnabled = [](const DisplayPreferences& preferences) {
+        return preferences.miniWidgetEnabled;
+    };
+    const auto changes = removeDuplicates(map(coordinator_.preferences.stream(), isEnabled));
+    preferences_ = changes([this](bool enabled) { updateMiniWidgetVisibility(enabled); });
+}
+
+void MenuBarController::updateMiniWidgetVisibility(bool enabled) {
+    if (enabled)
+        miniWidgetWindow_->show();
+    else
+        miniWidgetWindow_->close();
+}
+
+void MenuBarController::presentLanguagePickerIfNeeded() {
+    const DisplayPreferences& preferences = *coordinator_.preferences;
+    if (preferences.hasCompletedFirstRunLanguage) return;
+    languagePickerWindow_->present(languageFromStoredCode(preferences.languageCode),
+                                   [this](Language chosen) { completeFirstRun(chosen); });
+}
+
+void MenuBarController::completeFirstRun(Language chosen) {
+    coordinator_.preferences.modify(
+        [chosen](DisplayPreferences& changed) { changed.languageCode = rawValue(chosen); });
+    coordinator_.preferences.modify(
+        [](DisplayPreferences& changed) { changed.hasCompletedFirstRunLanguage = true; });
 }
 
 void MenuBarController::observePopover() {
@@ -146,6 +179,10 @@ void MenuBarController::togglePopover() {
         popover_->close();
         return;
     }
+    showPopover();
+}
+
+void MenuBarController::showPopover() {
     surfaces_.activate();
     popover_->show();
     logger.debug("Popover opened");
@@ -161,6 +198,7 @@ void MenuBarController::detach(PopoverSection section) {
 }
 
 void MenuBarController::showContextMenu() {
+    const bool isWidgetShown = coordinator_.preferences->miniWidgetEnabled;
     statusItem_->popUpMenu({
         {"About Vantrix", "", [this] { showAbout(); }},
         {},
@@ -168,6 +206,8 @@ void MenuBarController::showContextMenu() {
         {"Open Dashboard", "", [this] { openDashboardWindow(); }},
         {},
         {"Refresh Now", "r", [this] { refreshNow(); }},
+        {isWidgetShown ? "Hide Mini Widget" : "Show Mini Widget", "",
+         [this] { toggleMiniWidget(); }},
         {},
         {"Quit Vantrix", "q", [this] { quit(); }},
     });
@@ -188,11 +228,24 @@ void MenuBarController::openDashboardWindow() {
 }
 
 void MenuBarController::refreshNow() {
-    tasks_.spawn([this](std::stop_token) { return coordinator_.refreshAll(); });
+    tasks_.spawn([this](std::stop_token) { return refreshEverything(); });
+}
+
+// The processes too, whatever their own pace.
+Task<> MenuBarController::refreshEverything() {
+    co_await coordinator_.refreshAll();
+    co_await coordinator_.processes.refresh();
+}
+
+void MenuBarController::toggleMiniWidget() {
+    coordinator_.preferences.modify([](DisplayPreferences& changed) {
+        changed.miniWidgetEnabled = !changed.miniWidgetEnabled;
+    });
 }
 
 void MenuBarController::quit() {
     logger.info("User requested quit via context menu");
+    miniWidgetWindow_->close();
     coordinator_.stop();
     powerObserver_.cancel();
     surfaces_.terminate();

@@ -30,15 +30,23 @@ public:
     void openSettings();
     void openDashboardWindow();
     void refreshNow();
+    void toggleMiniWidget();
     void quit();
 
     /// Opens the popover, or closes it if it is shown.
     void togglePopover();
+    /// Opens the popover, or brings it to the front.
+    void showPopover();
 
 private:
     void configureStatusItem();
+    void observePreferences();
     void observePopover();
     void observePowerSource();
+    void presentLanguagePickerIfNeeded();
+    void completeFirstRun(Language chosen);
+    void updateMiniWidgetVisibility(bool enabled);
+    Task<> refreshEverything();
     void observeStripSizeSignals();
     void recalculateStripSize();
     void dashboardVisibilityChanged(bool visible);
@@ -50,13 +58,16 @@ private:
     const Ports ports_;
     Executor& main_;
     SurfaceFactory& surfaces_;
+    std::unique_ptr<LanguagePickerSurface> languagePickerWindow_;
     MetricsCoordinator coordinator_;
     std::unique_ptr<DashboardSurface> dashboardWindow_;
+    std::unique_ptr<MiniWidgetSurface> miniWidgetWindow_;
     std::unique_ptr<StatusItemSurface> statusItem_;
     std::unique_ptr<PopoverSurface> popover_;
     /// A width that waits for the popover to close; logical pixels.
     std::optional<double> deferredStripWidth_;
     bool isDashboardVisible_ = false;
+    Subscription preferences_;
     Subscription stripSize_;
     Subscription powerObserver_;
     TaskScope tasks_;  // last: its frames use all of the above

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "language/Language.h"
 #include "ui/models/PopoverSection.h"
 
 namespace vtx {
@@ -66,12 +67,36 @@ public:
     std::function<void(bool)> onVisibilityChange;
 };
 
+/// The small panel of the essentials that floats above all other windows.
+class MiniWidgetSurface {
+public:
+    virtual ~MiniWidgetSurface() = default;
+
+    /// Makes the panel at its saved place; one that is there comes to the front.
+    virtual void show() = 0;
+    /// Destroys the panel, if there is one.
+    virtual void close() = 0;
+};
+
+/// The window that asks for a language at the first start.
+class LanguagePickerSurface {
+public:
+    virtual ~LanguagePickerSurface() = default;
+
+    /// Makes the window with `initial` marked; one that is there comes to the front and stays as it
+    /// is. `onConfirm` is called with the choice after the window has closed. Nothing else closes
+    /// it.
+    virtual void present(Language initial, std::function<void(Language)> onConfirm) = 0;
+};
+
 /// Makes the surfaces and stands for the running application. Outlives what it makes.
 class SurfaceFactory {
 public:
     virtual ~SurfaceFactory() = default;
 
+    virtual std::unique_ptr<LanguagePickerSurface> makeLanguagePicker() = 0;
     virtual std::unique_ptr<DashboardSurface> makeDashboard(MetricsCoordinator& coordinator) = 0;
+    virtual std::unique_ptr<MiniWidgetSurface> makeMiniWidget(MetricsCoordinator& coordinator) = 0;
     virtual std::unique_ptr<StatusItemSurface> makeStatusItem(MetricsCoordinator& coordinator) = 0;
     /// The popover opens at `item` and calls `onDetachRequested` with the section it shows.
     virtual std::unique_ptr<PopoverSurface> makePopover(

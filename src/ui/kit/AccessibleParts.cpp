@@ -86,7 +86,7 @@ private:
 
 /// A widget with its painted parts as children, followed by its child widgets. Owned by the
 /// toolkit, for as long as the widget.
-class HostInterface final : public QAccessibleWidget {
+class HostInterface final : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     HostInterface(QWidget* widget, QAccessible::Role role) : QAccessibleWidget(widget, role) {}
     ~HostInterface() override {
@@ -125,6 +125,29 @@ public:
         return isPart ? child(host()->focusedPart()) : Base::focusChild();
     }
 
+    QAccessible::State state() const override {
+        QAccessible::State state = Base::state();
+        const auto checked = host() ? host()->checkedState() : std::nullopt;
+        state.checkable = checked.has_value();
+        state.checked = checked.value_or(false);
+        state.hasPopup = host() && host()->hasMenu();
+        return state;
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::ValueInterface && host() && host()->range())
+            return static_cast<QAccessibleValueInterface*>(this);
+        return Base::interface_cast(type);
+    }
+
+    QVariant currentValue() const override { return range().value; }
+    QVariant minimumValue() const override { return range().min; }
+    QVariant maximumValue() const override { return range().max; }
+    QVariant minimumStepSize() const override { return range().step; }
+    void setCurrentValue(const QVariant& value) override {
+        if (host() && widget()->isEnabled()) host()->setRangeValue(value.toDouble());
+    }
+
     QStringList actionNames() const override {
         QStringList names = Base::actionNames();
         if (isPressable()) names.prepend(pressAction());
@@ -144,6 +167,9 @@ private:
     AccessibleHost* host() const { return dynamic_cast<AccessibleHost*>(object()); }
     int partCount() const { return host() ? host()->partCount() : 0; }
     bool isPressable() const { return host() && host()->isPressable() && widget()->isEnabled(); }
+    AccessibleRange range() const {
+        return (host() ? host()->range() : std::nullopt).value_or(AccessibleRange{});
+    }
 
     mutable std::vector<QAccessible::Id> parts_;
 };
@@ -174,6 +200,20 @@ void announceFocus(QWidget& widget, int index) { announce(widget, index, QAccess
 
 void announceValue(QWidget& widget, int index) {
     announce(widget, index, QAccessible::DescriptionChanged);
+}
+
+void announceChecked(QWidget& widget) {
+    if (!QAccessible::isActive()) return;
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(&widget, changed);
+    QAccessible::updateAccessibility(&event);
+}
+
+void announceRange(QWidget& widget, double value) {
+    if (!QAccessible::isActive()) return;
+    QAccessibleValueChangeEvent event(&widget, value);
+    QAccessible::updateAccessibility(&event);
 }
 
 }  // namespace accessibility

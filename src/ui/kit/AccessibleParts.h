@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QRect>
 #include <QString>
+#include <optional>
 
 class QWidget;
 
@@ -17,6 +18,14 @@ struct AccessiblePart {
     QAccessible::Role role = QAccessible::StaticText;
     bool pressable = false;
     bool selected = false;
+};
+
+/// Where a control that is set within bounds stands.
+struct AccessibleRange {
+    double value = 0;
+    double min = 0;
+    double max = 0;
+    double step = 0;
 };
 
 /// What a widget that paints its elements itself tells about them. Implemented by widgets; asked
@@ -41,6 +50,13 @@ public:
     /// For a widget that is one control as a whole: what pressing it does.
     [[nodiscard]] virtual bool isPressable() const { return false; }
     virtual void pressWhole() {}
+    /// Whether it is on, for a control that is on or off.
+    [[nodiscard]] virtual std::optional<bool> checkedState() const { return std::nullopt; }
+    /// For a control that is set within bounds, and how it is set.
+    [[nodiscard]] virtual std::optional<AccessibleRange> range() const { return std::nullopt; }
+    virtual void setRangeValue(double /*value*/) {}
+    /// Whether pressing it opens a menu.
+    [[nodiscard]] virtual bool hasMenu() const { return false; }
 };
 
 namespace accessibility {
@@ -52,6 +68,10 @@ void install();
 /// another now.
 void announceFocus(QWidget& widget, int index);
 void announceValue(QWidget& widget, int index);
+
+/// The same for a widget that is one control: that it is on or off now, or where it stands.
+void announceChecked(QWidget& widget);
+void announceRange(QWidget& widget, double value);
 
 }  // namespace accessibility
 

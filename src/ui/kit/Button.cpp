@@ -45,6 +45,16 @@ void Button::setSymbol(const QString& symbol) {
     update();
 }
 
+void Button::setTip(const QString& tip) {
+    tip_ = tip;
+    if (hoverTip_) hoverTip_->dismiss();
+}
+
+void Button::setRingInside() {
+    hasRingInside_ = true;
+    update();
+}
+
 bool Button::isSolid() const {
     return kind_ == ButtonKind::primary || kind_ == ButtonKind::destructive;
 }
@@ -68,7 +78,9 @@ QSize Button::minimumSizeHint() const {
     return {std::min(sizeHint().width(), 4 * metrics::buttonPadding), sizeHint().height()};
 }
 
-QRect Button::shape() const { return rect().adjusted(reach, reach, -reach, -reach); }
+QRect Button::shape() const {
+    return hasRingInside_ ? rect() : rect().adjusted(reach, reach, -reach, -reach);
+}
 
 void Button::pressWhole() {
     if (isEnabled()) Q_EMIT pressed();
@@ -122,7 +134,8 @@ void Button::paintEvent(QPaintEvent*) {
         paint::outline(painter, ground, radius, color(ColorToken::cardBorder),
                        paint::hairline(painter));
     }
-    if (showsFocus()) paint::focusRing(painter, ground, radius);
+    if (showsFocus() && hasRingInside_) paint::focusRingInside(painter, ground, radius);
+    if (showsFocus() && !hasRingInside_) paint::focusRing(painter, ground, radius);
 
     const int padding = text_.isEmpty() ? 0 : metrics::buttonPadding;
     const int width = std::min(contentWidth(), ground.width() - 2 * padding);
@@ -144,12 +157,21 @@ void Button::setState(bool hovered, bool pressed) {
     update();
 }
 
-void Button::enterEvent(QEnterEvent*) { setState(isEnabled(), isPressed_); }
+void Button::enterEvent(QEnterEvent*) {
+    setState(isEnabled(), isPressed_);
+    if (tip_.isEmpty()) return;
+    if (!hoverTip_) hoverTip_ = std::make_unique<HoverTip>(*this);
+    hoverTip_->pointAt(shape(), tip_);
+}
 
-void Button::leaveEvent(QEvent*) { setState(false, isPressed_); }
+void Button::leaveEvent(QEvent*) {
+    setState(false, isPressed_);
+    if (hoverTip_) hoverTip_->dismiss();
+}
 
 void Button::mousePressEvent(QMouseEvent* event) {
     KitWidget::mousePressEvent(event);
+    if (hoverTip_) hoverTip_->dismiss();
     const bool isInside = shape().contains(event->position().toPoint());
     if (event->button() == Qt::LeftButton && isInside) setState(true, true);
     event->accept();
@@ -185,6 +207,9 @@ void Button::changeEvent(QEvent* event) {
     update();
 }
 
-void Button::hideEvent(QHideEvent*) { isHovered_ = isPressed_ = false; }
+void Button::hideEvent(QHideEvent*) {
+    isHovered_ = isPressed_ = false;
+    if (hoverTip_) hoverTip_->dismiss();
+}
 
 }  // namespace vtx

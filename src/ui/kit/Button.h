@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QString>
+#include <memory>
 
 #include "ui/kit/KitWidget.h"
+#include "ui/kit/Tooltip.h"
 
 namespace vtx {
 
@@ -19,6 +21,10 @@ public:
 
     void setText(const QString& text);
     void setSymbol(const QString& symbol);
+    /// A word of explanation for the pointer that rests here; none where it is empty.
+    void setTip(const QString& tip);
+    /// Within the shape, which then fills the widget: for buttons side by side without a gap.
+    void setRingInside();
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -59,6 +65,9 @@ private:
     ButtonKind kind_;
     QString text_;
     QString symbol_;
+    QString tip_;
+    std::unique_ptr<HoverTip> hoverTip_;
+    bool hasRingInside_ = false;
     bool isHovered_ = false;
     bool isPressed_ = false;
 };

@@ -60,8 +60,9 @@ void HistoryChart::setContent(HistoryChartContent content) {
     const int height = sizeHint().height();
     const HistoryChartContent before = std::exchange(content_, std::move(content));
     picture_.reset();
-    setAccessibleName(content_.spokenName);
-    setAccessibleDescription(content_.spoken);
+    // Each call is told to listeners, whatever was there before.
+    if (accessibleName() != content_.spokenName) setAccessibleName(content_.spokenName);
+    if (accessibleDescription() != content_.spoken) setAccessibleDescription(content_.spoken);
     if (sizeHint().height() != height) updateGeometry();
     const bool sameHead = before.title == content_.title && before.symbol == content_.symbol;
     if (sameHead && hasHead()) {
@@ -105,6 +106,8 @@ QRect HistoryChart::footRect() const {
 
 void HistoryChart::hideEvent(QHideEvent* event) {
     picture_.reset();
+    // An hour of points is a hundred kilobytes; the page gives them again when it is shown.
+    for (ChartSeries& series : content_.series) std::vector<ChartPoint>().swap(series.points);
     KitWidget::hideEvent(event);
 }
 

@@ -54,8 +54,8 @@ struct HistoryChartContent {
 
 /// The course of one or two series over time, the newest point at the right edge, with its title
 /// above and its figures, or a legend of several series, below. The marks are a picture that is
-/// made again only when points, size, colours or the screen's scale change, and that goes while
-/// the widget is hidden.
+/// made again only when points, size, colours or the screen's scale change. It goes when the
+/// widget is hidden, and the points with it: who shows the chart again gives them again.
 class HistoryChart : public KitWidget {
 public:
     explicit HistoryChart(QWidget* parent = nullptr);

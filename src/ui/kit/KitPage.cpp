@@ -188,12 +188,14 @@ std::unique_ptr<QWidget> parts() {
     left.push_back(sheets::banners());
     left.push_back(sheets::properties());
     left.push_back(sheets::placeholders());
+    left.push_back(sheets::tiles());
     SheetList right;
     right.push_back(sheets::pills());
     right.push_back(sheets::perCoreBars());
     right.push_back(sheets::heroes());
     right.push_back(sheets::figures());
     right.push_back(sheets::lists());
+    right.push_back(sheets::form());
     return twoColumns(std::move(left), std::move(right));
 }
 

@@ -20,5 +20,7 @@ namespace vtx::sheets {
 [[nodiscard]] std::unique_ptr<QWidget> properties();
 [[nodiscard]] std::unique_ptr<QWidget> lists();
 [[nodiscard]] std::unique_ptr<QWidget> placeholders();
+[[nodiscard]] std::unique_ptr<QWidget> form();
+[[nodiscard]] std::unique_ptr<QWidget> tiles();
 
 }  // namespace vtx::sheets

@@ -171,6 +171,35 @@ inline constexpr int stripTileGap = 6;
 inline constexpr int stripSymbol = 13;
 inline constexpr int stripSymbolGap = 3;
 
+inline constexpr int widgetWidth = 220;
+inline constexpr int widgetHeight = 170;
+inline constexpr int widgetPadding = 10;
+inline constexpr int widgetHeaderTop = 9;
+inline constexpr int widgetHeaderHeight = 16;
+inline constexpr int widgetDotGap = 6;
+inline constexpr int widgetRowsTop = 31;
+inline constexpr int widgetRowHeight = 24;
+/// From the start of a row.
+inline constexpr int widgetBarStart = 70;
+inline constexpr int widgetBarWidth = 76;
+inline constexpr int widgetChipHeight = 24;
+inline constexpr int widgetChipGap = 6;
+inline constexpr int widgetChipPadding = 8;
+
+inline constexpr int pickerWidth = 520;
+inline constexpr int pickerPadding = 24;
+inline constexpr int pickerSymbol = 36;
+inline constexpr int pickerSymbolGap = 12;
+inline constexpr int pickerTitleGap = 4;
+inline constexpr int pickerCardsGap = 18;
+inline constexpr int pickerFooterGap = 20;
+inline constexpr int pickerButtonLabel = 80;
+inline constexpr int languageCardGap = 10;
+inline constexpr int languageCardPadding = 12;
+inline constexpr int languageCardMark = 18;
+inline constexpr int languageCardDot = 6;
+inline constexpr int languageCardTextGap = 10;
+
 inline constexpr int popoverArrowWidth = 24;
 inline constexpr int popoverArrowHeight = 10;
 inline constexpr int popoverScreenMargin = 8;
@@ -212,5 +241,57 @@ inline constexpr int segmentInset = 2;
 inline constexpr int segmentPadding = 9;
 inline constexpr int segmentMs = 140;
 inline constexpr double segmentDisabled = 0.45;
+
+inline constexpr double controlDisabled = 0.4;
+
+inline constexpr int switchWidth = 32;
+inline constexpr int switchHeight = 18;
+inline constexpr int switchInset = 2;
+inline constexpr int switchKnob = 14;
+inline constexpr int switchKnobPressed = 16;
+inline constexpr int switchMs = 140;
+
+inline constexpr int sliderHeight = 24;
+inline constexpr int sliderTrack = 4;
+inline constexpr int sliderKnob = 16;
+inline constexpr int sliderKnobPressed = 18;
+inline constexpr int sliderWidth = 200;
+inline constexpr int sliderLeast = 60;
+
+inline constexpr int menuButtonHeight = 24;
+inline constexpr int menuButtonPadding = 8;
+inline constexpr int menuButtonSymbol = 14;
+inline constexpr int menuButtonChevron = 11;
+inline constexpr int menuButtonLeast = 64;
+
+inline constexpr int colorWellWidth = 36;
+inline constexpr int colorWellHeight = 20;
+
+/// Of the groups that a form is made of.
+inline constexpr int formRowHeight = 36;
+inline constexpr int formInset = 12;
+inline constexpr int formTitleGap = 6;
+inline constexpr int formFooterGap = 5;
+inline constexpr int formGroupGap = 16;
+/// Above and below a row's text that is running text.
+inline constexpr int formNotePadding = 8;
+/// From the row's top to the text or the slider below its label.
+inline constexpr int formSecondLine = 32;
+inline constexpr int formSliderTop = 29;
+inline constexpr int formSliderBottom = 3;
+inline constexpr int formSliderGap = 12;
+/// A label that has less room than this goes above its control.
+inline constexpr int formLabelLeast = 84;
+/// Around a control as wide as the row, beyond the room of its focus ring.
+inline constexpr int formWideRoom = 6;
+
+inline constexpr int tileRowHeight = 34;
+inline constexpr int tileHandle = 14;
+inline constexpr int tileLabelLeft = 32;
+inline constexpr int tileButtonWidth = 22;
+inline constexpr int tileButtonsEnd = 8;
+inline constexpr int tileButtonsGap = 10;
+inline constexpr int tileReorderMs = 180;
+inline constexpr int tileLift = 8;
 
 }  // namespace vtx::metrics

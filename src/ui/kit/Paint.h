@@ -10,6 +10,9 @@ class QPainterPath;
 
 namespace vtx::paint {
 
+/// A property of windows that are cut out along their outline, where the desktop composes nothing.
+inline constexpr auto cutOutProperty = "vantrixCut";
+
 /// The device pixels of one logical pixel of what `painter` draws on.
 [[nodiscard]] qreal scaleOf(const QPainter& painter);
 

@@ -89,10 +89,14 @@ AccessiblePart SegmentedControl::part(int index) const {
 }
 
 QRect SegmentedControl::partRect(int index) const {
-    int left = body().left() + inset;
+    const int spare = std::max(0, width() - sizeHint().width());
+    // By their ends, so that no pixel is lost between them.
+    const auto sharedBefore = [&](int i) { return spare * i / std::max(1, partCount()); };
+    int left = body().left() + inset + sharedBefore(index);
     for (int i = 0; i < index; ++i) left += segments_.at(static_cast<std::size_t>(i)).width;
+    const int own = segments_.at(static_cast<std::size_t>(index)).width;
     return mirrored({left, body().top() + inset,
-                     segments_.at(static_cast<std::size_t>(index)).width,
+                     own + sharedBefore(index + 1) - sharedBefore(index),
                      metrics::segmentedHeight - 2 * inset});
 }
 

@@ -7,11 +7,9 @@
 #include <vector>
 
 #include "ui/kit/KitWidget.h"
+#include "ui/kit/Motion.h"
 
 namespace vtx {
-
-/// Whether motion is wanted. With reduced motion everything is at its place at once.
-enum class Motion : quint8 { full, reduced };
 
 /// A few choices side by side, one of which holds. One tab stop: arrows, Home and End choose, as
 /// does a press. The thumb slides to the new choice while the control is shown. A list of radio
@@ -60,7 +58,8 @@ private:
         int width = 0;
     };
 
-    /// Within the control, which may be larger than what it shows.
+    /// Within the control, which keeps room for its focus ring. Where it is wider than its segments
+    /// need, they share what is left.
     [[nodiscard]] QRect body() const;
     [[nodiscard]] bool isPart(int index) const { return index >= 0 && index < partCount(); }
     [[nodiscard]] int partAt(QPoint position) const;

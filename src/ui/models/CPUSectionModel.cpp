@@ -35,6 +35,8 @@ struct ClusterKind {
     double CPUStats::* usage;
     std::optional<double> CPUStats::* currentMHz;
     std::vector<double> CPUStats::* perCore;
+    std::vector<double> CoreLayout::* clockTable;
+    bool SeenClocks::* seenClock;
 };
 
 constexpr ClusterKind performance{"P",
@@ -50,7 +52,9 @@ constexpr ClusterKind performance{"P",
                                   &CoreLayout::pCoreMaxMHz,
                                   &CPUStats::pCoreUsage,
                                   &CPUStats::pCoreCurrentFrequencyMHz,
-                                  &CPUStats::pPerCore};
+                                  &CPUStats::pPerCore,
+                                  &CoreLayout::pCoreFrequencyStepsMHz,
+                                  &SeenClocks::pCore};
 constexpr ClusterKind efficiency{"E",
                                  "e.circle.fill",
                                  "e.circle",
@@ -64,16 +68,23 @@ constexpr ClusterKind efficiency{"E",
                                  &CoreLayout::eCoreMaxMHz,
                                  &CPUStats::eCoreUsage,
                                  &CPUStats::eCoreCurrentFrequencyMHz,
-                                 &CPUStats::ePerCore};
+                                 &CPUStats::ePerCore,
+                                 &CoreLayout::eCoreFrequencyStepsMHz,
+                                 &SeenClocks::eCore};
 
-// A cluster that idles through a tick has no clock for it. Before the first reading nothing is
-// known, not even that.
+// A cluster that idles through a tick has no clock for it. Nothing is known before the first
+// reading, nor on a machine that never tells clocks.
 ClockTileModel clockOf(const std::optional<CPUStats>& reading, const CoreLayout& layout,
                        const ClusterKind& kind) {
     ClockTileModel tile{std::string(emptyMark), ""};
     if (reading) {
         const auto& current = (*reading).*kind.currentMHz;
-        tile.current = current ? formatFreq(current) : "Idle";
+        const bool tellsClocks =
+            !(layout.*kind.clockTable).empty() || reading->seenClocks.*kind.seenClock;
+        if (current)
+            tile.current = formatFreq(current);
+        else if (tellsClocks)
+            tile.current = "Idle";
     }
     const auto& maximum = layout.*kind.maxMHz;
     if (maximum && *maximum > 0.0) tile.maximum = "max " + formatFreq(maximum);
@@ -108,27 +119,28 @@ ClusterModel clusterOf(const std::optional<CPUStats>& reading, const CoreLayout&
             barsOf(reading, layout, kind, texts)};
 }
 
-std::optional<ChartCardModel> chartsOf(const CPUSectionReadings& readings, const CoreLayout* layout,
-                                       const DisplayPreferences& preferences,
-                                       const Localization& texts) {
+}  // namespace
+
+std::optional<ChartCardModel> describeCPUCharts(const std::optional<CoreLayout>& layout,
+                                                const CPUHistories& histories,
+                                                const DisplayPreferences& preferences,
+                                                const Localization& texts) {
     ChartCardModel card{historyTitle(preferences.historyRange), {}};
     if (preferences.graphsCPU)
         card.charts.push_back(
-            describeChart(ChartMetric::cpu, totalChartTitle, "cpu", readings.total, preferences));
+            describeChart(ChartMetric::cpu, totalChartTitle, "cpu", histories.total, preferences));
     const auto add = [&](const ClusterKind& kind, const HistorySeries& history) {
-        // Cores that the machine has not got would have a chart of zeros.
-        const bool hasCores = !layout || layout->*kind.count != 0;
+        // Cores that the machine is known to lack would have a chart of zeros.
+        const bool hasCores = !layout || (*layout).*kind.count != 0;
         if (preferences.*kind.graph && hasCores)
             card.charts.push_back(describeChart(kind.metric, text(texts, kind.title),
                                                 kind.chartSymbol, history, preferences));
     };
-    add(performance, readings.pCores);
-    add(efficiency, readings.eCores);
+    add(performance, histories.pCores);
+    add(efficiency, histories.eCores);
     if (card.charts.empty()) return std::nullopt;
     return card;
 }
-
-}  // namespace
 
 CPUSectionModel describeCPUSection(const CPUSectionReadings& readings,
                                    const DisplayPreferences& preferences,
@@ -144,7 +156,6 @@ CPUSectionModel describeCPUSection(const CPUSectionReadings& readings,
     for (const ClusterKind* kind : {&performance, &efficiency})
         if (layout && layout->*kind->count != 0)
             model.clusters.push_back(clusterOf(reading, *layout, *kind, preferences, texts));
-    model.charts = chartsOf(readings, layout, preferences, texts);
     return model;
 }
 

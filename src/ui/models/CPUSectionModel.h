@@ -15,12 +15,16 @@ namespace vtx {
 
 class Localization;
 
-/// What the page of the processor is drawn from. The histories are looked at, not kept.
+/// What the page of the processor is drawn from. Nothing of it is kept.
 struct CPUSectionReadings {
     /// The processor's shape; absent where the machine does not tell it.
     const std::optional<CoreLayout>& layout;
     /// Absent until there is one.
     const std::optional<CPUStats>& reading;
+};
+
+/// What its charts are drawn from.
+struct CPUHistories {
     const HistorySeries& total;
     const HistorySeries& pCores;
     const HistorySeries& eCores;
@@ -66,12 +70,11 @@ struct ClusterModel {
     friend bool operator==(const ClusterModel&, const ClusterModel&) = default;
 };
 
-/// All that the page of the processor says.
+/// All that the page of the processor says besides its charts.
 struct CPUSectionModel {
     HeroModel hero;
     std::vector<ClusterModel> clusters;        ///< of the kinds of cores that the machine has
     std::optional<PlaceholderModel> noLayout;  ///< in the place of the clusters
-    std::optional<ChartCardModel> charts;
 
     friend bool operator==(const CPUSectionModel&, const CPUSectionModel&) = default;
 };
@@ -79,5 +82,11 @@ struct CPUSectionModel {
 [[nodiscard]] CPUSectionModel describeCPUSection(const CPUSectionReadings& readings,
                                                  const DisplayPreferences& preferences,
                                                  const Localization& texts);
+
+/// Those that are enabled, of the kinds of cores that the machine has; all kinds where it does not
+/// tell its shape. Absent where there is none.
+[[nodiscard]] std::optional<ChartCardModel> describeCPUCharts(
+    const std::optional<CoreLayout>& layout, const CPUHistories& histories,
+    const DisplayPreferences& preferences, const Localization& texts);
 
 }  // namespace vtx

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "ui/models/ChartRange.h"
+#include "ui/models/ChartWindow.h"
 #include "ui/models/Formatters.h"
 
 namespace vtx {
@@ -39,7 +40,10 @@ MetricChartModel describeChart(ChartMetric metric, std::string title, std::strin
     MetricChartModel chart;
     chart.title = std::move(title);
     chart.symbol = std::move(symbol);
-    chart.points = trimmed(history, seconds(preferences.historyRange));
+    if (!history.empty())
+        chart.points =
+            chartWindow(history, history.back().timestamp, seconds(preferences.historyRange));
+    chart.figures = statistics(chart.points);
     chart.color = colorOf(metric, preferences);
     chart.valueFormat = wholePercent;
     chart.style = preferences.chartStyle;
@@ -78,7 +82,7 @@ std::optional<double> lastValue(const HistorySeries& points) {
 }
 
 std::vector<ChartPill> pills(const MetricChartModel& chart) {
-    const auto figures = statistics(chart.points);
+    const auto& figures = chart.figures;
     if (!figures || !chart.valueFormat) return {};
     return {{"Min", chart.valueFormat(figures->min)},
             {"Avg", chart.valueFormat(figures->average)},

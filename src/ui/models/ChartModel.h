@@ -45,8 +45,10 @@ struct ChartPill {
 struct MetricChartModel {
     std::string title;
     std::string symbol;
-    /// Of the window that ends with the last point, oldest first.
+    /// Of the window that ends with the last point, oldest first; none is later than that one.
     HistorySeries points;
+    /// Of those points; absent where no value is finite.
+    std::optional<ChartStatistics> figures;
     SeriesTint color;
     ChartScale yScale;
     ValueFormat valueFormat = nullptr;

@@ -10,21 +10,19 @@
 #include "language/Localization.h"
 #include "ui/models/ChartModel.h"
 #include "ui/models/ChartRange.h"
+#include "ui/models/ChartWindow.h"
 
 namespace vtx {
 namespace {
 
 constexpr double bytesPerMB = 1048576.0;
 
-HistorySeries inMB(HistorySeries series) {
-    for (HistoryPoint& each : series) each.value /= bytesPerMB;
-    return series;
-}
-
 /// One window for both: the series that ended first shows what it has of it.
-void cutTo(Date end, double windowSeconds, HistorySeries& series) {
-    const Date begin = end - std::chrono::duration_cast<Date::duration>(seconds(windowSeconds));
-    std::erase_if(series, [begin](const HistoryPoint& each) { return each.timestamp < begin; });
+Date endOf(const HistorySeries& read, const HistorySeries& write) {
+    Date end = Date::min();
+    for (const HistorySeries* series : {&read, &write})
+        if (!series->empty()) end = std::max(end, series->back().timestamp);
+    return end;
 }
 
 double peakOf(const HistorySeries& read, const HistorySeries& write) {
@@ -56,10 +54,11 @@ DiskThroughputChart describeDiskChart(const HistorySeries& bytesRead,
     chart.title = text(L10n::Key::disk_history);
     chart.readTitle = text(L10n::Key::disk_read);
     chart.writeTitle = text(L10n::Key::disk_write);
-    chart.read = inMB(trimmed(bytesRead, window));
-    chart.write = inMB(trimmed(bytesWritten, window));
-    if (!chart.read.empty()) cutTo(chart.read.back().timestamp, window, chart.write);
-    if (!chart.write.empty()) cutTo(chart.write.back().timestamp, window, chart.read);
+    if (!bytesRead.empty() || !bytesWritten.empty()) {
+        const Date end = endOf(bytesRead, bytesWritten);
+        chart.read = chartWindow(bytesRead, end, window, bytesPerMB);
+        chart.write = chartWindow(bytesWritten, end, window, bytesPerMB);
+    }
     chart.readColor = ChartTints::color(preferences.colorDisk, {SeriesRole::cyan});
     chart.ceiling = throughputCeiling(peakOf(chart.read, chart.write));
     chart.historyRange = preferences.historyRange;

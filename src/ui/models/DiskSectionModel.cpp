@@ -23,11 +23,10 @@ VolumeRowModel rowOf(const DiskIOSnapshot& volume, const Localization& texts) {
 
 }  // namespace
 
-DiskSectionModel describeDiskSection(const DiskSectionReadings& readings,
-                                     const DisplayPreferences& preferences,
+DiskSectionModel describeDiskSection(const std::optional<DiskIOReading>& told,
                                      const Localization& texts) {
     static const DiskIOReading nothing;
-    const DiskIOReading& reading = readings.reading ? *readings.reading : nothing;
+    const DiskIOReading& reading = told ? *told : nothing;
     DiskSectionModel model;
     // The rates stand at 0 until two readings were taken; the operations say that none were.
     model.summary = {{"arrow.down.circle", text(texts, Key::disk_read),
@@ -39,9 +38,14 @@ DiskSectionModel describeDiskSection(const DiskSectionReadings& readings,
     model.volumesTitle = text(texts, Key::disk_volumes);
     for (const DiskIOSnapshot& volume : reading.volumes)
         model.volumes.push_back(rowOf(volume, texts));
-    if (preferences.graphsDisk)
-        model.chart = describeDiskChart(readings.read, readings.write, preferences);
     return model;
+}
+
+std::optional<DiskThroughputChart> describeDiskSectionChart(const HistorySeries& bytesRead,
+                                                            const HistorySeries& bytesWritten,
+                                                            const DisplayPreferences& preferences) {
+    if (!preferences.graphsDisk) return std::nullopt;
+    return describeDiskChart(bytesRead, bytesWritten, preferences);
 }
 
 }  // namespace vtx

@@ -15,14 +15,6 @@ namespace vtx {
 
 class Localization;
 
-/// What the page of the drives is drawn from. The histories are looked at, not kept.
-struct DiskSectionReadings {
-    /// Absent until there is one.
-    const std::optional<DiskIOReading>& reading;
-    const HistorySeries& read;  ///< bytes per second, as the next one
-    const HistorySeries& write;
-};
-
 /// One drive, with what it has moved since it was attached.
 struct VolumeRowModel {
     std::string symbol;
@@ -34,18 +26,22 @@ struct VolumeRowModel {
     friend bool operator==(const VolumeRowModel&, const VolumeRowModel&) = default;
 };
 
-/// All that the page of the drives says.
+/// All that the page of the drives says besides its chart.
 struct DiskSectionModel {
     std::vector<FigureModel> summary;  ///< read, then write
     std::string volumesTitle;
     std::vector<VolumeRowModel> volumes;  ///< without any there is no card of them
-    std::optional<DiskThroughputChart> chart;
 
     friend bool operator==(const DiskSectionModel&, const DiskSectionModel&) = default;
 };
 
-[[nodiscard]] DiskSectionModel describeDiskSection(const DiskSectionReadings& readings,
-                                                   const DisplayPreferences& preferences,
+/// The reading is absent until there is one.
+[[nodiscard]] DiskSectionModel describeDiskSection(const std::optional<DiskIOReading>& reading,
                                                    const Localization& texts);
+
+/// Absent where it is not enabled. Both histories are in bytes a second.
+[[nodiscard]] std::optional<DiskThroughputChart> describeDiskSectionChart(
+    const HistorySeries& bytesRead, const HistorySeries& bytesWritten,
+    const DisplayPreferences& preferences);
 
 }  // namespace vtx

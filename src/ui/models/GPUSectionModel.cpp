@@ -35,12 +35,16 @@ GPUSectionModel describeGPUSection(const GPUSectionReadings& readings,
     };
     add("paintbrush", "Tiler", reading ? reading->tilerUtilization : std::nullopt);
     add("rectangle.stack", "Renderer", reading ? reading->rendererUtilization : std::nullopt);
-    if (preferences.graphsGPU)
-        model.charts =
-            ChartCardModel{historyTitle(preferences.historyRange),
-                           {describeChart(ChartMetric::gpu, text(texts, Key::section_gpu),
-                                          "display", readings.history, preferences)}};
     return model;
+}
+
+std::optional<ChartCardModel> describeGPUCharts(bool isAvailable, const HistorySeries& history,
+                                                const DisplayPreferences& preferences,
+                                                const Localization& texts) {
+    if (!isAvailable || !preferences.graphsGPU) return std::nullopt;
+    return ChartCardModel{historyTitle(preferences.historyRange),
+                          {describeChart(ChartMetric::gpu, text(texts, Key::section_gpu), "display",
+                                         history, preferences)}};
 }
 
 }  // namespace vtx

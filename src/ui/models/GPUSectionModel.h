@@ -15,12 +15,11 @@ namespace vtx {
 
 class Localization;
 
-/// What the page of the graphics is drawn from. The history is looked at, not kept.
+/// What the page of the graphics is drawn from. Nothing of it is kept.
 struct GPUSectionReadings {
     bool isAvailable = true;
     /// Absent until there is one.
     const std::optional<GPUStats>& reading;
-    const HistorySeries& history;
 };
 
 /// A part of the graphics with its load.
@@ -34,13 +33,12 @@ struct GPUComponentModel {
     friend bool operator==(const GPUComponentModel&, const GPUComponentModel&) = default;
 };
 
-/// All that the page of the graphics says.
+/// All that the page of the graphics says besides its chart.
 struct GPUSectionModel {
     std::optional<PlaceholderModel> placeholder;  ///< alone where it is there
     HeroModel hero;
     std::string componentsTitle;
     std::vector<GPUComponentModel> components;
-    std::optional<ChartCardModel> charts;
 
     friend bool operator==(const GPUSectionModel&, const GPUSectionModel&) = default;
 };
@@ -48,5 +46,11 @@ struct GPUSectionModel {
 [[nodiscard]] GPUSectionModel describeGPUSection(const GPUSectionReadings& readings,
                                                  const DisplayPreferences& preferences,
                                                  const Localization& texts);
+
+/// Absent where it is not enabled, and where the machine tells no load of its graphics.
+[[nodiscard]] std::optional<ChartCardModel> describeGPUCharts(bool isAvailable,
+                                                              const HistorySeries& history,
+                                                              const DisplayPreferences& preferences,
+                                                              const Localization& texts);
 
 }  // namespace vtx

@@ -110,13 +110,18 @@ MemorySectionModel describeMemorySection(const MemorySectionReadings& readings,
         model.consumers.push_back(rowOf(process, reading ? reading->totalBytes : 0));
     if (model.consumers.empty()) model.noConsumers = text(texts, Key::memory_noConsumers);
     model.color = ChartTints::color(preferences.colorMemory, {SeriesRole::memory});
-    if (preferences.graphsMemory)
-        model.charts = ChartCardModel{
-            historyTitle(preferences.historyRange),
-            {describeChart(ChartMetric::memory,
-                           text(texts, Key::section_memory) + " " + text(texts, Key::memory_used),
-                           "memorychip", readings.history, preferences)}};
     return model;
+}
+
+std::optional<ChartCardModel> describeMemoryCharts(const HistorySeries& history,
+                                                   const DisplayPreferences& preferences,
+                                                   const Localization& texts) {
+    if (!preferences.graphsMemory) return std::nullopt;
+    return ChartCardModel{
+        historyTitle(preferences.historyRange),
+        {describeChart(ChartMetric::memory,
+                       text(texts, Key::section_memory) + " " + text(texts, Key::memory_used),
+                       "memorychip", history, preferences)}};
 }
 
 }  // namespace vtx

@@ -26,7 +26,6 @@ struct MemorySectionReadings {
     MemoryStats::Pressure pressure = MemoryStats::Pressure::normal;
     /// The user's own processes, largest first.
     std::span<const ProcessSnapshot> consumers;
-    const HistorySeries& history;
 };
 
 /// What the memory is made of: wired, active, compressed, inactive and free, as parts of the total.
@@ -67,7 +66,7 @@ struct ConsumerRowModel {
     friend bool operator==(const ConsumerRowModel&, const ConsumerRowModel&) = default;
 };
 
-/// All that the page of the memory says.
+/// All that the page of the memory says besides its chart.
 struct MemorySectionModel {
     /// Not empty before the first reading; then it stands in the place of the summary.
     std::string collecting;
@@ -77,7 +76,6 @@ struct MemorySectionModel {
     std::vector<ConsumerRowModel> consumers;
     std::string noConsumers;  ///< empty where there are some
     SeriesTint color;         ///< of the consumers' bars
-    std::optional<ChartCardModel> charts;
 
     friend bool operator==(const MemorySectionModel&, const MemorySectionModel&) = default;
 };
@@ -85,5 +83,9 @@ struct MemorySectionModel {
 [[nodiscard]] MemorySectionModel describeMemorySection(const MemorySectionReadings& readings,
                                                        const DisplayPreferences& preferences,
                                                        const Localization& texts);
+
+/// Absent where it is not enabled.
+[[nodiscard]] std::optional<ChartCardModel> describeMemoryCharts(
+    const HistorySeries& history, const DisplayPreferences& preferences, const Localization& texts);
 
 }  // namespace vtx

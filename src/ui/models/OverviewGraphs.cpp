@@ -3,11 +3,14 @@
 
 namespace vtx {
 
-std::vector<ChartMetric> overviewCharts(const DisplayPreferences& preferences, GPUSampling gpu) {
+std::vector<ChartMetric> overviewCharts(const DisplayPreferences& preferences, GPUSampling gpu,
+                                        const std::optional<CoreLayout>& layout) {
+    const bool hasPCores = !layout || layout->pCoreCount != 0;
+    const bool hasECores = !layout || layout->eCoreCount != 0;
     std::vector<ChartMetric> charts;
     if (preferences.graphsCPU) charts.push_back(ChartMetric::cpu);
-    if (preferences.graphsPCore) charts.push_back(ChartMetric::pCore);
-    if (preferences.graphsECore) charts.push_back(ChartMetric::eCore);
+    if (preferences.graphsPCore && hasPCores) charts.push_back(ChartMetric::pCore);
+    if (preferences.graphsECore && hasECores) charts.push_back(ChartMetric::eCore);
     if (preferences.graphsGPU && gpu == GPUSampling::available) charts.push_back(ChartMetric::gpu);
     if (preferences.graphsMemory) charts.push_back(ChartMetric::memory);
     return charts;

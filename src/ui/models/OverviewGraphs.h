@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "telemetry/CoreLayout.h"
 #include "ui/models/ChartModel.h"
 
 namespace vtx {
@@ -21,9 +22,11 @@ struct OverviewHistories {
 enum class GPUSampling { available, unavailable };
 
 /// The metrics whose charts the overview shows, in its order: those that are enabled, the graphics
-/// only while the machine tells their load.
+/// only while the machine tells their load, each kind of core unless the machine is known to lack
+/// it.
 [[nodiscard]] std::vector<ChartMetric> overviewCharts(const DisplayPreferences& preferences,
-                                                      GPUSampling gpu);
+                                                      GPUSampling gpu,
+                                                      const std::optional<CoreLayout>& layout);
 
 /// One of them, with the points of its window.
 [[nodiscard]] MetricChartModel describeOverviewChart(ChartMetric metric,

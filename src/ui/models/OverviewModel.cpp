@@ -44,7 +44,9 @@ OverviewModel describeOverview(const OverviewReadings& readings) {
         return cpu ? std::optional((*cpu).*load) : std::nullopt;
     };
     rows.push_back(loadRow("cpu", "CPU", of(&CPUStats::totalUsage)));
-    const CoreLayout layout = cpu ? cpu->layout : readings.layout.value_or(CoreLayout{});
+    static const CoreLayout unknown;
+    const CoreLayout& told = readings.layout ? *readings.layout : unknown;
+    const CoreLayout& layout = cpu ? cpu->layout : told;
     if (layout.pCoreCount != 0)
         rows.push_back(loadRow("p.circle", fmt::format("P-cores ({})", layout.pCoreCount),
                                of(&CPUStats::pCoreUsage)));
@@ -54,7 +56,7 @@ OverviewModel describeOverview(const OverviewReadings& readings) {
     const auto pClock = cpu ? cpu->pCoreCurrentFrequencyMHz : std::nullopt;
     const auto eClock = cpu ? cpu->eCoreCurrentFrequencyMHz : std::nullopt;
     const auto clock = [](bool isSeen) { return isSeen ? Clock::seen : Clock::never; };
-    const SeenClocks& seen = readings.seenClocks;
+    const SeenClocks seen = cpu ? cpu->seenClocks : SeenClocks{};
     if (showsClock(pClock, clock(seen.pCore), layout.pCoreCount, layout.pCoreFrequencyStepsMHz))
         rows.push_back(clockRow("P-Core Clock", pClock));
     if (showsClock(eClock, clock(seen.eCore), layout.eCoreCount, layout.eCoreFrequencyStepsMHz))

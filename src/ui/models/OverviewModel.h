@@ -15,34 +15,21 @@
 
 namespace vtx {
 
-/// The clusters that ever had a clock. A cluster that idles has none for a while, and its row
-/// stays.
-struct SeenClocks {
-    bool pCore = false;
-    bool eCore = false;
-
-    void note(const CPUStats& reading) {
-        pCore = pCore || reading.pCoreCurrentFrequencyMHz.has_value();
-        eCore = eCore || reading.eCoreCurrentFrequencyMHz.has_value();
-    }
-};
-
-/// What the overview is drawn from.
+/// What the overview is drawn from. Nothing of it is kept.
 struct OverviewReadings {
     /// The processor's shape; absent where the machine does not tell it.
-    std::optional<CoreLayout> layout;
+    const std::optional<CoreLayout>& layout;
     /// Absent until there is a reading.
-    std::optional<CPUStats> cpu;
+    const std::optional<CPUStats>& cpu;
     /// Absent until there is one, and on a machine that tells no load of its graphics.
-    std::optional<GPUStats> gpu = std::nullopt;
+    const std::optional<GPUStats>& gpu;
     /// Absent until there is one, and on a machine without sensors.
-    std::optional<TemperatureReading> temperature = std::nullopt;
+    const std::optional<TemperatureReading>& temperature;
     /// Absent until there is one.
-    std::optional<MemoryStats> memory = std::nullopt;
-    SeenClocks seenClocks = {};
+    const std::optional<MemoryStats>& memory;
     MemoryStats::Pressure pressure = MemoryStats::Pressure::normal;
     /// Who uses most memory, largest first; asked for only while memory runs short.
-    std::vector<ProcessSnapshot> consumers = {};
+    const std::vector<ProcessSnapshot>& consumers;
 };
 
 /// One live row: a symbol, what it is, how much it is.

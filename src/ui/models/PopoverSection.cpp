@@ -29,10 +29,6 @@ constexpr std::array sections{
     SectionDescription{PopoverSection::settings, "settings", "gearshape", Key::section_settings},
 };
 
-bool hasPage(PopoverSection section) {
-    return section != PopoverSection::settings;
-}
-
 bool isOffered(PopoverSection section, const SystemInfo& machine,
                const DisplayPreferences& preferences) {
     switch (section) {
@@ -61,8 +57,7 @@ std::vector<PopoverSection> visibleSections(const SystemInfo& machine,
                                             const DisplayPreferences& preferences) {
     std::vector<PopoverSection> visible;
     for (const SectionDescription& said : sections)
-        if (hasPage(said.section) && isOffered(said.section, machine, preferences))
-            visible.push_back(said.section);
+        if (isOffered(said.section, machine, preferences)) visible.push_back(said.section);
     return visible;
 }
 

@@ -7,14 +7,10 @@
 #include <algorithm>
 
 #include "ui/kit/Metrics.h"
+#include "ui/kit/Paint.h"
 #include "ui/shell/WindowSystem.h"
 
 namespace vtx::ShellShape {
-namespace {
-
-constexpr auto cutProperty = "vantrixCut";
-
-}  // namespace
 
 QPainterPath rounded(const QRectF& rect, Qt::Edges touching, double radius) {
     const double r = std::min({radius, rect.width() / 2, rect.height() / 2});
@@ -45,7 +41,7 @@ QPen outline(const QColor& color, double scale) {
 
 void cut(QWidget& window, const QPainterPath& path, WindowSystem& system) {
     const bool isCut = !system.blendsWindows();
-    window.setProperty(cutProperty, isCut);
+    window.setProperty(paint::cutOutProperty, isCut);
     if (isCut)
         system.cutOut(window, path);
     else
@@ -54,7 +50,7 @@ void cut(QWidget& window, const QPainterPath& path, WindowSystem& system) {
 
 void paint(QPainter& painter, const QWidget& widget, const QPainterPath& body, const QPen& pen,
            const QColor& fill) {
-    if (widget.window()->property(cutProperty).toBool()) {
+    if (widget.window()->property(paint::cutOutProperty).toBool()) {
         painter.setRenderHint(QPainter::Antialiasing, false);
         painter.fillRect(body.boundingRect().adjusted(-1, -1, 1, 1), fill);
     }

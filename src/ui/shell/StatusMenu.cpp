@@ -7,8 +7,8 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "ui/kit/MenuStyle.h"
 #include "ui/kit/Metrics.h"
-#include "ui/shell/MenuStyle.h"
 #include "ui/shell/ShellShape.h"
 #include "ui/shell/WindowSystem.h"
 
@@ -19,19 +19,13 @@ namespace {
 /// Between the item and its menu.
 constexpr int gap = 4;
 
-/// One for every menu: a style is a large object.
-QStyle* menuStyle() {
-    static MenuStyle style;
-    return &style;
-}
-
 QString literal(QString title) { return title.replace('&', "&&"); }
 
 }  // namespace
 
 StatusMenu::StatusMenu(WindowSystem& system, const std::vector<StatusMenuItem>& items)
     : system_(system) {
-    setStyle(menuStyle());
+    setStyle(MenuStyle::shared());
     setWindowFlag(Qt::FramelessWindowHint);
     setWindowFlag(Qt::NoDropShadowWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);

@@ -10,6 +10,7 @@
 
 #include "platform/UserDefaults.h"
 #include "ui/kit/Metrics.h"
+#include "ui/shell/ScreenList.h"
 #include "ui/shell/ShellShape.h"
 #include "ui/shell/StripRecordCodec.h"
 #include "ui/shell/StripSurface.h"
@@ -22,20 +23,6 @@ namespace {
 std::optional<StripRecord> stored(const UserDefaults& defaults) {
     const auto data = defaults.data(StripRecordCodec::key);
     return data ? StripRecordCodec::decode(*data) : std::nullopt;
-}
-
-QMargins marginsOf(const QScreen& screen) {
-    const QRect all = screen.geometry(), free = screen.availableGeometry();
-    return {free.left() - all.left(), free.top() - all.top(), all.right() - free.right(),
-            all.bottom() - free.bottom()};
-}
-
-/// The primary screen comes first.
-QList<QScreen*> orderedScreens() {
-    QList<QScreen*> screens = QGuiApplication::screens();
-    const auto primary = screens.indexOf(QGuiApplication::primaryScreen());
-    if (primary > 0) screens.move(primary, 0);
-    return screens;
 }
 
 }  // namespace
@@ -129,7 +116,7 @@ void StripStatusItem::screensChanged() {
 
 void StripStatusItem::lookAtScreens() {
     StripPlacement::Screens screens;
-    for (const QScreen* screen : orderedScreens())
+    for (const QScreen* screen : screenList::ordered())
         screens.push_back({screen->name(), screen->geometry(), screen->devicePixelRatio(), {}});
     if (screens.empty()) screens.push_back({{}, QRect(0, 0, 1280, 800), 1, {}});
 
@@ -146,7 +133,7 @@ QMargins StripStatusItem::keptByDesktop(const ShellScreen& screen) {
     if (known != kept_.end()) return known->margins;
     for (const QScreen* one : QGuiApplication::screens()) {
         if (one->name() != screen.name) continue;
-        const QMargins all = marginsOf(*one), panels = screen.panels;
+        const QMargins all = screenList::marginsOf(*one), panels = screen.panels;
         const auto unexplained = [](int side, int panel) { return side > panel ? side : 0; };
         kept_.push_back(
             {screen.name,

@@ -14,9 +14,9 @@ class QWidget;
 
 namespace vtx {
 
-/// What the strip and the popover need of the window system beyond the toolkit. The base class
-/// stands for a system that grants nothing: windows then stand where the compositor puts them.
-/// Main executor; owned by the composition root, outlives the windows.
+/// What the strip, the popover and the floating panel need of the window system beyond the toolkit.
+/// The base class stands for a system that grants nothing: windows then stand where the compositor
+/// puts them. Main executor; owned by the composition root, outlives the windows.
 class WindowSystem {
 public:
     WindowSystem() = default;
@@ -36,6 +36,10 @@ public:
     virtual void stripShown(QWidget& /*window*/) {}
     /// Makes a short-lived companion of a window that has its handle but was never shown.
     virtual void makePopover(QWidget& /*window*/) {}
+
+    /// Makes a floating panel of a window that has its handle but was never shown: on every
+    /// desktop, above others, in no list of windows, without the keyboard.
+    virtual void makeFloating(QWidget& /*window*/) {}
 
     /// Shows only what lies within the path, given in the window's coordinates.
     virtual void cutOut(QWidget& window, const QPainterPath& path);

@@ -24,6 +24,7 @@ CPUSection::CPUSection(MetricsCoordinator& coordinator, QWidget* parent)
     for (ClusterCard* cluster : clusters_) addBlock(cluster);
     addBlock(charts_);
     refresh();
+    refreshCharts();
 }
 
 void CPUSection::display(const CPUSectionModel& model) {
@@ -35,20 +36,25 @@ void CPUSection::display(const CPUSectionModel& model) {
         if (isThere) clusters_[i]->display(model.clusters[i]);
         clusters_[i]->setVisible(isThere);
     }
-    charts_->display(model.charts);
 }
 
 void CPUSection::follow() {
     observe(coordinator().cpu.latest);
-    observe(coordinator().cpuHistory);
-    observe(coordinator().pCoreHistory);
-    observe(coordinator().eCoreHistory);
+    observe(coordinator().cpuHistory, Concern::charts);
+    observe(coordinator().pCoreHistory, Concern::charts);
+    observe(coordinator().eCoreHistory, Concern::charts);
 }
 
 void CPUSection::refresh() {
     const MetricsCoordinator& c = coordinator();
-    display(describeCPUSection(
-        {c.cpu.layout(), *c.cpu.latest, *c.cpuHistory, *c.pCoreHistory, *c.eCoreHistory},
+    display(describeCPUSection({c.cpu.layout(), *c.cpu.latest}, *c.preferences,
+                               Localization::shared()));
+}
+
+void CPUSection::refreshCharts() {
+    const MetricsCoordinator& c = coordinator();
+    charts_->display(describeCPUCharts(
+        c.cpu.layout(), {drawn(c.cpuHistory), drawn(c.pCoreHistory), drawn(c.eCoreHistory)},
         *c.preferences, Localization::shared()));
 }
 

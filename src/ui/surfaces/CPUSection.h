@@ -23,6 +23,7 @@ public:
 protected:
     void follow() override;
     void refresh() override;
+    void refreshCharts() override;
 
 private:
     HeroNumber* hero_;

@@ -38,6 +38,7 @@ DiskSection::DiskSection(MetricsCoordinator& coordinator, QWidget* parent)
     addBlock(volumesCard_);
     addBlock(chart_);
     refresh();
+    refreshCharts();
 }
 
 Card* DiskSection::makeVolumesCard() {
@@ -58,19 +59,22 @@ void DiskSection::display(const DiskSectionModel& model) {
     for (const VolumeRowModel& volume : model.volumes) rows.push_back(rowOf(volume));
     volumes_->setRows(std::move(rows));
     volumesCard_->setVisible(!model.volumes.empty());
-    chart_->display(model.chart);
 }
 
 void DiskSection::follow() {
     observe(coordinator().diskIO.latest);
-    observe(coordinator().diskReadHistory);
-    observe(coordinator().diskWriteHistory);
+    observe(coordinator().diskReadHistory, Concern::charts);
+    observe(coordinator().diskWriteHistory, Concern::charts);
 }
 
 void DiskSection::refresh() {
+    display(describeDiskSection(*coordinator().diskIO.latest, Localization::shared()));
+}
+
+void DiskSection::refreshCharts() {
     const MetricsCoordinator& c = coordinator();
-    display(describeDiskSection({*c.diskIO.latest, *c.diskReadHistory, *c.diskWriteHistory},
-                                *c.preferences, Localization::shared()));
+    chart_->display(describeDiskSectionChart(drawn(c.diskReadHistory), drawn(c.diskWriteHistory),
+                                             *c.preferences));
 }
 
 }  // namespace vtx

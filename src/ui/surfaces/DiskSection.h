@@ -21,6 +21,7 @@ public:
 protected:
     void follow() override;
     void refresh() override;
+    void refreshCharts() override;
 
 private:
     Card* makeVolumesCard();

@@ -31,6 +31,7 @@ GPUSection::GPUSection(MetricsCoordinator& coordinator, QWidget* parent)
          std::initializer_list<QWidget*>{placeholder_, heroCard_, componentsCard_, charts_})
         addBlock(block);
     refresh();
+    refreshCharts();
 }
 
 Card* GPUSection::makeComponentsCard() {
@@ -59,19 +60,24 @@ void GPUSection::display(const GPUSectionModel& model) {
     components_->setRows(std::move(rows));
     heroCard_->setVisible(isKnown);
     componentsCard_->setVisible(isKnown);
-    charts_->display(model.charts);
 }
 
 void GPUSection::follow() {
     observe(coordinator().gpu.latest);
-    observe(coordinator().gpu.isAvailable);
-    observe(coordinator().gpuHistory);
+    observe(coordinator().gpu.isAvailable, Concern::all);
+    observe(coordinator().gpuHistory, Concern::charts);
 }
 
 void GPUSection::refresh() {
     const MetricsCoordinator& c = coordinator();
-    display(describeGPUSection({*c.gpu.isAvailable, *c.gpu.latest, *c.gpuHistory}, *c.preferences,
+    display(describeGPUSection({*c.gpu.isAvailable, *c.gpu.latest}, *c.preferences,
                                Localization::shared()));
+}
+
+void GPUSection::refreshCharts() {
+    const MetricsCoordinator& c = coordinator();
+    charts_->display(describeGPUCharts(*c.gpu.isAvailable, drawn(c.gpuHistory), *c.preferences,
+                                       Localization::shared()));
 }
 
 }  // namespace vtx

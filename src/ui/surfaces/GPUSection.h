@@ -22,6 +22,7 @@ public:
 protected:
     void follow() override;
     void refresh() override;
+    void refreshCharts() override;
 
 private:
     Card* makeComponentsCard();

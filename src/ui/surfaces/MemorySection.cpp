@@ -35,6 +35,7 @@ MemorySection::MemorySection(MetricsCoordinator& coordinator, QWidget* parent)
          std::initializer_list<QWidget*>{collecting_, summary_, banner_, consumersCard_, charts_})
         addBlock(block);
     refresh();
+    refreshCharts();
 }
 
 Card* MemorySection::makeConsumersCard() {
@@ -52,7 +53,6 @@ void MemorySection::display(const MemorySectionModel& model) {
     if (model.collecting.empty()) summary_->display(model.summary);
     displayBanner(model);
     displayConsumers(model);
-    charts_->display(model.charts);
 }
 
 void MemorySection::displayBanner(const MemorySectionModel& model) {
@@ -84,15 +84,20 @@ void MemorySection::follow() {
     observe(coordinator().memory.latest);
     observe(coordinator().memory.pressure);
     observe(coordinator().processes.processes);
-    observe(coordinator().memoryHistory);
+    observe(coordinator().memoryHistory, Concern::charts);
 }
 
 void MemorySection::refresh() {
     const MetricsCoordinator& c = coordinator();
     const auto consumers = c.memoryPressure.suggestedCleanupTargets(topConsumerLimit);
-    display(
-        describeMemorySection({*c.memory.latest, *c.memory.pressure, consumers, *c.memoryHistory},
-                              *c.preferences, Localization::shared()));
+    display(describeMemorySection({*c.memory.latest, *c.memory.pressure, consumers}, *c.preferences,
+                                  Localization::shared()));
+}
+
+void MemorySection::refreshCharts() {
+    const MetricsCoordinator& c = coordinator();
+    charts_->display(
+        describeMemoryCharts(drawn(c.memoryHistory), *c.preferences, Localization::shared()));
 }
 
 }  // namespace vtx

@@ -29,6 +29,7 @@ public:
 protected:
     void follow() override;
     void refresh() override;
+    void refreshCharts() override;
 
 private:
     Card* makeConsumersCard();

@@ -61,16 +61,15 @@ QVBoxLayout* addBlock(QVBoxLayout* column) {
 }  // namespace
 
 OverviewTab::OverviewTab(MetricsCoordinator& coordinator, QWidget* parent)
-    : QWidget(parent),
-      coordinator_(coordinator),
+    : LivePage(coordinator, parent),
       banner_(new Banner(this)),
       graphsHead_(new QWidget(this)),
       graphsTitle_(new SectionHead({}, graphsHead_)),
       liveHead_(new SectionHead({}, this)),
       liveRows_(new MetricRows) {
     layOut();
-    rebuild();
-    rebuildGraphs();
+    refresh();
+    refreshCharts();
 }
 
 void OverviewTab::layOut() {
@@ -84,7 +83,7 @@ void OverviewTab::layOut() {
     head->setContentsMargins(0, 0, 0, 0);
     head->setSpacing(0);
     head->addWidget(graphsTitle_, 1);
-    head->addWidget(new HistoryRangePicker(coordinator_, graphsHead_));
+    head->addWidget(new HistoryRangePicker(coordinator(), graphsHead_));
     layout->addWidget(graphsHead_);
     cards_ = new QVBoxLayout;
     cards_->setSpacing(metrics::cardGap);
@@ -111,63 +110,56 @@ void OverviewTab::display(const OverviewModel& model) {
     liveRows_->setRows(std::move(rows));
 }
 
-void OverviewTab::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    follow();
-}
-
 void OverviewTab::hideEvent(QHideEvent* event) {
-    subscriptions_.clear();
-    QWidget::hideEvent(event);
+    processes_.cancel();
+    LivePage::hideEvent(event);
 }
 
 void OverviewTab::follow() {
-    auto& c = coordinator_;
-    const auto values = [this](const auto&) { rebuild(); };
-    const auto graphs = [this](const auto&) { rebuildGraphs(); };
-    const auto texts = [this](const auto&) {
-        rebuild();
-        rebuildGraphs();
-    };
-    const auto chart = [this](ChartMetric metric) {
-        return [this, metric](const auto&) { redraw(metric); };
-    };
-    subscriptions_.push_back(c.cpu.latest.subscribe(values));
-    subscriptions_.push_back(c.gpu.latest.subscribe(values));
-    subscriptions_.push_back(c.memory.latest.subscribe(values));
-    subscriptions_.push_back(c.memory.pressure.subscribe(values));
-    subscriptions_.push_back(c.temperature.latest.subscribe(values));
-    subscriptions_.push_back(c.processes.processes.subscribe(values));
-    subscriptions_.push_back(c.preferences.subscribe(graphs));
-    subscriptions_.push_back(c.gpu.isAvailable.subscribe(graphs));
-    subscriptions_.push_back(Localization::shared().effective.subscribe(texts));
-    subscriptions_.push_back(c.cpuHistory.subscribe(chart(ChartMetric::cpu)));
-    subscriptions_.push_back(c.pCoreHistory.subscribe(chart(ChartMetric::pCore)));
-    subscriptions_.push_back(c.eCoreHistory.subscribe(chart(ChartMetric::eCore)));
-    subscriptions_.push_back(c.gpuHistory.subscribe(chart(ChartMetric::gpu)));
-    subscriptions_.push_back(c.memoryHistory.subscribe(chart(ChartMetric::memory)));
+    const auto& c = coordinator();
+    observe(c.cpu.latest);
+    observe(c.gpu.latest);
+    observe(c.memory.latest);
+    observe(c.memory.pressure);
+    observe(c.temperature.latest);
+    observe(c.gpu.isAvailable, Concern::charts);
+    for (const auto* history :
+         {&c.cpuHistory, &c.pCoreHistory, &c.eCoreHistory, &c.gpuHistory, &c.memoryHistory})
+        observe(*history, Concern::charts);
 }
 
-void OverviewTab::rebuild() {
-    const auto& c = coordinator_;
-    if (*c.cpu.latest) seenClocks_.note(**c.cpu.latest);
-    OverviewReadings readings{
-        c.cpu.layout(),   *c.cpu.latest, *c.gpu.latest,      *c.temperature.latest,
-        *c.memory.latest, seenClocks_,   *c.memory.pressure, {}};
-    if (readings.pressure != MemoryStats::Pressure::normal)
-        readings.consumers = c.memoryPressure.suggestedCleanupTargets(overviewConsumers);
-    display(describeOverview(readings));
+void OverviewTab::followProcesses() {
+    const auto& c = coordinator();
+    if (*c.memory.pressure == MemoryStats::Pressure::normal || !isVisible())
+        processes_.cancel();
+    else if (!processes_)
+        processes_ = subscriptionTo(c.processes.processes, Concern::values);
 }
 
-void OverviewTab::rebuildGraphs() {
-    const auto& preferences = *coordinator_.preferences;
-    const auto shown =
-        overviewCharts(preferences, *coordinator_.gpu.isAvailable ? GPUSampling::available
-                                                                  : GPUSampling::unavailable);
+void OverviewTab::refresh() {
+    const auto& c = coordinator();
+    followProcesses();
+    std::vector<ProcessSnapshot> consumers;
+    if (*c.memory.pressure != MemoryStats::Pressure::normal)
+        consumers = c.memoryPressure.suggestedCleanupTargets(overviewConsumers);
+    display(describeOverview({c.cpu.layout(), *c.cpu.latest, *c.gpu.latest, *c.temperature.latest,
+                              *c.memory.latest, *c.memory.pressure, consumers}));
+}
+
+void OverviewTab::refreshCharts() {
+    const auto& c = coordinator();
+    const auto& preferences = *c.preferences;
+    const auto sampling = *c.gpu.isAvailable ? GPUSampling::available : GPUSampling::unavailable;
+    const auto shown = overviewCharts(preferences, sampling, c.cpu.layout());
     if (!std::ranges::equal(shown, charts_, {}, {}, &ChartCard::metric)) makeCards(shown);
     graphsHead_->setVisible(!shown.empty());
     graphsTitle_->setTitle(qt(historyTitle(preferences.historyRange)));
-    for (const ChartMetric metric : shown) redraw(metric);
+    const OverviewHistories histories{&drawn(c.cpuHistory), &drawn(c.pCoreHistory),
+                                      &drawn(c.eCoreHistory), &drawn(c.gpuHistory),
+                                      &drawn(c.memoryHistory)};
+    for (const ChartCard& each : charts_)
+        each.chart->setContent(
+            chartContent(describeOverviewChart(each.metric, histories, preferences)));
 }
 
 void OverviewTab::makeCards(const std::vector<ChartMetric>& metrics) {
@@ -184,16 +176,6 @@ void OverviewTab::makeCards(const std::vector<ChartMetric>& metrics) {
         cards_->addWidget(card);
         charts_.push_back({metric, card, chart});
     }
-}
-
-void OverviewTab::redraw(ChartMetric metric) {
-    const auto found = std::ranges::find(charts_, metric, &ChartCard::metric);
-    if (found == charts_.end()) return;
-    const auto& c = coordinator_;
-    const OverviewHistories histories{&*c.cpuHistory, &*c.pCoreHistory, &*c.eCoreHistory,
-                                      &*c.gpuHistory, &*c.memoryHistory};
-    found->chart->setContent(
-        chartContent(describeOverviewChart(metric, histories, *c.preferences)));
 }
 
 }  // namespace vtx

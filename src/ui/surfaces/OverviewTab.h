@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QWidget>
 #include <vector>
 
-#include "base/Subscription.h"
 #include "ui/models/OverviewGraphs.h"
 #include "ui/models/OverviewModel.h"
+#include "ui/surfaces/LivePage.h"
 
 class QVBoxLayout;
 
@@ -16,13 +15,12 @@ class Banner;
 class Card;
 class HistoryChart;
 class MetricRows;
-class MetricsCoordinator;
 class SectionHead;
 
 /// The first page of popover and dashboard: how the machine is doing, at a glance. Leads with a
 /// notice while memory runs short, then the charts that are enabled, then the present values.
 /// Follows the coordinator while it is shown and changes nothing.
-class OverviewTab final : public QWidget {
+class OverviewTab final : public LivePage {
     Q_OBJECT
 
 public:
@@ -32,7 +30,9 @@ public:
     void display(const OverviewModel& model);
 
 protected:
-    void showEvent(QShowEvent* event) override;
+    void follow() override;
+    void refresh() override;
+    void refreshCharts() override;
     void hideEvent(QHideEvent* event) override;
 
 private:
@@ -43,15 +43,10 @@ private:
     };
 
     void layOut();
-    void follow();
-    void rebuild();
-    /// Makes the cards of the charts that are enabled, and draws each.
-    void rebuildGraphs();
+    /// Processes come every few seconds, and nothing of them is shown without the notice.
+    void followProcesses();
     void makeCards(const std::vector<ChartMetric>& metrics);
-    /// Draws the chart anew, if it is shown.
-    void redraw(ChartMetric metric);
 
-    MetricsCoordinator& coordinator_;
     Banner* banner_;
     QWidget* graphsHead_;
     SectionHead* graphsTitle_;
@@ -59,8 +54,7 @@ private:
     std::vector<ChartCard> charts_;
     SectionHead* liveHead_;
     MetricRows* liveRows_;
-    SeenClocks seenClocks_;
-    Subscriptions subscriptions_;
+    Subscription processes_;
 };
 
 }  // namespace vtx

@@ -20,6 +20,7 @@
 #include "ui/surfaces/OverviewTab.h"
 #include "ui/surfaces/ProcessTab.h"
 #include "ui/surfaces/QtText.h"
+#include "ui/surfaces/SettingsTab.h"
 #include "ui/surfaces/SystemInfoSection.h"
 
 namespace vtx {
@@ -146,6 +147,8 @@ QWidget* PopoverView::makePage(PopoverSection section) {
             return new ProcessTab(coordinator_);
         case PopoverSection::system:
             return new SystemInfoSection(coordinator_);
+        case PopoverSection::settings:
+            return new SettingsTab(coordinator_);
         default:
             return new OverviewTab(coordinator_);
     }

@@ -6,6 +6,8 @@
 #include "ui/shell/StatusItemFactory.h"
 #include "ui/surfaces/AboutPanel.h"
 #include "ui/surfaces/DashboardWindowController.h"
+#include "ui/surfaces/LanguagePickerWindowController.h"
+#include "ui/surfaces/MiniWidgetWindowController.h"
 #include "ui/surfaces/PopoverController.h"
 #include "ui/surfaces/StatusItemController.h"
 
@@ -21,9 +23,22 @@ void QtSurfaceFactory::useTray(TrayHost& tray, const Clock& clock) {
     clock_ = &clock;
 }
 
+std::unique_ptr<LanguagePickerSurface> QtSurfaceFactory::makeLanguagePicker() {
+    auto made = std::make_unique<LanguagePickerWindowController>(title_);
+    languagePicker_ = made.get();
+    return made;
+}
+
 std::unique_ptr<DashboardSurface> QtSurfaceFactory::makeDashboard(MetricsCoordinator& coordinator) {
     auto made = std::make_unique<DashboardWindowController>(coordinator, defaults_, title_);
     dashboard_ = made.get();
+    return made;
+}
+
+std::unique_ptr<MiniWidgetSurface> QtSurfaceFactory::makeMiniWidget(
+    MetricsCoordinator& coordinator) {
+    auto made = std::make_unique<MiniWidgetWindowController>(system_, coordinator, title_);
+    miniWidget_ = made.get();
     return made;
 }
 

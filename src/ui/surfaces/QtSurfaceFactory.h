@@ -13,6 +13,8 @@ namespace vtx {
 class AboutPanel;
 class Clock;
 class DashboardWindowController;
+class LanguagePickerWindowController;
+class MiniWidgetWindowController;
 class PopoverController;
 class StatusItemController;
 class TrayHost;
@@ -29,7 +31,9 @@ public:
     /// Gives the status item that is made later a place in the tray too; both must outlive it.
     void useTray(TrayHost& tray, const Clock& clock);
 
+    std::unique_ptr<LanguagePickerSurface> makeLanguagePicker() override;
     std::unique_ptr<DashboardSurface> makeDashboard(MetricsCoordinator& coordinator) override;
+    std::unique_ptr<MiniWidgetSurface> makeMiniWidget(MetricsCoordinator& coordinator) override;
     std::unique_ptr<StatusItemSurface> makeStatusItem(MetricsCoordinator& coordinator) override;
     std::unique_ptr<PopoverSurface> makePopover(
         MetricsCoordinator& coordinator, StatusItemSurface& item,
@@ -40,7 +44,9 @@ public:
     void terminate() override;
 
     /// The surfaces that were made and still are; null before. For taking pictures of them.
+    [[nodiscard]] LanguagePickerWindowController* languagePicker() const { return languagePicker_; }
     [[nodiscard]] DashboardWindowController* dashboard() const { return dashboard_; }
+    [[nodiscard]] MiniWidgetWindowController* miniWidget() const { return miniWidget_; }
     [[nodiscard]] StatusItemController* statusItem() const { return statusItem_; }
     [[nodiscard]] PopoverController* popover() const { return popover_; }
     [[nodiscard]] QWidget* aboutPanel() const;
@@ -49,7 +55,9 @@ private:
     WindowSystem& system_;
     UserDefaults& defaults_;
     const QString title_;
+    LanguagePickerWindowController* languagePicker_ = nullptr;
     DashboardWindowController* dashboard_ = nullptr;
+    MiniWidgetWindowController* miniWidget_ = nullptr;
     StatusItemController* statusItem_ = nullptr;
     PopoverController* popover_ = nullptr;
     TrayHost* tray_ = nullptr;

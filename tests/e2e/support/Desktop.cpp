@@ -43,6 +43,7 @@ Desktop::Desktop() : environment_(passedOn()) {
     environment_["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1";
     environment_["XAUTHORITY"] = (folder_.path() / "authority").string();
     writeAuthority();
+    writeProfile();
 
     server_ = launch({"Xvfb", "-displayfd", "3", "-screen", "0", "1280x800x24", "-nolisten", "tcp",
                       "-noreset", "-auth", environment_["XAUTHORITY"]});
@@ -69,6 +70,16 @@ void Desktop::writeAuthority() const {
     std::ofstream file(environment_.at("XAUTHORITY"), std::ios::binary);
     file << "\xFF\xFF" << field("") << field("") << field("MIT-MAGIC-COOKIE-1")
          << field(randomBytes(cookieSize));
+}
+
+/// Any record of preferences tells that the program was started before.
+void Desktop::writeProfile() const {
+    const std::filesystem::path settings = folder_.sub("config/vantrix");
+    std::ofstream(settings / "defaults.json") << R"({"displayPreferences.v3": "{}"})";
+}
+
+void Desktop::forgetProfile() const {
+    std::filesystem::remove_all(folder_.path() / "config" / "vantrix");
 }
 
 std::unique_ptr<ChildProcess> Desktop::launch(std::vector<std::string> command) const {

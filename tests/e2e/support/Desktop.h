@@ -15,11 +15,14 @@ namespace vtx::e2e {
 
 /// A desktop of a test's own: an X server that only the test may connect to, a window manager, a
 /// session bus and the accessibility bus. Ended in the opposite order of its start. Nothing of the
-/// session that the test runs in, nor of its user's settings, reaches the programs on it.
+/// session that the test runs in, nor of its user's settings, reaches the programs on it. The
+/// user's profile on it is not new: nothing is asked at the first start.
 class Desktop {
 public:
     Desktop();
 
+    /// Makes the profile that of a user who has never started the program.
+    void forgetProfile() const;
     /// Starts a program on it.
     [[nodiscard]] std::unique_ptr<ChildProcess> start(std::vector<std::string> command) const;
     /// The application of that process on the accessibility bus; absent until it is there.
@@ -38,6 +41,7 @@ public:
 
 private:
     void writeAuthority() const;
+    void writeProfile() const;
     [[nodiscard]] std::unique_ptr<ChildProcess> launch(std::vector<std::string> command) const;
 
     Folder folder_;

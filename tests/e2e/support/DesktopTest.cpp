@@ -35,8 +35,10 @@ std::vector<Accessible> DesktopTest::windows() {
 }
 
 std::optional<Accessible> DesktopTest::strip() {
-    for (const Accessible& window : windows())
+    for (const Accessible& window : windows()) {
+        if (window.role() == "dialog") continue;
         if (auto button = window.findRole("push button")) return button;
+    }
     return std::nullopt;
 }
 
@@ -77,6 +79,33 @@ std::optional<Accessible> DesktopTest::elementOf(xcb_window_t wanted) {
     for (const Accessible& window : windows())
         if (window.isShowing() && window.place() == display().place(wanted)) return window;
     return std::nullopt;
+}
+
+std::optional<Accessible> DesktopTest::openedMenu() {
+    if (!eventually([this] { return isMenuOpen(); })) return std::nullopt;
+    (void)desktop.accessibility().newEvents("StateChanged:focused");
+    std::optional<Accessible> entry;
+    const auto focused = [&] {
+        for (const auto& event : desktop.accessibility().newEvents("StateChanged:focused"))
+            if (event.source.role() == "menu item") entry = event.source;
+        return entry.has_value();
+    };
+    // Again if need be: the menu shows a moment before it has the keyboard.
+    constexpr Span untilAgain{700};
+    (void)eventually([&] {
+        user().press(key::down);
+        return eventually(focused, untilAgain);
+    });
+    return entry ? entry->parent() : std::nullopt;
+}
+
+void DesktopTest::choose(const std::string& name) {
+    user().click(stripPlace(), UserInput::Button::right);
+    const auto menu = openedMenu();
+    ASSERT_TRUE(menu) << "no menu";
+    const auto entry = menu->findNamed(name);
+    ASSERT_TRUE(entry) << menu->drawing();
+    user().click(entry->place());
 }
 
 Place DesktopTest::emptyPlace() {

@@ -37,6 +37,11 @@ protected:
     [[nodiscard]] std::optional<Accessible> windowNamed(const std::string& name);
     /// The element of an X window that shows.
     [[nodiscard]] std::optional<Accessible> elementOf(xcb_window_t window);
+    /// The menu as assistive software meets it, once the strip's menu was asked for: by the focus
+    /// that goes to its first entry.
+    [[nodiscard]] std::optional<Accessible> openedMenu();
+    /// Opens the strip's menu and clicks on an entry.
+    void choose(const std::string& name);
     /// Where nothing of the program is.
     [[nodiscard]] Place emptyPlace();
 

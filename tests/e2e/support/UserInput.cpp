@@ -30,6 +30,15 @@ void UserInput::clickWith(std::uint32_t modifier, const Place& place) const {
     letGo(modifier);
 }
 
+void UserInput::drag(const Place& place, int byX, int byY) const {
+    constexpr int steps = 10;
+    moveTo(place.middleX(), place.middleY());
+    send(XCB_BUTTON_PRESS, static_cast<std::uint8_t>(Button::left));
+    for (int step = 1; step <= steps; ++step)
+        moveTo(place.middleX() + byX * step / steps, place.middleY() + byY * step / steps);
+    send(XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(Button::left));
+}
+
 void UserInput::press(std::uint32_t key) const {
     hold(key);
     letGo(key);

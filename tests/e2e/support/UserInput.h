@@ -12,8 +12,11 @@ namespace key {
 inline constexpr std::uint32_t escape = 0xFF1B;
 inline constexpr std::uint32_t enter = 0xFF0D;
 inline constexpr std::uint32_t down = 0xFF54;
+inline constexpr std::uint32_t right = 0xFF53;
 inline constexpr std::uint32_t menu = 0xFF67;
 inline constexpr std::uint32_t control = 0xFFE3;
+inline constexpr std::uint32_t alt = 0xFFE9;
+inline constexpr std::uint32_t f4 = 0xFFC1;
 inline constexpr std::uint32_t q = 0x71;
 }  // namespace key
 
@@ -27,6 +30,8 @@ public:
     void moveTo(int x, int y) const;
     void click(const Place& place, Button button = Button::left) const;
     void clickWith(std::uint32_t modifier, const Place& place) const;
+    /// With the left button, from the middle of a place.
+    void drag(const Place& place, int byX, int byY) const;
     void press(std::uint32_t key) const;
     void pressWith(std::uint32_t modifier, std::uint32_t key) const;
 

@@ -32,6 +32,13 @@ TEST(AppDelegate, launch_makes_an_accessory_logs_takes_an_activity_and_then_the_
     ASSERT_NE(l.delegate.menuBarController(), nullptr);
 }
 
+TEST(AppDelegate, launch_sets_the_updater_going) {
+    Launched l;
+    EXPECT_EQ(l.bench.platform.softwareUpdater.starts, 0);
+    l.delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(l.bench.platform.softwareUpdater.starts, 1);
+}
+
 TEST(AppDelegate, launch_opens_no_window) {
     Launched l;
     l.delegate.applicationDidFinishLaunching();

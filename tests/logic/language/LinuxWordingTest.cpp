@@ -128,6 +128,7 @@ public:
     std::vector<std::string> preferredLanguages() const override { return {"en-GB"}; }
     std::string collationKey(std::string_view text) const override { return std::string(text); }
     std::string lowercased(std::string_view text) const override { return std::string(text); }
+    std::string timeOfDay(Date) const override { return {}; }
 };
 
 std::string_view saidIn(Language language, Key key, PlatformWording wording) {

@@ -20,6 +20,7 @@ public:
     std::vector<std::string> preferredLanguages() const override { return preferred; }
     std::string collationKey(std::string_view text) const override { return std::string(text); }
     std::string lowercased(std::string_view text) const override { return std::string(text); }
+    std::string timeOfDay(Date) const override { return {}; }
 
     std::vector<std::string> preferred;
 };

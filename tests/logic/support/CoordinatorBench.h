@@ -3,6 +3,7 @@
 
 #include "base/Shared.h"
 #include "core/MetricsCoordinator.h"
+#include "core/UpdaterService.h"
 #include "language/Localization.h"
 #include "support/TestBench.h"
 
@@ -16,8 +17,13 @@ public:
         : TestBench(std::move(shape), std::move(settings)) {
         Shared<Localization>::setFactory(
             [this] { return std::make_unique<Localization>(platform.locale); });
+        Shared<UpdaterService>::setFactory(
+            [this] { return std::make_unique<UpdaterService>(platform.softwareUpdater); });
     }
-    ~AppBench() { Shared<Localization>::reset(); }
+    ~AppBench() {
+        Shared<UpdaterService>::reset();
+        Shared<Localization>::reset();
+    }
 };
 
 /// A coordinator on a bench, whose loop has not started.

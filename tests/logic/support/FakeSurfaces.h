@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/controller/SurfaceFactory.h"
@@ -32,8 +33,7 @@ struct FakePopover final : PopoverSurface {
 
     bool isShown() const override { return shown; }
     void show() override {
-        shown = true;
-        if (onShow) onShow();
+        if (!std::exchange(shown, true) && onShow) onShow();
     }
     void close() override {
         shown = false;
@@ -51,16 +51,45 @@ struct FakeDashboard final : DashboardSurface {
     void userCloses() { onVisibilityChange(false); }
 };
 
+struct FakeMiniWidget final : MiniWidgetSurface {
+    std::vector<std::string> did;
+
+    void show() override { did.emplace_back("show"); }
+    void close() override { did.emplace_back("close"); }
+};
+
+struct FakeLanguagePicker final : LanguagePickerSurface {
+    std::vector<Language> presented;
+    std::function<void(Language)> confirm;
+
+    void present(Language initial, std::function<void(Language)> onConfirm) override {
+        presented.push_back(initial);
+        confirm = std::move(onConfirm);
+    }
+};
+
 struct FakeSurfaces final : SurfaceFactory {
     FakeStatusItem* item = nullptr;
     FakePopover* popover = nullptr;
     FakeDashboard* dashboard = nullptr;
+    FakeMiniWidget* miniWidget = nullptr;
+    FakeLanguagePicker* languagePicker = nullptr;
     bool givesButton = true;
     std::vector<std::string> did;
 
+    std::unique_ptr<LanguagePickerSurface> makeLanguagePicker() override {
+        auto made = std::make_unique<FakeLanguagePicker>();
+        languagePicker = made.get();
+        return made;
+    }
     std::unique_ptr<DashboardSurface> makeDashboard(MetricsCoordinator&) override {
         auto made = std::make_unique<FakeDashboard>();
         dashboard = made.get();
+        return made;
+    }
+    std::unique_ptr<MiniWidgetSurface> makeMiniWidget(MetricsCoordinator&) override {
+        auto made = std::make_unique<FakeMiniWidget>();
+        miniWidget = made.get();
         return made;
     }
     std::unique_ptr<StatusItemSurface> makeStatusItem(MetricsCoordinator&) override {

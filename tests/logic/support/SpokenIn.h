@@ -35,6 +35,7 @@ private:
         [[nodiscard]] std::string collationKey(std::string_view text) const override {
             return std::string(text);
         }
+        std::string timeOfDay(Date) const override { return {}; }
     };
 
     Nowhere locale_;

@@ -152,6 +152,23 @@ TEST(CPUMonitor, a_cluster_that_idles_has_no_clock_beside_the_other_one) {
     EXPECT_EQ(m.stats().eCoreCurrentFrequencyMHz, std::nullopt);
 }
 
+TEST(CPUMonitor, a_clock_that_was_told_once_is_remembered_for_as_long_as_it_lives) {
+    Monitored m;
+    m.bench.mac.processors.setLoadOfAll({});
+    m.refreshOverASecond();
+    EXPECT_EQ(m.stats().seenClocks, (SeenClocks{false, false}));
+    m.bench.mac.processors.setLoadOf(CoreKind::performance, {.user = 1.0});
+    m.refreshOverASecond();
+    EXPECT_EQ(m.stats().seenClocks, (SeenClocks{true, false}));
+    m.bench.mac.processors.setLoadOfAll({});
+    m.refreshOverASecond();
+    EXPECT_EQ(m.stats().pCoreCurrentFrequencyMHz, std::nullopt);
+    EXPECT_EQ(m.stats().seenClocks, (SeenClocks{true, false}));
+    m.bench.mac.processors.setLoadOf(CoreKind::efficiency, {.user = 1.0});
+    m.refreshOverASecond();
+    EXPECT_EQ(m.stats().seenClocks, (SeenClocks{true, true}));
+}
+
 TEST(CPUMonitor, a_step_without_loads_publishes_nothing_but_moves_the_clocks_baseline) {
     Monitored m;
     m.bench.mac.processors.setLoadOfAll({.user = 1.0});

@@ -38,7 +38,17 @@ CPUStats readingOn(const CoreLayout& layout) {
 class CPUSectionModelTest : public testing::Test {
 protected:
     [[nodiscard]] CPUSectionModel describe() const {
-        return describeCPUSection({layout, reading, total, pCores, eCores}, preferences, texts);
+        return describeCPUSection({layout, reading}, preferences, texts);
+    }
+    [[nodiscard]] std::optional<ChartCardModel> charts() const {
+        return describeCPUCharts(layout, {total, pCores, eCores}, preferences, texts);
+    }
+    /// The titles of the charts that there are.
+    [[nodiscard]] std::vector<std::string> titles() const {
+        std::vector<std::string> all;
+        if (const auto card = charts())
+            for (const auto& chart : card->charts) all.push_back(chart.title);
+        return all;
     }
 
     test::SpokenIn texts;
@@ -73,15 +83,14 @@ TEST_F(CPUSectionModelTest, each_kind_of_core_has_its_card) {
                                   "9 %",
                                   Hue::eCore,
                                   {SeriesRole::eCore},
-                                  {"Idle", ""},
+                                  {"—", ""},
                                   {"Per core", "cpu", "1 Cores", {{"E1", "16 %", 0.16}}}};
     EXPECT_THAT(describe().clusters, ElementsAre(performance, efficiency));
     EXPECT_FALSE(describe().noLayout);
 }
 
-TEST_F(CPUSectionModelTest, a_clock_is_idle_while_it_is_absent_and_unknown_where_it_is_no_clock) {
+TEST_F(CPUSectionModelTest, a_clock_is_told_as_it_is_and_unknown_where_it_is_no_clock) {
     const std::tuple<std::optional<double>, std::optional<double>, ClockTileModel> cases[] = {
-        {std::nullopt, 3700.0, {"Idle", "max 3.70 GHz"}},
         {999.6, std::nullopt, {"1000 MHz", ""}},
         {1000.0, 0.0, {"1.00 GHz", ""}},
         {0.0, -1.0, {"—", ""}}};
@@ -90,6 +99,25 @@ TEST_F(CPUSectionModelTest, a_clock_is_idle_while_it_is_absent_and_unknown_where
         reading->layout.pCoreMaxMHz = maximum;
         EXPECT_EQ(describe().clusters.at(0).clock, tile) << current.value_or(-1);
     }
+}
+
+TEST_F(CPUSectionModelTest, a_cluster_without_a_clock_is_idle_only_where_clocks_are_told) {
+    const auto clocks = [this] {
+        const auto clusters = describe().clusters;
+        return std::vector{clusters.at(0).clock.current, clusters.at(1).clock.current};
+    };
+    reading->pCoreCurrentFrequencyMHz.reset();
+    EXPECT_THAT(clocks(), ElementsAre("—", "—"));
+    reading->layout.pCoreFrequencyStepsMHz = {600, 3228};
+    EXPECT_THAT(clocks(), ElementsAre("Idle", "—"));
+    reading->layout.pCoreFrequencyStepsMHz.clear();
+    reading->layout.eCoreFrequencyStepsMHz = {600, 2064};
+    EXPECT_THAT(clocks(), ElementsAre("—", "Idle"));
+    reading->layout.eCoreFrequencyStepsMHz.clear();
+    reading->seenClocks = {true, false};
+    EXPECT_THAT(clocks(), ElementsAre("Idle", "—"));
+    reading->seenClocks = {false, true};
+    EXPECT_THAT(clocks(), ElementsAre("—", "Idle"));
 }
 
 TEST_F(CPUSectionModelTest, before_the_first_reading_the_cards_stand_with_dashes) {
@@ -114,11 +142,23 @@ TEST_F(CPUSectionModelTest, without_a_layout_a_note_stands_in_the_place_of_the_c
 }
 
 TEST_F(CPUSectionModelTest, a_kind_of_core_that_the_machine_lacks_has_neither_card_nor_chart) {
-    reading->layout.eCoreCount = 0;
+    reading->layout.eCoreCount = layout->eCoreCount = 0;
     reading->ePerCore.clear();
-    const CPUSectionModel model = describe();
-    EXPECT_THAT(model.clusters, SizeIs(1));
-    EXPECT_THAT(model.charts->charts, SizeIs(2));
+    EXPECT_THAT(describe().clusters, SizeIs(1));
+    EXPECT_THAT(titles(), ElementsAre("CPU gesamt", "P-cores"));
+    layout->pCoreCount = 0;
+    EXPECT_THAT(titles(), ElementsAre("CPU gesamt"));
+}
+
+TEST_F(CPUSectionModelTest, the_card_is_gone_with_the_chart_of_the_cores_that_are_not_there) {
+    preferences.graphsCPU = preferences.graphsPCore = false;
+    layout->eCoreCount = 0;
+    EXPECT_FALSE(charts());
+}
+
+TEST_F(CPUSectionModelTest, on_an_unknown_layout_no_kind_of_core_is_taken_to_be_missing) {
+    layout.reset();
+    EXPECT_THAT(titles(), ElementsAre("CPU gesamt", "P-cores", "E-cores"));
 }
 
 TEST_F(CPUSectionModelTest, bars_stay_within_their_track) {
@@ -130,28 +170,38 @@ TEST_F(CPUSectionModelTest, bars_stay_within_their_track) {
 }
 
 TEST_F(CPUSectionModelTest, each_graph_that_is_on_has_its_chart) {
-    const auto charts = describe().charts;
-    ASSERT_TRUE(charts);
-    EXPECT_EQ(charts->title, "Last 60 s");
+    const auto card = charts();
+    ASSERT_TRUE(card);
+    EXPECT_EQ(card->title, "Last 60 s");
     const std::tuple<const char*, const char*, SeriesRole, double> expected[] = {
         {"CPU gesamt", "cpu", SeriesRole::cpu, 0.1},
         {"P-cores", "p.circle", SeriesRole::pCore, 0.2},
         {"E-cores", "e.circle", SeriesRole::eCore, 0.3}};
-    ASSERT_THAT(charts->charts, SizeIs(3));
+    ASSERT_THAT(card->charts, SizeIs(3));
     for (std::size_t i = 0; i < 3; ++i) {
         const auto& [title, symbol, role, value] = expected[i];
-        EXPECT_EQ(charts->charts[i].title, title);
-        EXPECT_EQ(charts->charts[i].symbol, symbol);
-        EXPECT_EQ(charts->charts[i].color, SeriesTint{role});
-        EXPECT_EQ(charts->charts[i].points.at(0).value, value);
+        EXPECT_EQ(card->charts[i].title, title);
+        EXPECT_EQ(card->charts[i].symbol, symbol);
+        EXPECT_EQ(card->charts[i].color, SeriesTint{role});
+        EXPECT_EQ(card->charts[i].points.at(0).value, value);
+    }
+}
+
+TEST_F(CPUSectionModelTest, each_preference_stands_for_its_own_chart) {
+    const std::pair<bool DisplayPreferences::*, const char*> graphs[] = {
+        {&DisplayPreferences::graphsCPU, "CPU gesamt"},
+        {&DisplayPreferences::graphsPCore, "P-cores"},
+        {&DisplayPreferences::graphsECore, "E-cores"}};
+    for (const auto& [graph, title] : graphs) {
+        preferences.graphsCPU = preferences.graphsPCore = preferences.graphsECore = false;
+        preferences.*graph = true;
+        EXPECT_THAT(titles(), ElementsAre(title));
     }
 }
 
 TEST_F(CPUSectionModelTest, with_every_graph_off_the_card_of_charts_is_gone) {
-    preferences.graphsCPU = preferences.graphsPCore = false;
-    EXPECT_THAT(describe().charts->charts, SizeIs(1));
-    preferences.graphsECore = false;
-    EXPECT_FALSE(describe().charts);
+    preferences.graphsCPU = preferences.graphsPCore = preferences.graphsECore = false;
+    EXPECT_FALSE(charts());
 }
 
 TEST_F(CPUSectionModelTest, the_users_colours_fill_the_bars_and_leave_the_figures) {
@@ -159,6 +209,10 @@ TEST_F(CPUSectionModelTest, the_users_colours_fill_the_bars_and_leave_the_figure
     const auto cluster = describe().clusters.at(0);
     EXPECT_EQ(cluster.color, (SeriesTint{SeriesRole::pCore, RGBColor{255, 128, 0}}));
     EXPECT_EQ(cluster.hue, Hue::pCore);
+    EXPECT_EQ(describe().clusters.at(1).color, SeriesTint{SeriesRole::eCore});
+    preferences.colorECore = "#0080FF";
+    EXPECT_EQ(describe().clusters.at(1).color,
+              (SeriesTint{SeriesRole::eCore, RGBColor{0, 128, 255}}));
     preferences.colorPCore = "no colour";
     EXPECT_EQ(describe().clusters.at(0).color, SeriesTint{SeriesRole::pCore});
 }
@@ -169,7 +223,7 @@ TEST_F(CPUSectionModelTest, two_titles_are_german_in_every_language) {
     for (const Language language : {Language::fr, Language::ja}) {
         const test::SpokenIn other(language);
         EXPECT_EQ(describe().noLayout->title, "CPU-Topologie konnte nicht gelesen werden.");
-        EXPECT_EQ(describe().charts->charts.at(0).title, "CPU gesamt");
+        EXPECT_EQ(charts()->charts.at(0).title, "CPU gesamt");
     }
 }
 

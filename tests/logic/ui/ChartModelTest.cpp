@@ -42,6 +42,14 @@ TEST(ChartModel, shows_the_window_before_the_last_point_however_old_that_is) {
     EXPECT_EQ(chartOf(old, preferences).points, old);
 }
 
+TEST(ChartModel, what_is_later_than_the_last_point_counts_nowhere) {
+    const HistorySeries setBack{point(98, 0.3), point(130, 0.9), point(99, 0.1), point(100, 0.2)};
+    const auto chart = chartOf(setBack);
+    EXPECT_EQ(chart.points, (HistorySeries{setBack[0], setBack[2], setBack[3]}));
+    EXPECT_THAT(pills(chart), ElementsAre(ChartPill{"Min", "10 %"}, ChartPill{"Avg", "20 %"},
+                                          ChartPill{"Max", "30 %"}));
+}
+
 TEST(ChartModel, takes_title_style_and_window_over) {
     DisplayPreferences preferences;
     preferences.chartStyle = DisplayPreferences::ChartStyle::bar;
@@ -56,16 +64,23 @@ TEST(ChartModel, takes_title_style_and_window_over) {
 
 TEST(ChartModel, each_metric_has_its_theme_colour_until_the_user_has_one) {
     DisplayPreferences preferences;
-    preferences.colorGPU = "#102030";
-    preferences.colorMemory = "none";
     const auto colorOf = [&preferences](ChartMetric metric) {
         return describeChart(metric, {}, {}, {}, preferences).color;
     };
-    EXPECT_EQ(colorOf(ChartMetric::cpu), (SeriesTint{SeriesRole::cpu}));
-    EXPECT_EQ(colorOf(ChartMetric::pCore), (SeriesTint{SeriesRole::pCore}));
-    EXPECT_EQ(colorOf(ChartMetric::eCore), (SeriesTint{SeriesRole::eCore}));
-    EXPECT_EQ(colorOf(ChartMetric::gpu), (SeriesTint{SeriesRole::gpu, RGBColor{16, 32, 48}}));
-    EXPECT_EQ(colorOf(ChartMetric::memory), (SeriesTint{SeriesRole::memory}));
+    const std::tuple<ChartMetric, SeriesRole, std::string DisplayPreferences::*> metrics[] = {
+        {ChartMetric::cpu, SeriesRole::cpu, &DisplayPreferences::colorCPU},
+        {ChartMetric::pCore, SeriesRole::pCore, &DisplayPreferences::colorPCore},
+        {ChartMetric::eCore, SeriesRole::eCore, &DisplayPreferences::colorECore},
+        {ChartMetric::gpu, SeriesRole::gpu, &DisplayPreferences::colorGPU},
+        {ChartMetric::memory, SeriesRole::memory, &DisplayPreferences::colorMemory}};
+    for (const auto& [metric, role, color] : metrics) {
+        preferences = {};
+        EXPECT_EQ(colorOf(metric), SeriesTint{role});
+        preferences.*color = "#102030";
+        EXPECT_EQ(colorOf(metric), (SeriesTint{role, RGBColor{16, 32, 48}}));
+        preferences.*color = "none";
+        EXPECT_EQ(colorOf(metric), SeriesTint{role});
+    }
 }
 
 TEST(ChartModel, figures_are_those_of_the_values_in_the_window) {
@@ -120,6 +135,11 @@ protected:
 TEST_F(SpokenChartTest, says_window_last_value_and_figures) {
     EXPECT_EQ(spokenText(chartOf(values({0.06, 0.55, 0.2}))),
               "CPU total, Last 60 s, 20 %, Min 6 %, Avg 27 %, Max 55 %");
+}
+
+TEST_F(SpokenChartTest, says_nothing_of_what_is_later_than_the_last_point) {
+    EXPECT_EQ(spokenValue(chartOf({point(130, 0.9), point(99, 0.1), point(100, 0.2)})),
+              "Last 60 s, 20 %, Min 10 %, Avg 15 %, Max 20 %");
 }
 
 TEST_F(SpokenChartTest, says_that_there_is_nothing_yet) {

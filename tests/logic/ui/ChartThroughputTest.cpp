@@ -53,6 +53,16 @@ TEST_F(DiskThroughputTest, the_ceiling_falls_when_the_peak_has_left_the_window) 
     EXPECT_EQ(describeDiskChart(later, {}, preferences).ceiling, 5);
 }
 
+TEST_F(DiskThroughputTest, what_is_later_than_the_last_points_sets_no_ceiling) {
+    const HistorySeries setBack{point(130, 158 * mib), point(100, 3 * mib)};
+    for (const auto& chart :
+         {describeDiskChart(setBack, {}, preferences), describeDiskChart({}, setBack, preferences),
+          describeDiskChart(setBack, {point(100, mib)}, preferences)}) {
+        EXPECT_EQ(chart.ceiling, 5);
+        EXPECT_THAT(spokenValue(chart), testing::HasSubstr("3.0 MB/s, Max 3.0 MB/s"));
+    }
+}
+
 TEST(ThroughputCeiling, is_the_next_of_one_two_and_five_above_the_peak) {
     const auto of = throughputCeiling;
     EXPECT_EQ(of(1.0), 2.0);

@@ -14,7 +14,10 @@ using testing::ElementsAre;
 class GPUSectionModelTest : public testing::Test {
 protected:
     [[nodiscard]] GPUSectionModel describe(bool isAvailable = true) const {
-        return describeGPUSection({isAvailable, reading, history}, preferences, texts);
+        return describeGPUSection({isAvailable, reading}, preferences, texts);
+    }
+    [[nodiscard]] std::optional<ChartCardModel> chart(bool isAvailable = true) const {
+        return describeGPUCharts(isAvailable, history, preferences, texts);
     }
 
     test::SpokenIn texts;
@@ -57,13 +60,14 @@ TEST_F(GPUSectionModelTest, before_the_first_reading_all_figures_are_dashes) {
 }
 
 TEST_F(GPUSectionModelTest, the_chart_comes_and_goes_with_its_preference) {
-    const auto charts = describe().charts;
+    EXPECT_FALSE(chart(false));
+    const auto charts = chart();
     ASSERT_TRUE(charts);
     ASSERT_EQ(charts->charts.size(), 1U);
     EXPECT_EQ(charts->charts[0].title, "GPU");
     EXPECT_EQ(charts->charts[0].points, history);
     preferences.graphsGPU = false;
-    EXPECT_FALSE(describe().charts);
+    EXPECT_FALSE(chart());
 }
 
 TEST_F(GPUSectionModelTest, the_fixed_names_stay_in_every_language) {
@@ -76,7 +80,7 @@ TEST_F(GPUSectionModelTest, the_fixed_names_stay_in_every_language) {
 
 TEST_F(GPUSectionModelTest, the_heading_names_the_window) {
     preferences.historyRange = DisplayPreferences::HistoryRange::oneHour;
-    EXPECT_EQ(describe().charts->title, "Last 1 h");
+    EXPECT_EQ(chart()->title, "Last 1 h");
 }
 
 }  // namespace

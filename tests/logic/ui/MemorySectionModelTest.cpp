@@ -40,7 +40,10 @@ ProcessSnapshot process(const char* name, std::uint64_t bytes) {
 class MemorySectionModelTest : public testing::Test {
 protected:
     [[nodiscard]] MemorySectionModel describe() const {
-        return describeMemorySection({reading, pressure, consumers, history}, preferences, texts);
+        return describeMemorySection({reading, pressure, consumers}, preferences, texts);
+    }
+    [[nodiscard]] std::optional<ChartCardModel> chart() const {
+        return describeMemoryCharts(history, preferences, texts);
     }
 
     test::SpokenIn texts;
@@ -147,8 +150,14 @@ TEST_F(MemorySectionModelTest, the_largest_processes_are_weighed_against_the_tot
     EXPECT_EQ(describe().consumers.at(0).fraction, 0.0);
 }
 
+TEST_F(MemorySectionModelTest, the_users_colour_is_that_of_the_consumers_bars) {
+    EXPECT_EQ(describe().color, SeriesTint{SeriesRole::memory});
+    preferences.colorMemory = "#102030";
+    EXPECT_EQ(describe().color, (SeriesTint{SeriesRole::memory, RGBColor{16, 32, 48}}));
+}
+
 TEST_F(MemorySectionModelTest, the_chart_comes_and_goes_with_its_preference) {
-    const auto charts = describe().charts;
+    const auto charts = chart();
     ASSERT_TRUE(charts);
     EXPECT_EQ(charts->title, "Last 60 s");
     ASSERT_EQ(charts->charts.size(), 1U);
@@ -156,7 +165,7 @@ TEST_F(MemorySectionModelTest, the_chart_comes_and_goes_with_its_preference) {
     EXPECT_EQ(charts->charts[0].symbol, "memorychip");
     EXPECT_EQ(charts->charts[0].valueFormat(0.5), "50 %");
     preferences.graphsMemory = false;
-    EXPECT_FALSE(describe().charts);
+    EXPECT_FALSE(chart());
 }
 
 }  // namespace

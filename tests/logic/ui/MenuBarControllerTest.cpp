@@ -98,7 +98,7 @@ TEST(MenuBarController, the_menu_has_its_entries_in_order) {
     for (const auto& item : c.surfaces.item->menu)
         titles.push_back(item.title + (item.key.empty() ? "" : " " + item.key));
     EXPECT_THAT(titles, ElementsAre("About Vantrix", "", "Settings… ,", "Open Dashboard", "",
-                                    "Refresh Now r", "", "Quit Vantrix q"));
+                                    "Refresh Now r", "Show Mini Widget", "", "Quit Vantrix q"));
 }
 
 TEST(MenuBarController, about_activates_and_shows_the_panel) {
@@ -144,6 +144,17 @@ TEST(MenuBarController, refresh_now_makes_a_pass_of_its_own) {
     c.controller.refreshNow();
     c.bench.settle();
     EXPECT_EQ(c.bench.platform.calls("host_processor_info"), before + 1);
+}
+
+TEST(MenuBarController, refresh_now_reads_the_processes_whatever_their_pace) {
+    Controlled c;
+    c.bench.settle();
+    c.controller.togglePopover();  // under which they have just been read
+    c.bench.settle();
+    const auto before = c.bench.platform.calls(operations::processDetails);
+    c.controller.refreshNow();
+    c.bench.settle();
+    EXPECT_GT(c.bench.platform.calls(operations::processDetails), before);
 }
 
 TEST(MenuBarController, quit_stops_the_loop_and_the_observers_and_asks_to_terminate) {

@@ -10,6 +10,15 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+CoreLayout layoutOf(int pCores, int eCores) {
+    CoreLayout layout;
+    layout.pCoreCount = pCores;
+    layout.eCoreCount = eCores;
+    return layout;
+}
+
+const CoreLayout bothKinds = layoutOf(8, 4);
+
 DisplayPreferences noGraphs() {
     DisplayPreferences none;
     none.graphsCPU = none.graphsPCore = none.graphsECore = none.graphsGPU = none.graphsMemory =
@@ -18,29 +27,44 @@ DisplayPreferences noGraphs() {
 }
 
 TEST(OverviewGraphs, each_enabled_metric_has_its_chart_in_order) {
-    EXPECT_THAT(overviewCharts(DisplayPreferences{}, GPUSampling::available),
+    EXPECT_THAT(overviewCharts(DisplayPreferences{}, GPUSampling::available, bothKinds),
                 ElementsAre(ChartMetric::cpu, ChartMetric::pCore, ChartMetric::eCore,
                             ChartMetric::gpu, ChartMetric::memory));
     DisplayPreferences one = noGraphs();
     one.graphsECore = true;
-    EXPECT_THAT(overviewCharts(one, GPUSampling::available), ElementsAre(ChartMetric::eCore));
+    EXPECT_THAT(overviewCharts(one, GPUSampling::available, bothKinds),
+                ElementsAre(ChartMetric::eCore));
 }
 
 TEST(OverviewGraphs, with_every_flag_off_there_is_none) {
-    EXPECT_THAT(overviewCharts(noGraphs(), GPUSampling::available), IsEmpty());
+    EXPECT_THAT(overviewCharts(noGraphs(), GPUSampling::available, bothKinds), IsEmpty());
 }
 
 TEST(OverviewGraphs, disk_power_and_neural_engine_do_not_count) {
     DisplayPreferences others = noGraphs();
     others.graphsDisk = others.graphsPower = others.graphsANE = true;
-    EXPECT_THAT(overviewCharts(others, GPUSampling::available), IsEmpty());
+    EXPECT_THAT(overviewCharts(others, GPUSampling::available, bothKinds), IsEmpty());
 }
 
 TEST(OverviewGraphs, graphics_have_a_chart_only_where_they_are_sampled) {
     DisplayPreferences gpu = noGraphs();
     gpu.graphsGPU = true;
-    EXPECT_THAT(overviewCharts(gpu, GPUSampling::available), ElementsAre(ChartMetric::gpu));
-    EXPECT_THAT(overviewCharts(gpu, GPUSampling::unavailable), IsEmpty());
+    EXPECT_THAT(overviewCharts(gpu, GPUSampling::available, bothKinds),
+                ElementsAre(ChartMetric::gpu));
+    EXPECT_THAT(overviewCharts(gpu, GPUSampling::unavailable, bothKinds), IsEmpty());
+}
+
+TEST(OverviewGraphs, a_kind_of_core_has_no_chart_where_the_machine_is_known_to_lack_it) {
+    DisplayPreferences cores = noGraphs();
+    cores.graphsPCore = cores.graphsECore = true;
+    const auto on = [&cores](const std::optional<CoreLayout>& layout) {
+        return overviewCharts(cores, GPUSampling::available, layout);
+    };
+    EXPECT_THAT(on(layoutOf(8, 0)), ElementsAre(ChartMetric::pCore));
+    EXPECT_THAT(on(layoutOf(0, 4)), ElementsAre(ChartMetric::eCore));
+    EXPECT_THAT(on(std::nullopt), ElementsAre(ChartMetric::pCore, ChartMetric::eCore));
+    cores.graphsPCore = false;
+    EXPECT_THAT(on(layoutOf(8, 0)), IsEmpty());
 }
 
 TEST(OverviewGraphs, each_chart_draws_its_own_history_under_its_name) {

@@ -140,6 +140,16 @@ TEST_F(HistoryChartTest, speaks_its_title_and_its_course) {
     EXPECT_EQ(spoken->text(QAccessible::Description), "Last 60 s, 20 %");
 }
 
+TEST_F(HistoryChartTest, hidden_it_lets_its_points_go_and_draws_them_when_given_again) {
+    give(contentOf(minute(), ChartShape::line));
+    EXPECT_TRUE(shows(token(ColorToken::cpu), chart.plotRect()));
+    chart.hide();
+    test::show(chart);
+    EXPECT_FALSE(shows(token(ColorToken::cpu), chart.plotRect()));
+    chart.setContent(contentOf(minute(), ChartShape::line));
+    EXPECT_TRUE(shows(token(ColorToken::cpu), chart.plotRect()));
+}
+
 TEST_F(HistoryChartTest, draws_seven_thousand_points_at_every_scale) {
     std::vector<ChartPoint> points;
     for (int i = 0; i <= 7200; ++i) points.push_back({i * 0.5, (i % 97) / 100.0});

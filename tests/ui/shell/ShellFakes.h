@@ -22,12 +22,14 @@ public:
     std::vector<std::optional<Strut>> reserved;
     int strips = 0;
     int popovers = 0;
+    int floating = 0;
     std::function<void(QPoint)> pressed;
 
     [[nodiscard]] bool placesWindows() const override { return true; }
     [[nodiscard]] bool blendsWindows() const override { return blends; }
     void makeStrip(QWidget& window) override { strips += window.isVisible() ? 100 : 1; }
     void makePopover(QWidget& window) override { popovers += window.isVisible() ? 100 : 1; }
+    void makeFloating(QWidget& window) override { floating += window.isVisible() ? 100 : 1; }
     void reserve(QWidget&, const std::optional<Strut>& strut) override {
         reserved.push_back(strut);
     }

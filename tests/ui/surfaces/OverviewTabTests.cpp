@@ -31,6 +31,15 @@ protected:
             if (auto* found = dynamic_cast<HistoryChart*>(child)) return found;
         return nullptr;
     }
+    /// The names of the processes in the notice.
+    QStringList entries() {
+        QStringList names;
+        auto* banner = QAccessible::queryAccessibleInterface(tab.findChild<Banner*>());
+        for (int i = 0; i < banner->childCount(); ++i)
+            if (const QString name = test::spokenName(*banner->child(i)); name.endsWith("GB"))
+                names << name;
+        return names;
+    }
     /// A point of the processor's history at that second.
     void record(int second, double value) {
         bench.coordinator.cpuHistory.modify([second, value](HistorySeries& series) {
@@ -52,10 +61,12 @@ TEST_F(OverviewTabTest, follows_readings_only_while_it_is_shown) {
     test::show(tab);
     EXPECT_EQ(said("CPU"), "34 %");
     bench.readCPU(0.35);
+    test::settle();
     EXPECT_EQ(said("CPU"), "35 %");
     tab.hide();
     EXPECT_FALSE(bench.isCPUFollowed());
     bench.readCPU(0.36);
+    test::settle();
     EXPECT_EQ(said("CPU"), "35 %");
 }
 
@@ -88,6 +99,8 @@ TEST_F(OverviewTabTest, a_reading_that_reads_the_same_repaints_nothing) {
 TEST_F(OverviewTabTest, follows_the_temperature) {
     test::show(tab);
     bench.coordinator.temperature.latest = TemperatureReading{62.6, std::nullopt, {}};
+    EXPECT_NE(said("Temperature"), QString::fromUtf8("63 °C")) << "shown after the whole turn";
+    test::settle();
     EXPECT_EQ(said("Temperature"), QString::fromUtf8("63 °C"));
 }
 
@@ -125,6 +138,7 @@ TEST_F(OverviewTabTest, the_heading_and_the_charts_follow_the_window) {
     EXPECT_EQ(firstChart()->accessibleDescription(),
               "Last 60 s, 20 %, Min 20 %, Avg 20 %, Max 20 %");
     bench.change([](auto& p) { p.historyRange = DisplayPreferences::HistoryRange::fiveMinutes; });
+    test::settle();
     EXPECT_NE(test::spokenAs(tab, "Last 5 m"), nullptr);
     EXPECT_EQ(firstChart()->accessibleDescription(),
               "Last 5 m, 20 %, Min 20 %, Avg 55 %, Max 90 %");
@@ -198,19 +212,46 @@ TEST_F(OverviewTabTest, a_notice_leads_while_memory_runs_short) {
     EXPECT_TRUE(banner->isVisible());
     EXPECT_LT(banner->mapTo(&tab, QPoint()).y(), firstChart()->mapTo(&tab, QPoint()).y());
     bench.coordinator.memory.pressure = MemoryStats::Pressure::normal;
+    test::settle();
     EXPECT_FALSE(banner->isVisible());
 }
 
-TEST_F(OverviewTabTest, a_clock_that_was_seen_once_keeps_its_row) {
+TEST_F(OverviewTabTest, a_clock_that_was_told_before_the_page_was_made_has_its_row) {
     CPUStats stats;
     stats.layout.pCoreCount = 4;
-    stats.pCoreCurrentFrequencyMHz = 1200;
+    stats.seenClocks.pCore = true;
+    bench.coordinator.cpu.latest = stats;
+    OverviewTab later{bench.coordinator};
+    test::show(later);
+    auto* clock = test::spokenAs(later, "P-Core Clock");
+    ASSERT_NE(clock, nullptr);
+    EXPECT_EQ(clock->text(QAccessible::Value), QString::fromUtf8("—"));
+}
+
+TEST_F(OverviewTabTest, the_notice_names_the_three_largest_processes_and_follows_them) {
+    bench.runProcesses({1, 8, 3, 6, 2, 7, 4, 5});
+    bench.coordinator.memory.pressure = MemoryStats::Pressure::warning;
     test::show(tab);
-    bench.coordinator.cpu.latest = stats;
-    EXPECT_EQ(said("P-Core Clock"), "1.20 GHz");
-    stats.pCoreCurrentFrequencyMHz.reset();
-    bench.coordinator.cpu.latest = stats;
-    EXPECT_EQ(said("P-Core Clock"), QString::fromUtf8("—"));
+    EXPECT_EQ(entries(), (QStringList{"8 GB", "7 GB", "6 GB"}));
+    bench.runProcesses({1, 9, 2, 3});
+    test::settle();
+    EXPECT_EQ(entries(), (QStringList{"9 GB", "3 GB", "2 GB"}));
+}
+
+TEST_F(OverviewTabTest, processes_are_followed_only_while_the_notice_is_shown) {
+    const auto& followed = bench.coordinator.processes.processes;
+    test::show(tab);
+    EXPECT_FALSE(followed.hasSubscribers());
+    bench.coordinator.memory.pressure = MemoryStats::Pressure::warning;
+    test::settle();
+    EXPECT_TRUE(followed.hasSubscribers());
+    tab.hide();
+    EXPECT_FALSE(followed.hasSubscribers());
+    test::show(tab);
+    EXPECT_TRUE(followed.hasSubscribers());
+    bench.coordinator.memory.pressure = MemoryStats::Pressure::normal;
+    test::settle();
+    EXPECT_FALSE(followed.hasSubscribers());
 }
 
 TEST_F(OverviewTabTest, has_a_heading) {

@@ -14,10 +14,19 @@ public:
     explicit CountingPage(MetricsCoordinator& coordinator) : SectionPage(coordinator) {}
 
     int shown = 0;
+    int drawnCharts = 0;
+    std::size_t points = 0;
 
 protected:
-    void follow() override { observe(coordinator().cpu.latest); }
+    void follow() override {
+        observe(coordinator().cpu.latest);
+        observe(coordinator().cpuHistory, Concern::charts);
+    }
     void refresh() override { ++shown; }
+    void refreshCharts() override {
+        ++drawnCharts;
+        points = drawn(coordinator().cpuHistory).size();
+    }
 };
 
 class SectionPageTest : public testing::Test {
@@ -29,8 +38,28 @@ protected:
 TEST_F(SectionPageTest, is_current_as_soon_as_it_is_shown_and_once) {
     page.show();
     EXPECT_EQ(page.shown, 1);
+    EXPECT_EQ(page.drawnCharts, 1);
     test::settle();
     EXPECT_EQ(page.shown, 1);
+    EXPECT_EQ(page.drawnCharts, 1);
+}
+
+TEST_F(SectionPageTest, readings_leave_the_charts_and_histories_leave_the_values) {
+    test::show(page);
+    page.shown = page.drawnCharts = 0;
+    bench.readCPU(0.1);
+    test::settle();
+    EXPECT_EQ(page.shown, 1);
+    EXPECT_EQ(page.drawnCharts, 0);
+    bench.coordinator.appendHistory({});
+    test::settle();
+    EXPECT_EQ(page.shown, 1);
+    EXPECT_EQ(page.drawnCharts, 1);
+    EXPECT_EQ(page.points, 1U);
+    bench.change([](auto& preferences) { preferences.graphsCPU = false; });
+    test::settle();
+    EXPECT_EQ(page.shown, 2);
+    EXPECT_EQ(page.drawnCharts, 2);
 }
 
 TEST_F(SectionPageTest, shows_several_changes_of_one_turn_once) {

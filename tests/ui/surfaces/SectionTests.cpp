@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "SurfaceBench.h"
+#include "ui/kit/HistoryChart.h"
+#include "ui/kit/ListRows.h"
 #include "ui/surfaces/ANESection.h"
 #include "ui/surfaces/BatterySection.h"
 #include "ui/surfaces/CPUSection.h"
@@ -10,6 +12,7 @@
 #include "ui/surfaces/GPUSection.h"
 #include "ui/surfaces/MemorySection.h"
 #include "ui/surfaces/NetworkSection.h"
+#include "ui/surfaces/OverviewTab.h"
 #include "ui/surfaces/SystemInfoSection.h"
 
 namespace vtx {
@@ -33,6 +36,27 @@ protected:
         return found->text(QAccessible::Value);
     }
     bool hears(const char* name) { return said(name) != "not there"; }
+    /// What a screen reader hears of the chart of that name.
+    QString course(const char* name) {
+        for (QWidget* child : page_->findChildren<QWidget*>()) {
+            auto* spoken = QAccessible::queryAccessibleInterface(child);
+            if (dynamic_cast<HistoryChart*>(child) && test::spokenName(*spoken) == name)
+                return spoken->text(QAccessible::Description);
+        }
+        return QStringLiteral("not there");
+    }
+    /// A first point of a history, and nothing else.
+    static void record(Published<HistorySeries>& history, double value) {
+        history.modify([value](HistorySeries& series) { series.push_back({Date{}, value}); });
+        test::settle();
+    }
+    template <class Part>
+    Part& only() {
+        Part* found = nullptr;
+        for (QWidget* child : page_->findChildren<QWidget*>())
+            if (auto* part = dynamic_cast<Part*>(child)) found = part;
+        return *found;
+    }
 
     test::SurfaceBench bench;
 
@@ -59,9 +83,36 @@ TEST_F(SectionTest, the_processor_shows_its_load_and_that_of_each_core) {
     EXPECT_EQ(said("Total"), QString::fromUtf8("23 %, 2 P · 0 E"));
     EXPECT_EQ(said("P1"), "72 %");
     EXPECT_EQ(said("P2"), "50 %");
-    EXPECT_TRUE(hears("P-cores"));
-    EXPECT_FALSE(hears("E-cores"));
+    EXPECT_TRUE(hears("P1"));
+    EXPECT_FALSE(hears("E1"));
     EXPECT_TRUE(hears("Last 60 s"));
+}
+
+TEST_F(SectionTest, each_chart_of_the_processor_follows_its_own_history) {
+    show<CPUSection>();
+    auto& c = bench.coordinator;
+    record(c.cpuHistory, 0.1);
+    EXPECT_EQ(course("CPU gesamt"), "Last 60 s, 10 %, Min 10 %, Avg 10 %, Max 10 %");
+    record(c.pCoreHistory, 0.2);
+    EXPECT_EQ(course("P-cores"), "Last 60 s, 20 %, Min 20 %, Avg 20 %, Max 20 %");
+    record(c.eCoreHistory, 0.3);
+    EXPECT_EQ(course("E-cores"), "Last 60 s, 30 %, Min 30 %, Avg 30 %, Max 30 %");
+}
+
+TEST_F(SectionTest, each_other_chart_follows_its_history) {
+    auto& c = bench.coordinator;
+    show<GPUSection>();
+    record(c.gpuHistory, 0.4);
+    EXPECT_EQ(course("GPU"), "Last 60 s, 40 %, Min 40 %, Avg 40 %, Max 40 %");
+    show<MemorySection>();
+    record(c.memoryHistory, 0.5);
+    EXPECT_EQ(course("RAM used"), "Last 60 s, 50 %, Min 50 %, Avg 50 %, Max 50 %");
+    bench.change([](auto& p) { p.graphsDisk = true; });
+    show<DiskSection>();
+    record(c.diskReadHistory, 1 << 20);
+    EXPECT_EQ(course("Throughput history"), "Last 60 s, Read 1.0 MB/s, Max 1.0 MB/s");
+    record(c.diskWriteHistory, 2 << 20);
+    EXPECT_TRUE(course("Throughput history").endsWith("Write 2.0 MB/s, Max 2.0 MB/s"));
 }
 
 TEST_F(SectionTest, the_charts_of_the_processor_go_with_their_preferences) {
@@ -74,6 +125,19 @@ TEST_F(SectionTest, the_charts_of_the_processor_go_with_their_preferences) {
     bench.change([](auto& p) { p.graphsPCore = p.graphsECore = false; });
     test::settle();
     EXPECT_FALSE(hears("Last 60 s"));
+}
+
+TEST(SectionOnOneKindOfCore, a_machine_without_efficiency_cores_has_no_chart_of_them) {
+    AppBench bench(MacShape::withoutLevels());
+    MetricsCoordinator coordinator(std::make_unique<Services>(bench.ports(), bench.executors()),
+                                   bench.ports(), bench.executors());
+    OverviewTab overview(coordinator);
+    CPUSection section(coordinator);
+    for (QWidget* page : std::initializer_list<QWidget*>{&overview, &section}) {
+        test::show(*page);
+        EXPECT_NE(test::spokenAs(*page, "P-cores"), nullptr);
+        EXPECT_EQ(test::spokenAs(*page, "E-cores"), nullptr);
+    }
 }
 
 TEST_F(SectionTest, the_graphics_give_way_to_a_note_where_they_tell_no_load) {
@@ -104,6 +168,16 @@ TEST_F(SectionTest, the_memory_collects_until_there_is_a_reading) {
     EXPECT_EQ(said("Wired"), "16.0 GB");
     EXPECT_TRUE(hears("Speicher-Aufteilung: 50 Prozent belegt."));
     EXPECT_TRUE(hears("No user processes with meaningful memory usage."));
+}
+
+TEST_F(SectionTest, the_six_largest_processes_are_listed_and_followed) {
+    show<MemorySection>();
+    bench.runProcesses({1, 8, 3, 6, 2, 7, 4, 5});
+    test::settle();
+    QStringList names;
+    auto* list = QAccessible::queryAccessibleInterface(&only<ListRows>());
+    for (int i = 0; i < list->childCount(); ++i) names << test::spokenName(*list->child(i));
+    EXPECT_EQ(names, (QStringList{"8 GB", "7 GB", "6 GB", "5 GB", "4 GB", "3 GB"}));
 }
 
 TEST_F(SectionTest, a_banner_stands_while_memory_runs_short) {
@@ -189,6 +263,16 @@ TEST_F(SectionTest, the_battery_follows_its_readings) {
     test::settle();
     EXPECT_TRUE(hears("Low Power Mode"));
     EXPECT_EQ(said("Voltage"), "12.31 V");
+}
+
+TEST_F(SectionTest, the_battery_follows_what_the_machine_says_of_it) {
+    BatteryReading reading;
+    reading.chargeFraction = 0.68;
+    bench.coordinator.battery.latest = reading;
+    show<BatterySection>();
+    bench.tellMachine([](SystemInfo& machine) { machine.batteryCycleCount = 184; });
+    test::settle();
+    EXPECT_EQ(said("Cycle count"), "184");
 }
 
 TEST_F(SectionTest, the_machine_is_told_in_the_language_in_force) {

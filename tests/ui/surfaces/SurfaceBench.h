@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <functional>
 
+#include "platform/simulated/SimulatedProcesses.h"
 #include "support/CoordinatorBench.h"
 #include "ui/models/PopoverSection.h"
 #include "ui/support/Shown.h"
@@ -47,6 +48,19 @@ public:
                           c.diskWriteHistory, c.aneHistory, c.energyByPID, c.hogDetector.hogs,
                           c.hogDetector.isEnabled, Localization::shared().effective);
     }
+    /// Replaces all processes by some of the user's, each named by the gigabytes that it takes.
+    void runProcesses(std::initializer_list<int> gigabytes) {
+        std::vector<ProcessSnapshot> running;
+        for (const int each : gigabytes) {
+            ProcessSnapshot one;
+            one.name = std::to_string(each) + " GB";
+            one.executablePath = "/Applications/one";
+            one.uid = SimulatedProcesses::user;
+            one.residentMemoryBytes = static_cast<std::uint64_t>(each) << 30;
+            running.push_back(one);
+        }
+        coordinator.processes.processes = running;
+    }
     /// Has every section offered that the machine has.
     void offerEverySection() {
         change([](auto& preferences) { preferences.showDiskIO = preferences.showFan = true; });
@@ -63,7 +77,7 @@ inline constexpr PopoverSection everySection[] = {
     PopoverSection::overview, PopoverSection::cpu,     PopoverSection::gpu,
     PopoverSection::memory,   PopoverSection::disk,    PopoverSection::fan,
     PopoverSection::network,  PopoverSection::battery, PopoverSection::processes,
-    PopoverSection::system};
+    PopoverSection::system,   PopoverSection::settings};
 
 /// What a screen reader says of the element itself.
 inline QString spokenName(QAccessibleInterface& element) { return element.text(QAccessible::Name); }

@@ -80,6 +80,11 @@ void X11WindowSystem::makePopover(QWidget& window) {
         {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"});
 }
 
+void X11WindowSystem::makeFloating(QWidget& window) {
+    makeStrip(window);
+    x11_->setAtoms(handle(window), "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_UTILITY"});
+}
+
 void X11WindowSystem::cutOut(QWidget& window, const QPainterPath& path) {
     const xcb_window_t id = handle(window);
     if (id == XCB_WINDOW_NONE) return WindowSystem::cutOut(window, path);

@@ -5,11 +5,15 @@
 
 namespace vtx {
 
-/// Draws menus by the theme: rows 25 high, the one under the pointer filled with the accent. The
-/// toolkit keeps what menus do: keyboard, assistive software, screens' edges.
+/// Draws menus by the theme: rows 25 high, the one under the pointer filled with the accent, a
+/// check mark at the end of a checked one, and in front the symbol whose name an action has as its
+/// data. The toolkit keeps what menus do: keyboard, assistive software, screens' edges.
 class MenuStyle final : public QProxyStyle {
 public:
     MenuStyle();
+
+    /// One for every menu: a style is a large object.
+    [[nodiscard]] static MenuStyle* shared();
 
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/LinuxAppService.h"
+
+#include <gtest/gtest.h>
+
+#include "linux/OrdinaryUser.h"
+#include "linux/TemporaryTree.h"
+#include "platform/linux/AutostartEntry.h"
+
+namespace vtx {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A program that is on every machine.
+constexpr auto program = "/bin/sh";
+
+struct AutostartBench {
+    test::TemporaryTree tree;
+    fs::path folder = tree / "config/autostart";
+    fs::path file = folder / "vantrix.desktop";
+    LinuxAppService service{folder, program};
+
+    void write(std::string_view text) const {
+        fs::create_directories(folder);
+        test::writeFile(file, text);
+    }
+};
+
+std::string entry(std::string_view lines) {
+    return "[Desktop Entry]\nType=Application\nName=Vantrix\n" + std::string(lines);
+}
+
+TEST(LinuxAppService, without_a_file_it_is_not_registered) {
+    AutostartBench bench;
+    EXPECT_EQ(bench.service.status(), 0);
+    EXPECT_EQ(bench.service.unregisterService(), std::nullopt);
+    EXPECT_FALSE(fs::exists(bench.folder));
+}
+
+TEST(LinuxAppService, registering_writes_a_file_that_says_enabled_and_unregistering_removes_it) {
+    AutostartBench bench;
+    EXPECT_EQ(bench.service.registerService(), std::nullopt);
+    EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
+    EXPECT_EQ(test::namesIn(bench.folder), std::set<std::string>{"vantrix.desktop"});
+    EXPECT_EQ(bench.service.unregisterService(), std::nullopt);
+    EXPECT_EQ(bench.service.status(), 0);
+    EXPECT_TRUE(test::namesIn(bench.folder).empty());
+}
+
+TEST(LinuxAppService, what_turns_an_entry_off_elsewhere_is_respected) {
+    AutostartBench bench;
+    for (const char* off : {"Exec=/bin/sh\nHidden=true\n", "Hidden = true\nExec=/bin/sh\n", "",
+                            "Exec=\n", "Exec=/bin/sh\nX-GNOME-Autostart-enabled=false\n"}) {
+        bench.write(entry(off));
+        EXPECT_EQ(bench.service.status(), 0) << off;
+    }
+    bench.write("garbage \x01 without a group\nExec=/bin/sh\n");
+    EXPECT_EQ(bench.service.status(), 0);
+    bench.write("[Other]\nHidden=true\n" +
+                entry("Exec=/bin/sh\n[Desktop Action x]\nHidden=true\n"));
+    EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
+}
+
+TEST(LinuxAppService, a_command_of_the_users_own_survives_being_turned_off_and_on) {
+    AutostartBench bench;
+    const std::string own = entry("Exec=/bin/sh -c \"sleep 5; vantrix\"\nX-KDE-autostart=x\n");
+    bench.write(own);
+    EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
+    EXPECT_EQ(bench.service.unregisterService(), std::nullopt);
+    EXPECT_EQ(bench.service.status(), 0);
+    EXPECT_EQ(test::contentsOf(bench.file), own + "Hidden=true\n");
+    EXPECT_EQ(bench.service.registerService(), std::nullopt);
+    EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
+    EXPECT_EQ(test::contentsOf(bench.file), own + "Hidden=false\n");
+}
+
+TEST(LinuxAppService, a_command_that_is_not_there_starts_nothing_and_is_replaced) {
+    AutostartBench bench;
+    bench.write(entry("Exec=/nonexistent/vantrix\n"));
+    EXPECT_EQ(bench.service.status(), 3);
+    EXPECT_EQ(bench.service.registerService(), std::nullopt);
+    EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
+}
+
+TEST(LinuxAppService, a_folder_that_cannot_be_written_is_told_in_words_and_changes_nothing) {
+    AutostartBench bench;
+    const test::OrdinaryUser user(bench.tree.path(), bench.tree.path());
+    if (!user.isBoundByPermissions()) GTEST_SKIP() << "permissions bind nobody here";
+    fs::create_directories(bench.folder);
+    fs::permissions(bench.folder, fs::perms::owner_read | fs::perms::owner_exec);
+    const auto error = bench.service.registerService();
+    ASSERT_TRUE(error);
+    EXPECT_NE(error->find("vantrix.desktop"), std::string::npos);
+    EXPECT_EQ(bench.service.status(), 0);
+    fs::permissions(bench.folder, fs::perms::owner_all);
+}
+
+TEST(LinuxAppService, what_is_no_file_is_told_in_words) {
+    AutostartBench bench;
+    fs::create_directories(bench.file);
+    EXPECT_TRUE(bench.service.registerService());
+    EXPECT_TRUE(bench.service.unregisterService());
+    EXPECT_EQ(bench.service.status(), 0);
+    LinuxAppService homeless({}, program);
+    EXPECT_TRUE(homeless.registerService());
+    EXPECT_EQ(homeless.status(), 0);
+}
+
+TEST(LinuxAppService, a_link_stays_one) {
+    AutostartBench bench;
+    fs::create_directories(bench.folder);
+    fs::create_symlink(bench.tree / "dotfiles.desktop", bench.file);
+    EXPECT_EQ(bench.service.registerService(), std::nullopt);
+    EXPECT_TRUE(fs::is_symlink(bench.file));
+    EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
+}
+
+TEST(LinuxAppService, the_folder_follows_the_environment) {
+    const Environment set = [](std::string_view name) -> std::optional<std::string> {
+        if (name == "XDG_CONFIG_HOME") return "/somewhere/config";
+        return std::nullopt;
+    };
+    EXPECT_EQ(LinuxAppService::standardFolder(set), "/somewhere/config/autostart");
+}
+
+TEST(AutostartEntry, a_command_is_quoted_so_that_its_program_is_found_again) {
+    for (const char* path : {"/usr/bin/vantrix", "/opt/my apps/vantrix", "/a\"b`c$d\\e/100%/v"})
+        EXPECT_EQ(autostart::programOf(autostart::commandFor(path)), path);
+    EXPECT_EQ(autostart::commandFor("/a b/100%$"), R"("/a b/100%%\\$")");
+}
+
+TEST(AutostartEntry, a_key_is_set_where_it_stands_or_at_the_end_of_its_group) {
+    EXPECT_EQ(autostart::withValue("[Desktop Entry]\nA=1\nB=2\nA=3\n", "A", "x"),
+              "[Desktop Entry]\nA=x\nB=2\n");
+    EXPECT_EQ(autostart::withValue("[Desktop Entry]\nB=2\n[Other]\nA=1\n", "A", "x"),
+              "[Desktop Entry]\nB=2\nA=x\n[Other]\nA=1\n");
+    EXPECT_EQ(autostart::withValue("no group", "A", "x"), "no group\n");
+}
+
+}  // namespace
+}  // namespace vtx
