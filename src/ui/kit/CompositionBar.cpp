@@ -40,11 +40,15 @@ std::vector<CompositionBar::Segment> CompositionBar::layOut(qreal length) const 
         const qreal left = std::min(before, 1.0) * length;
         before += part.share;
         const qreal right = std::min(before, 1.0) * length;
-        if (right - left < 1) continue;
+        const bool isSliver =
+            right < metrics::compositionRadius || left > length - metrics::compositionRadius;
+        if (isSliver && !found.empty()) found.back().rect.setRight(right);
+        if (right - left < 1 || isSliver) continue;
         // The gap is cut from a part's beginning, but never all of it.
-        const qreal gap = left > 0 ? std::min(metrics::compositionGap, right - left - 0.5) : 0.0;
+        const qreal begin = found.empty() && left < metrics::compositionRadius ? 0.0 : left;
+        const qreal gap = begin > 0 ? std::min(metrics::compositionGap, right - begin - 0.5) : 0.0;
         found.push_back(
-            {{left + gap, 0, right - left - gap, metrics::compositionHeight}, part.color});
+            {{begin + gap, 0, right - begin - gap, metrics::compositionHeight}, part.color});
     }
     return found;
 }

@@ -17,8 +17,9 @@ struct CompositionPart {
 };
 
 /// What a whole is made of, as parts of one bar. A part of less than a logical pixel is left out,
-/// and what is too much is cut off at the end. One picture for assistive technology, with a text
-/// from outside; rows with a swatch are its legend.
+/// as is one that a rounded end would cut to a sliver; its neighbour takes that end. What is too
+/// much is cut off at the end. One picture for assistive technology, with a text from outside; rows
+/// with a swatch are its legend.
 class CompositionBar : public KitWidget {
 public:
     explicit CompositionBar(QWidget* parent = nullptr);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/kit/AccessibleReorder.h"
 #include "ui/kit/Metrics.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/Symbol.h"
@@ -28,9 +29,14 @@ void Figures::setFigures(std::vector<FigureContent> figures) {
     const TextRole before = fittingRole();
     std::swap(figures_, figures);
     if (fittingRole() != before) update();
-    if (figures.size() != figures_.size() || hadCaption != hasCaption()) {
+    if (hadCaption != hasCaption()) {
         updateGeometry();
         update();
+    }
+    if (figures.size() != figures_.size()) {
+        updateGeometry();
+        update();
+        accessibility::announceReorder(*this);
         return;
     }
     for (int i = 0; i < partCount(); ++i) {

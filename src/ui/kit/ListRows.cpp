@@ -18,9 +18,9 @@ constexpr int symbolBox = metrics::metricSymbolWidth;
 constexpr int symbolSize = 15;
 constexpr int symbolRoom = symbolBox + 8;
 constexpr int valueLabelGap = 5;
-// Where captions begin beside short titles, and beside titles of any length.
+// Where captions begin beside short titles. However long captions are, names keep that much.
 constexpr int captionLeast = 70;
-constexpr int captionMost = 130;
+constexpr int markGap = metrics::pillDotGap + 1;
 
 int ceiled(qreal width) { return static_cast<int>(std::ceil(width)); }
 
@@ -33,8 +33,7 @@ TextRole valueRole(ListKind kind, const ListRow& row) {
 
 }  // namespace
 
-ListRows::ListRows(ListKind kind, QWidget* parent)
-    : RowList(parent), kind_(kind), captionLeft_(captionLeast) {}
+ListRows::ListRows(ListKind kind, QWidget* parent) : RowList(parent), kind_(kind) {}
 
 void ListRows::setRows(std::vector<ListRow> rows) {
     for (ListRow& row : rows) {
@@ -44,11 +43,32 @@ void ListRows::setRows(std::vector<ListRow> rows) {
 }
 
 bool ListRows::arrange() {
-    int left = captionLeast;
+    if (kind_ != ListKind::oneLine) return false;
+    const int before = captionLeft();
+    widest_ = {};
     for (const ListRow& row : rows()) {
-        left = std::max(left, ceiled(textWidth(row.title, TextRole::body)) + metrics::labelToValue);
+        const int lead = row.symbol.isEmpty() ? 0 : symbolRoom;
+        widest_.title = std::max(widest_.title, ceiled(textWidth(row.title, TextRole::body)));
+        widest_.caption =
+            std::max(widest_.caption, ceiled(textWidth(row.caption, TextRole::caption)));
+        widest_.end = std::max(widest_.end, lead + endWidth(row));
     }
-    return std::exchange(captionLeft_, std::min(left, captionMost)) != captionLeft_;
+    return captionLeft() != before;
+}
+
+int ListRows::endWidth(const ListRow& shown) const {
+    if (shown.values.empty()) return 0;
+    const ListValue& value = shown.values.front();
+    int width = ceiled(tabularWidth(value.text, valueRole(kind_, shown)));
+    if (!value.label.isEmpty())
+        width += valueLabelGap + ceiled(textWidth(value.label, TextRole::caption));
+    if (shown.mark != StateMark::none) width += metrics::statusDot + markGap;
+    return width;
+}
+
+int ListRows::captionLeft() const {
+    const int room = width() - widest_.end - metrics::labelToValue - widest_.caption;
+    return std::max(captionLeast, std::min(widest_.title + metrics::labelToValue, room));
 }
 
 int ListRows::rowHeight() const {
@@ -127,7 +147,7 @@ int ListRows::paintMark(QPainter& painter, const QRect& line, int taken,
                         const ListRow& shown) const {
     if (shown.mark == StateMark::none || shown.values.empty()) return 0;
     constexpr int size = metrics::statusDot;
-    constexpr int gap = metrics::pillDotGap + 1;
+    constexpr int gap = markGap;
     const QRect dot(line.right() + 1 - taken - gap - size, line.top() + (line.height() - size) / 2,
                     size, size);
     const QColor tint = shown.values.front().color.resolved();
@@ -145,7 +165,8 @@ void ListRows::paintOneLine(QPainter& painter, const QRect& line, const ListRow&
     taken += paintMark(painter, line, taken, shown);
     const QRect words = line.adjusted(lead, 0, -taken - metrics::labelToValue, 0);
     const bool hasCaption = !shown.caption.isEmpty();
-    const int titleRoom = hasCaption ? captionLeft_ - metrics::labelToValue : words.width();
+    const int column = captionLeft();
+    const int titleRoom = hasCaption ? column - metrics::labelToValue : words.width();
     painter.setPen(color(ColorToken::text1));
     drawName(painter,
              within(line, {words.left(), words.top(), std::min(titleRoom, words.width()),
@@ -153,7 +174,7 @@ void ListRows::paintOneLine(QPainter& painter, const QRect& line, const ListRow&
              shown.title, TextRole::body, atStart());
     if (!hasCaption) return;
     painter.setPen(color(ColorToken::text2));
-    drawText(painter, within(line, words.adjusted(captionLeft_, 0, 0, 0)), shown.caption,
+    drawText(painter, within(line, words.adjusted(column, 0, 0, 0)), shown.caption,
              TextRole::caption, atStart());
 }
 

@@ -46,7 +46,8 @@ struct ListRow {
 };
 
 /// Things that have a name and more than one property, below one another: interfaces, volumes,
-/// consumers. Names are shortened in the middle; captions of one line begin at one place.
+/// consumers. Captions of one line begin at one place and have the room that the widest one needs;
+/// names take what is left and are shortened in the middle.
 class ListRows : public RowList<ListRow> {
 public:
     explicit ListRows(ListKind kind, QWidget* parent = nullptr);
@@ -62,6 +63,9 @@ protected:
     void paintRow(QPainter& painter, int index) const override;
 
 private:
+    [[nodiscard]] int endWidth(const ListRow& shown) const;
+    /// Where the captions of one line begin, from a title's left edge.
+    [[nodiscard]] int captionLeft() const;
     [[nodiscard]] QRect within(const QRect& line, const QRect& part) const;
     int paintSymbol(QPainter& painter, const QRect& line, const ListRow& shown) const;
     void paintOneLine(QPainter& painter, const QRect& line, const ListRow& shown) const;
@@ -72,8 +76,13 @@ private:
     int paintMark(QPainter& painter, const QRect& line, int taken, const ListRow& shown) const;
 
     ListKind kind_;
-    /// Where the captions of one line begin, from a title's left edge.
-    int captionLeft_;
+    /// The most that any row of one line needs for its title, its caption, and what ends it.
+    struct Widths {
+        int title = 0;
+        int caption = 0;
+        int end = 0;
+    };
+    Widths widest_;
 };
 
 }  // namespace vtx

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/kit/AccessibleReorder.h"
 #include "ui/kit/Bars.h"
 #include "ui/kit/Metrics.h"
 #include "ui/kit/Symbol.h"
@@ -49,6 +50,8 @@ void PerCoreBars::setContent(PerCoreContent content) {
     for (CoreBar& core : content.cores) core.value = bars::fraction(core.value);
     if (content_ == content) return;
     std::swap(content_, content);
+    nameList();
+    if (content.cores.size() != content_.cores.size()) accessibility::announceReorder(*this);
     if (!sameLabels(content.cores, content_.cores)) {
         labelWidth_ = labelWidthOf(content_.cores);
         updateGeometry();
@@ -58,6 +61,11 @@ void PerCoreBars::setContent(PerCoreContent content) {
     } else {
         updateCores(content);
     }
+}
+
+void PerCoreBars::nameList() {
+    const QString name = QStringList{content_.title, content_.count}.join(QStringLiteral(", "));
+    if (accessibleName() != name) setAccessibleName(name);
 }
 
 void PerCoreBars::updateCores(const PerCoreContent& before) {

@@ -33,7 +33,7 @@ struct PerCoreContent {
 
 /// A bar for every core under a title, in one column as long as they are few, in more where there
 /// are many and the width allows. One widget for any number of cores; it paints the cores that
-/// differ. A list for assistive technology, each core an item.
+/// differ. A list for assistive technology, called by title and count, each core an item.
 class PerCoreBars : public KitWidget {
 public:
     explicit PerCoreBars(QWidget* parent = nullptr);
@@ -58,6 +58,7 @@ protected:
 
 private:
     [[nodiscard]] int rowsFor(int width) const;
+    void nameList();
     void updateCores(const PerCoreContent& before);
     void paintHead(QPainter& painter) const;
     void paintCore(QPainter& painter, int index) const;

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "ui/kit/AccessibleReorder.h"
 #include "ui/kit/KitWidget.h"
 #include "ui/kit/Metrics.h"
 
@@ -23,17 +24,14 @@ public:
 
     void setRows(std::vector<Row> rows) {
         std::swap(rows_, rows);
-        const bool moved = arrange();
-        if (rows.size() != rows_.size()) updateGeometry();
-        if (moved || rows.size() != rows_.size()) {
-            update();
+        if (arrange()) update();
+        if (rows.size() == rows_.size()) {
+            updateRows(rows);
             return;
         }
-        for (int i = 0; i < partCount(); ++i) {
-            if (rows[static_cast<std::size_t>(i)] == row(i)) continue;
-            update(partRect(i));
-            accessibility::announceValue(*this, i);
-        }
+        updateGeometry();
+        update();
+        accessibility::announceReorder(*this);
     }
 
     [[nodiscard]] QSize sizeHint() const override {
@@ -68,6 +66,14 @@ protected:
     }
 
 private:
+    void updateRows(const std::vector<Row>& before) {
+        for (int i = 0; i < partCount(); ++i) {
+            if (before[static_cast<std::size_t>(i)] == row(i)) continue;
+            update(partRect(i));
+            accessibility::announceValue(*this, i);
+        }
+    }
+
     std::vector<Row> rows_;
 };
 

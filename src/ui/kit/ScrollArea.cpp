@@ -22,6 +22,23 @@ ScrollArea::ScrollArea(QWidget* parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAutoFillBackground(false);
     verticalScrollBar()->setSingleStep(metrics::metricRowHeight);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &ScrollArea::rangeChanged);
+    rangeChanged();
+}
+
+bool ScrollArea::scrolls() const {
+    return verticalScrollBar()->maximum() > verticalScrollBar()->minimum();
+}
+
+void ScrollArea::rangeChanged() {
+    setFocusPolicy(scrolls() ? Qt::StrongFocus : Qt::NoFocus);
+    // Later: while contents give way to others, the range is none for a moment.
+    QMetaObject::invokeMethod(this, [this] { passFocusOn(); }, Qt::QueuedConnection);
+}
+
+void ScrollArea::passFocusOn() {
+    if (!hasFocus() || scrolls()) return;
+    if (!focusNextPrevChild(false)) clearFocus();
 }
 
 void ScrollArea::setContents(QWidget* contents) {

@@ -8,7 +8,8 @@ namespace vtx {
 class OverlayScrollBar;
 
 /// Scrolls its widget up and down under a thin bar that lies over the contents and is seen only
-/// while scrolling or under the pointer. Takes no room from the contents.
+/// while scrolling or under the pointer. Takes no room from the contents, and no keyboard focus
+/// while there is nothing to scroll.
 class ScrollArea : public QScrollArea {
 public:
     explicit ScrollArea(QWidget* parent = nullptr);
@@ -23,6 +24,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    [[nodiscard]] bool scrolls() const;
+    void rangeChanged();
+    void passFocusOn();
+
     OverlayScrollBar* bar_;
 };
 

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "ui/kit/AccessibleReorder.h"
 #include "ui/kit/Metrics.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/Symbol.h"
@@ -18,6 +19,10 @@ constexpr float selectedRing = 0.38F;
 constexpr int step = metrics::sectionButton + metrics::sectionGap;
 // Between the action and the divider in front of it.
 constexpr int dividerGap = 6;
+
+bool isPlain(const QKeyEvent& event) {
+    return (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
 }  // namespace
 
 SectionBar::SectionBar(QWidget* parent) : KitWidget(parent), tip_(*this) {
@@ -28,22 +33,38 @@ SectionBar::SectionBar(QWidget* parent) : KitWidget(parent), tip_(*this) {
 
 void SectionBar::setItems(std::vector<SectionItem> items) {
     if (items_ == items) return;
+    const QString focused = focusedId();
     items_ = std::move(items);
-    contentsChanged();
+    contentsChanged(focused);
 }
 
 void SectionBar::setAction(std::optional<SectionItem> action) {
     if (action_ == action) return;
+    const QString focused = focusedId();
     action_ = std::move(action);
-    contentsChanged();
+    contentsChanged(focused);
 }
 
-void SectionBar::contentsChanged() {
+void SectionBar::contentsChanged(const QString& focusedBefore) {
     hovered_ = pressed_ = -1;
-    focused_ = std::clamp(focused_, 0, std::max(0, partCount() - 1));
+    focused_ = placeOf(focusedBefore);
     tip_.dismiss();
     updateGeometry();
     update();
+    accessibility::announceReorder(*this);
+    if (hasFocus() && partCount() > 0) accessibility::announceFocus(*this, focused_);
+}
+
+QString SectionBar::focusedId() const {
+    return focused_ < partCount() ? item(focused_).id : QString();
+}
+
+int SectionBar::placeOf(const QString& id) const {
+    // Nobody moved the focus where none is seen: it is to begin at what is selected.
+    for (int i = 0; showsFocus() && i < partCount(); ++i) {
+        if (item(i).id == id) return i;
+    }
+    return std::max(0, currentIndex());
 }
 
 void SectionBar::setCurrent(const QString& id) {
@@ -166,6 +187,7 @@ void SectionBar::leaveEvent(QEvent*) { setHovered(-1); }
 void SectionBar::hideEvent(QHideEvent*) {
     setHovered(-1);
     setPressed(-1);
+    focused_ = std::max(0, currentIndex());
 }
 
 void SectionBar::focusInEvent(QFocusEvent* event) {
@@ -192,21 +214,28 @@ std::optional<int> SectionBar::focusTarget(int key) const {
     }
 }
 
+bool SectionBar::selectByDigit(const QKeyEvent& event) {
+    const int digit = event.key() - Qt::Key_1;
+    const bool stands = digit >= 0 && digit < std::min(9, static_cast<int>(items_.size()));
+    if (!stands || !isPlain(event)) return false;
+    if (hasFocus()) setFocusByKeyboard(true);
+    setFocused(digit);
+    pressPart(digit);
+    return true;
+}
+
 void SectionBar::keyPressEvent(QKeyEvent* event) {
+    if (selectByDigit(*event)) return;
     const int key = event->key();
-    const int digit = key - Qt::Key_1;
-    const bool picks = digit >= 0 && digit < std::min(9, static_cast<int>(items_.size()));
     const bool presses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
-    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const std::optional<int> target = focusTarget(key);
-    if (partCount() == 0 || !plain || !(picks || presses || target)) {
+    if (partCount() == 0 || !isPlain(*event) || !(presses || target)) {
         event->ignore();
         return;
     }
     setFocusByKeyboard(true);
     if (target) setFocused(*target);
-    if (picks) setFocused(digit);
-    if (picks || presses) pressPart(focused_);
+    if (presses) pressPart(focused_);
 }
 
 void SectionBar::paintEvent(QPaintEvent*) {

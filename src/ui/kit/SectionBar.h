@@ -23,7 +23,8 @@ struct SectionItem {
 
 /// The row of symbol buttons at the top of popover and dashboard, with a line below. One of them
 /// is selected; behind a divider at the end there may be a button that acts. One tab stop: arrows,
-/// Home and End move the focus, Space and Return press, 1 to 9 select at once.
+/// Home and End move the focus, Space and Return press, 1 to 9 select at once. The focus enters at
+/// the selected button and stays with a button as others come and go.
 class SectionBar : public KitWidget {
     Q_OBJECT
 
@@ -35,6 +36,8 @@ public:
     /// Changes what is shown as selected, without telling. An unknown id selects nothing.
     void setCurrent(const QString& id);
     [[nodiscard]] const QString& current() const { return current_; }
+    /// Selects by a plain digit, wherever that was pressed; false where it stands for no item.
+    bool selectByDigit(const QKeyEvent& event);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -78,7 +81,10 @@ private:
     void setPressed(int index);
     void setFocused(int index);
     void updatePart(int index);
-    void contentsChanged();
+    [[nodiscard]] QString focusedId() const;
+    /// Where the focus belongs that was on `id`.
+    [[nodiscard]] int placeOf(const QString& id) const;
+    void contentsChanged(const QString& focusedBefore);
     void paintPart(QPainter& painter, int index) const;
 
     std::vector<SectionItem> items_;

@@ -11,9 +11,12 @@ namespace {
 using Key = L10n::Key;
 
 VolumeRowModel rowOf(const DiskIOSnapshot& volume, const Localization& texts) {
+    const std::string mark(emptyMark);
+    const std::string name = volume.name.empty() ? mark : volume.name;
+    const std::string device = volume.bsdDevice.value_or(mark);
     return {"internaldrive",
-            volume.name,
-            volume.bsdDevice.value_or(std::string(emptyMark)),
+            name,
+            device == name ? std::string() : device,
             {text(texts, Key::disk_read), formatDiskBytes(volume.bytesRead)},
             {text(texts, Key::disk_write), formatDiskBytes(volume.bytesWritten)}};
 }

@@ -19,7 +19,7 @@ class Localization;
 struct VolumeRowModel {
     std::string symbol;
     std::string name;
-    std::string device;
+    std::string device;  ///< empty where it would say the name again
     KeyValueModel read;
     KeyValueModel write;
 

@@ -15,11 +15,15 @@ using Key = L10n::Key;
 
 std::optional<FanGaugeModel> gaugeOf(const FanReading& fan, const Localization& texts) {
     if (!fan.minRPM || !fan.maxRPM) return std::nullopt;
-    FanGaugeModel gauge{fan.currentRPM, fan.targetRPM, *fan.minRPM, *fan.maxRPM, {}, {}, {}};
+    FanGaugeModel gauge{fan.currentRPM, fan.targetRPM, *fan.minRPM, *fan.maxRPM, {}, {}, {}, {}};
     gauge.minText = std::to_string(gauge.min);
     gauge.maxText = std::to_string(gauge.max);
     if (gauge.target)
         gauge.targetText = fmt::format("{} {}", text(texts, Key::fan_target), *gauge.target);
+    // "Min" and "Max" are the same in every language, as they are below the charts.
+    gauge.spoken = fmt::format("Min {}, ", gauge.minText);
+    if (gauge.target) gauge.spoken += gauge.targetText + ", ";
+    gauge.spoken += fmt::format("Max {}", gauge.maxText);
     return gauge;
 }
 

@@ -21,6 +21,7 @@ struct FanGaugeModel {
     std::string minText;
     std::string targetText;  ///< empty where no speed is commanded
     std::string maxText;
+    std::string spoken;  ///< the limits and the target, each with its word
 
     friend bool operator==(const FanGaugeModel&, const FanGaugeModel&) = default;
 };

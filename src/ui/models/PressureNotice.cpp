@@ -19,7 +19,8 @@ std::optional<PressureNotice> describePressure(MemoryStats::Pressure level,
         text(isCritical ? L10n::Key::memory_statusCritical : L10n::Key::memory_statusWarning);
     notice.consumersTitle = text(L10n::Key::memory_topConsumers);
     for (const ProcessSnapshot& each : consumers)
-        notice.consumers.push_back({each.name, formatMB(each.residentMemoryBytes)});
+        notice.consumers.push_back({each.name.empty() ? std::string(emptyMark) : each.name,
+                                    formatMB(each.residentMemoryBytes)});
     return notice;
 }
 

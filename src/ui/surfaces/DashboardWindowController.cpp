@@ -4,8 +4,11 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
+#include <chrono>
+#include <utility>
 
 #include "platform/UserDefaults.h"
 #include "ui/kit/AccessibleParts.h"
@@ -17,6 +20,8 @@ namespace {
 
 constexpr QSize firstSize{460, 700};
 constexpr QSize leastSize{420, 620};
+// From the last move or change of size to the store: a drag is stored once.
+constexpr std::chrono::milliseconds restBeforeStore{1000};
 
 }  // namespace
 
@@ -28,6 +33,9 @@ public:
         setMinimumSize(leastSize);
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
+        rest_.setSingleShot(true);
+        rest_.setInterval(restBeforeStore);
+        connect(&rest_, &QTimer::timeout, this, [this] { owner_.storeFrame(); });
     }
 
     [[nodiscard]] QAccessible::Role accessibleRole() const override { return QAccessible::Window; }
@@ -38,6 +46,7 @@ public:
         if (!content) return;
         layout()->addWidget(content);
         content->show();
+        content->setFocus();  // the keyboard would be left with the content that went
     }
 
     void restoreFrame(const std::optional<Data>& stored) {
@@ -50,7 +59,10 @@ public:
     }
 
 protected:
+    void moveEvent(QMoveEvent*) override { frameChanged(); }
+    void resizeEvent(QResizeEvent*) override { frameChanged(); }
     void closeEvent(QCloseEvent* event) override {
+        rest_.stop();
         owner_.windowWillClose();
         event->accept();
         // What the window was drawn in is most of what it costs.
@@ -63,7 +75,12 @@ protected:
     }
 
 private:
+    void frameChanged() {
+        if (isVisible()) rest_.start();
+    }
+
     DashboardWindowController& owner_;
+    QTimer rest_{this};
     QWidget* content_ = nullptr;
 };
 
@@ -93,10 +110,14 @@ void DashboardWindowController::show(PopoverSection section) {
     if (onVisibilityChange) onVisibilityChange(true);
 }
 
-void DashboardWindowController::windowWillClose() {
+void DashboardWindowController::storeFrame() {
     const QByteArray frame = window_->saveGeometry();
-    defaults_.setData(frameKey,
-                      toData({frame.constData(), static_cast<std::size_t>(frame.size())}));
+    Data bytes = toData({frame.constData(), static_cast<std::size_t>(frame.size())});
+    if (defaults_.data(frameKey) != bytes) defaults_.setData(frameKey, std::move(bytes));
+}
+
+void DashboardWindowController::windowWillClose() {
+    storeFrame();
     if (onVisibilityChange) onVisibilityChange(false);
     window_->setContent(nullptr);
     symbols::releaseCache();

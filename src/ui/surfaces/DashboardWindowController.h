@@ -13,7 +13,8 @@ namespace vtx {
 class UserDefaults;
 
 /// The dashboard: a normal window of sections that keeps its place and size over starts. The window
-/// is kept while closed, its content is not, so that a closed dashboard costs nothing.
+/// is kept while closed, its content is not, so that a closed dashboard costs nothing. Its frame is
+/// stored when it is closed and a moment after the last move or change of size.
 class DashboardWindowController final : public DashboardSurface {
 public:
     /// Where the window's frame is stored.
@@ -31,6 +32,7 @@ public:
 
 private:
     class Window;
+    void storeFrame();
     void windowWillClose();
 
     MetricsCoordinator& coordinator_;

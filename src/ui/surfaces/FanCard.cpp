@@ -30,7 +30,7 @@ void FanCard::display(const FanCardModel& model) {
                        .min = static_cast<double>(said.min),
                        .max = static_cast<double>(said.max),
                        .label = qt(model.title),
-                       .spoken = qt(model.speed),
+                       .spoken = qt(said.spoken),
                        .minText = qt(said.minText),
                        .targetText = qt(said.targetText),
                        .maxText = qt(said.maxText)};

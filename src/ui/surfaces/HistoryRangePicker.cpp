@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "core/MetricsCoordinator.h"
+#include "language/Localization.h"
 #include "ui/models/ChartRange.h"
 #include "ui/surfaces/QtText.h"
 
@@ -30,14 +31,22 @@ HistoryRangePicker::HistoryRangePicker(MetricsCoordinator& coordinator, QWidget*
 
 void HistoryRangePicker::showEvent(QShowEvent* event) {
     SegmentedControl::showEvent(event);
-    followed_ = coordinator_.preferences.subscribe([this](const DisplayPreferences& preferences) {
-        setCurrent(indexOf(preferences.historyRange));
-        setAccessibleName(qt(historyTitle(preferences.historyRange)));
-    });
+    if (!followed_.empty()) return;
+    followed_.push_back(
+        coordinator_.preferences.subscribe([this](const DisplayPreferences& preferences) {
+            setCurrent(indexOf(preferences.historyRange));
+        }));
+    followed_.push_back(
+        Localization::shared().effective.subscribe([this](const auto&) { nameItself(); }));
+}
+
+void HistoryRangePicker::nameItself() {
+    const QString name = qt(Localization::shared().string(L10n::Key::settings_graphs));
+    if (accessibleName() != name) setAccessibleName(name);
 }
 
 void HistoryRangePicker::hideEvent(QHideEvent* event) {
-    followed_.cancel();
+    followed_.clear();
     SegmentedControl::hideEvent(event);
 }
 

@@ -9,7 +9,7 @@ namespace vtx {
 class MetricsCoordinator;
 
 /// Picks the window of all charts: the preference is its only state, and all that it changes.
-/// Follows the preference while it is shown.
+/// Follows the preference and the language while it is shown.
 class HistoryRangePicker final : public SegmentedControl {
     Q_OBJECT
 
@@ -21,10 +21,12 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    /// Assistive technology hears what the control is for; what is chosen, its segments tell.
+    void nameItself();
     void pick(int index);
 
     MetricsCoordinator& coordinator_;
-    Subscription followed_;
+    Subscriptions followed_;
 };
 
 }  // namespace vtx

@@ -42,6 +42,7 @@ PopoverView::PopoverView(MetricsCoordinator& coordinator, SurfaceKind surfaceKin
       bar_(new SectionBar(this)),
       page_(new ScrollArea(this)) {
     setAttribute(Qt::WA_OpaquePaintEvent, surfaceKind == SurfaceKind::dashboard);
+    setFocusProxy(bar_);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -58,8 +59,16 @@ PopoverView::PopoverView(MetricsCoordinator& coordinator, SurfaceKind surfaceKin
 void PopoverView::select(PopoverSection section) {
     selectedSection_ = isOffered(section) ? section : PopoverSection::overview;
     bar_->setCurrent(qt(describe(selectedSection_).rawValue));
+    moveFocusToBar();
     page_->setContents(makePage(selectedSection_));
     page_->verticalScrollBar()->setValue(0);
+}
+
+void PopoverView::moveFocusToBar() {
+    const QWidget* focused = window()->focusWidget();
+    if (!focused || !page_->widget() || !page_->widget()->isAncestorOf(focused)) return;
+    const auto* seen = dynamic_cast<const KitWidget*>(focused);
+    bar_->setFocus(seen && seen->showsFocus() ? Qt::TabFocusReason : Qt::OtherFocusReason);
 }
 
 void PopoverView::paintEvent(QPaintEvent* event) {
@@ -69,15 +78,25 @@ void PopoverView::paintEvent(QPaintEvent* event) {
 
 void PopoverView::showEvent(QShowEvent* event) {
     Surface::showEvent(event);
-    const auto offer = [this](const auto&) { offerSections(); };
+    if (isFollowing_) return;
+    const auto offer = [this](const auto&) {
+        if (isFollowing_) offerSections();
+    };
     subscriptions_.push_back(Localization::shared().effective.subscribe(offer));
     subscriptions_.push_back(coordinator_.preferences.subscribe(offer));
     subscriptions_.push_back(coordinator_.systemInfo.info.subscribe(offer));
+    isFollowing_ = true;  // what was told while subscribing is offered at once, here
+    offerSections();
 }
 
 void PopoverView::hideEvent(QHideEvent* event) {
+    isFollowing_ = false;
     subscriptions_.clear();
     Surface::hideEvent(event);
+}
+
+void PopoverView::keyPressEvent(QKeyEvent* event) {
+    if (!bar_->selectByDigit(*event)) Surface::keyPressEvent(event);
 }
 
 std::vector<PopoverSection> PopoverView::offered() const {
@@ -89,6 +108,7 @@ bool PopoverView::isOffered(PopoverSection section) const {
 }
 
 void PopoverView::offerSections() {
+    if (!isOffered(selectedSection_)) select(PopoverSection::overview);
     std::vector<SectionItem> items;
     for (const PopoverSection section : offered()) {
         const SectionDescription& said = describe(section);
@@ -96,7 +116,6 @@ void PopoverView::offerSections() {
             {qt(said.rawValue), qt(said.symbol), qt(Localization::shared().string(said.title))});
     }
     bar_->setItems(std::move(items));
-    if (!isOffered(selectedSection_)) select(PopoverSection::overview);
 }
 
 void PopoverView::selectById(const QString& id) {

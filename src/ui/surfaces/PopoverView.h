@@ -33,6 +33,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    /// Digits that nothing on the page takes select sections.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     /// Offers the sections that there are now, in the language in force.
@@ -40,6 +42,8 @@ private:
     [[nodiscard]] std::vector<PopoverSection> offered() const;
     [[nodiscard]] bool isOffered(PopoverSection section) const;
     void selectById(const QString& id);
+    /// Takes the keyboard focus from a page that is about to go.
+    void moveFocusToBar();
     [[nodiscard]] QWidget* makePage(PopoverSection section);
 
     MetricsCoordinator& coordinator_;
@@ -49,6 +53,7 @@ private:
     SectionBar* bar_;
     ScrollArea* page_;
     Subscriptions subscriptions_;
+    bool isFollowing_ = false;
 };
 
 }  // namespace vtx

@@ -68,7 +68,21 @@ TEST_F(DiskSectionModelTest, each_drive_has_its_row_with_what_it_moved) {
         ElementsAre(
             VolumeRowModel{
                 "internaldrive", "Internal SSD", "disk0", {"Read", "1.9 GB"}, {"Write", "846 MB"}},
-            VolumeRowModel{"internaldrive", "", "—", {"Read", "0 MB"}, {"Write", "0 MB"}}));
+            VolumeRowModel{"internaldrive", "—", "", {"Read", "0 MB"}, {"Write", "0 MB"}}));
+}
+
+TEST_F(DiskSectionModelTest, a_drive_called_as_its_device_says_so_once) {
+    DiskIOSnapshot drive;
+    drive.name = "vda";
+    drive.bsdDevice = "vda";
+    DiskIOSnapshot nameless;
+    nameless.bsdDevice = "disk3";
+    reading->volumes = {drive, nameless};
+    const auto volumes = describe().volumes;
+    EXPECT_EQ(volumes.at(0).name, "vda");
+    EXPECT_EQ(volumes.at(0).device, "");
+    EXPECT_EQ(volumes.at(1).name, "—");
+    EXPECT_EQ(volumes.at(1).device, "disk3");
 }
 
 TEST_F(DiskSectionModelTest, the_chart_comes_and_goes_with_its_preference) {

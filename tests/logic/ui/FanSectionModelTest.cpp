@@ -48,9 +48,17 @@ TEST(FanSectionModel, the_load_is_cut_and_left_out_where_no_fan_tells_its_range)
 TEST(FanSectionModel, a_fan_shows_its_speed_between_its_limits_with_its_target) {
     const test::SpokenIn texts(Language::de);
     const auto model = describeFanSection(reading({fan(1, 1500, 1750, 1000, 2000)}), texts);
-    EXPECT_THAT(model.fans, ElementsAre(FanCardModel{"fan", "Lüfter 2", "1500 RPM",
-                                                     FanGaugeModel{1500, 1750, 1000, 2000, "1000",
-                                                                   "Ziel 1750", "2000"}}));
+    EXPECT_THAT(model.fans, ElementsAre(FanCardModel{
+                                "fan", "Lüfter 2", "1500 RPM",
+                                FanGaugeModel{1500, 1750, 1000, 2000, "1000", "Ziel 1750", "2000",
+                                              "Min 1000, Ziel 1750, "
+                                              "Max 2000"}}));
+}
+
+TEST(FanSectionModel, a_fan_without_a_target_speaks_its_limits_alone) {
+    const test::SpokenIn texts(Language::en);
+    const auto model = describeFanSection(reading({fan(0, 1500, {}, 1000, 2000)}), texts);
+    EXPECT_EQ(model.fans.at(0).gauge->spoken, "Min 1000, Max 2000");
 }
 
 TEST(FanSectionModel, without_both_limits_there_is_no_gauge) {

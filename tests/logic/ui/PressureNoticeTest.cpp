@@ -40,5 +40,10 @@ TEST_F(PressureNoticeTest, names_who_uses_most_with_its_size) {
     EXPECT_EQ(notice->consumers[0], (PressureNotice::Consumer{"firefox", "4.8 GB"}));
 }
 
+TEST_F(PressureNoticeTest, a_process_without_a_name_has_the_mark_of_what_is_not_known) {
+    const auto notice = describePressure(MemoryStats::Pressure::warning, {ProcessSnapshot{}});
+    EXPECT_EQ(notice->consumers.at(0).name, "—");
+}
+
 }  // namespace
 }  // namespace vtx

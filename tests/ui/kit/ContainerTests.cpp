@@ -83,10 +83,23 @@ TEST_F(ScrollAreaTest, the_keyboard_reaches_both_ends) {
     EXPECT_EQ(area.verticalScrollBar()->value(), 0);
 }
 
-TEST_F(ScrollAreaTest, contents_that_fit_have_no_thumb) {
+TEST_F(ScrollAreaTest, contents_that_fit_have_no_thumb_and_take_no_focus) {
+    EXPECT_EQ(area.focusPolicy(), Qt::StrongFocus);
     area.resize(360, 1200);
     test::settle();
     EXPECT_TRUE(barOf(area)->thumbRect().isEmpty());
+    EXPECT_EQ(area.focusPolicy(), Qt::NoFocus);
+    area.resize(360, 200);
+    test::settle();
+    EXPECT_EQ(area.focusPolicy(), Qt::StrongFocus);
+}
+
+TEST_F(ScrollAreaTest, the_focus_leaves_when_there_is_nothing_left_to_scroll) {
+    area.setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(area.hasFocus());
+    area.resize(360, 1200);
+    test::settle();
+    EXPECT_FALSE(area.hasFocus());
 }
 
 TEST(Surface, fills_itself_with_the_window_colour) {

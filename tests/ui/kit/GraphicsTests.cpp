@@ -32,6 +32,20 @@ TEST(CompositionBar, a_part_of_less_than_a_pixel_is_left_out) {
     EXPECT_EQ(bar.segments(2000).size(), 3U);
 }
 
+TEST(CompositionBar, a_sliver_at_a_rounded_end_gives_its_place_to_its_neighbour) {
+    CompositionBar bar;
+    bar.setParts({{0.01, ColorToken::memoryWired},
+                  {0.49, ColorToken::memoryActive},
+                  {0.485, ColorToken::memoryInactive},
+                  {0.015, ColorToken::memoryFree}});
+    const std::vector<QRectF> parts = bar.segments(200);
+    ASSERT_EQ(parts.size(), 2U);
+    EXPECT_EQ(parts[0].left(), 0);
+    EXPECT_EQ(parts[0].right(), 100);
+    EXPECT_EQ(parts[1].right(), 200);
+    EXPECT_EQ(bar.segments(1000).size(), 4U) << "wide enough, each is shown";
+}
+
 TEST(CompositionBar, shares_that_are_too_much_end_with_the_bar) {
     CompositionBar bar;
     bar.setParts({{0.8, ColorToken::memoryWired},

@@ -96,6 +96,13 @@ TEST_F(PerCoreBarsTest, the_bar_lies_between_label_and_percentage) {
     EXPECT_EQ(image.pixelColor(308 - 38 + 1, y).alpha(), 0);
 }
 
+TEST_F(PerCoreBarsTest, the_list_is_called_by_its_title_and_count) {
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&bars);
+    EXPECT_EQ(spoken->text(QAccessible::Name), QStringLiteral("Per core, 4 Cores"));
+    bars.setContent(cores(8));
+    EXPECT_EQ(spoken->text(QAccessible::Name), QStringLiteral("Per core, 8 Cores"));
+}
+
 TEST_F(PerCoreBarsTest, each_core_speaks_its_label_and_its_load) {
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&bars);
     EXPECT_EQ(spoken->role(), QAccessible::List);

@@ -82,6 +82,22 @@ TEST_F(RowsTest, a_longer_name_moves_the_captions_of_every_row) {
     EXPECT_EQ(recorder.painted[0].boundingRect(), interfaces.rect());
 }
 
+TEST_F(RowsTest, captions_stay_whole_and_names_give_way) {
+    const ListRow cellular{.title = QStringLiteral("pdp_ip0"),
+                           .caption = QStringLiteral("A caption of some length"),
+                           .values = {{.text = QStringLiteral("Inactive")}}};
+    const auto inkOfFirstBeside = [&](const char* other) {
+        interfaces.setRows({cellular, {.title = QString::fromLatin1(other)}});
+        show(interfaces);
+        const QImage row = test::picture(interfaces, 1).copy(interfaces.partRect(0));
+        qint64 ink = 0;
+        for (int y = 0; y < row.height(); ++y)
+            for (int x = 0; x < row.width(); ++x) ink += qAlpha(row.pixel(x, y));
+        return ink;
+    };
+    EXPECT_EQ(inkOfFirstBeside("en0"), inkOfFirstBeside("br-0123456789abcdef0123456789abcdef"));
+}
+
 TEST_F(RowsTest, a_bar_is_as_long_as_its_share) {
     consumers.setRows({consumer("node", "1 GB", 0.5)});
     show(consumers);

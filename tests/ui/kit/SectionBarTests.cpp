@@ -97,6 +97,46 @@ TEST_F(SectionBarTest, a_digit_selects_at_once_and_one_too_many_is_left_to_other
     EXPECT_EQ(bar.current(), QStringLiteral("ram"));
 }
 
+TEST_F(SectionBarTest, a_digit_pressed_elsewhere_selects_and_one_too_many_does_not) {
+    const QKeyEvent three(QEvent::KeyPress, Qt::Key_3, Qt::NoModifier);
+    EXPECT_TRUE(bar.selectByDigit(three));
+    EXPECT_EQ(told, QStringLiteral("ram"));
+    const QKeyEvent four(QEvent::KeyPress, Qt::Key_4, Qt::NoModifier);
+    EXPECT_FALSE(bar.selectByDigit(four)) << "the action is no item";
+    const QKeyEvent withAlt(QEvent::KeyPress, Qt::Key_1, Qt::AltModifier);
+    EXPECT_FALSE(bar.selectByDigit(withAlt));
+    EXPECT_EQ(bar.current(), QStringLiteral("ram"));
+}
+
+TEST_F(SectionBarTest, the_focus_begins_at_what_was_selected_before_there_were_items) {
+    SectionBar late;
+    late.setAction(item("detach", "pin", "Detach"));
+    late.setCurrent(QStringLiteral("cpu"));
+    late.setItems({item("overview", "square.grid.2x2", "Overview"), item("cpu", "cpu", "CPU")});
+    EXPECT_EQ(late.focusedPart(), 1);
+}
+
+TEST_F(SectionBarTest, the_focus_stays_with_its_button_as_others_go) {
+    focusByTab();
+    test::press(bar, Qt::Key_End);
+    bar.setItems(
+        {item("overview", "square.grid.2x2", "Overview"), item("ram", "memorychip", "RAM")});
+    EXPECT_EQ(bar.focusedPart(), 2) << "the action, one place nearer";
+    test::press(bar, Qt::Key_Left);
+    EXPECT_EQ(bar.part(bar.focusedPart()).name, QStringLiteral("RAM"));
+    bar.setItems({item("overview", "square.grid.2x2", "Overview"), item("cpu", "cpu", "CPU")});
+    EXPECT_EQ(bar.focusedPart(), 0) << "its button is gone: the selected one";
+}
+
+TEST_F(SectionBarTest, shown_again_the_focus_begins_at_the_selected_button) {
+    focusByTab();
+    test::press(bar, Qt::Key_Right);
+    ASSERT_EQ(bar.focusedPart(), 1);
+    bar.hide();
+    test::show(bar);
+    EXPECT_EQ(bar.focusedPart(), 0);
+}
+
 TEST_F(SectionBarTest, arrows_follow_the_reading_direction) {
     bar.setLayoutDirection(Qt::RightToLeft);
     focusByTab();

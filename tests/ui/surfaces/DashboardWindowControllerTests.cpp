@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <QPointer>
+#include <QScreen>
+#include <QTimer>
 #include <vector>
 
 #include "ShellFakes.h"
@@ -59,6 +61,13 @@ TEST_F(DashboardTest, its_first_size_and_its_least_size) {
     EXPECT_EQ(dashboard->window()->minimumSize(), QSize(420, 620));
 }
 
+TEST_F(DashboardTest, without_a_stored_frame_it_stands_in_the_middle_of_the_screen) {
+    const auto dashboard = shown();
+    const QPoint away = dashboard->window()->geometry().center() -
+                        dashboard->window()->screen()->availableGeometry().center();
+    EXPECT_LE(away.manhattanLength(), 8) << "but for the frame around it";
+}
+
 TEST_F(DashboardTest, closing_drops_the_content_and_keeps_the_window) {
     const auto dashboard = shown();
     const QPointer<QWidget> window = dashboard->window();
@@ -99,6 +108,8 @@ TEST_F(DashboardTest, shown_while_open_it_has_one_content_at_the_new_section) {
     dashboard->show(PopoverSection::cpu);
     ASSERT_EQ(contentsOf(*dashboard).size(), 1U);
     EXPECT_EQ(contentOf(*dashboard)->selectedSection(), PopoverSection::cpu);
+    ASSERT_TRUE(dashboard->window()->focusWidget()) << "keys reach the new content";
+    EXPECT_TRUE(contentOf(*dashboard)->isAncestorOf(dashboard->window()->focusWidget()));
 }
 
 TEST_F(DashboardTest, its_frame_survives_a_restart) {
@@ -107,6 +118,20 @@ TEST_F(DashboardTest, its_frame_survives_a_restart) {
     dashboard->window()->close();
     dashboard = shown();
     EXPECT_EQ(dashboard->window()->geometry(), QRect(40, 50, 500, 640));
+}
+
+TEST_F(DashboardTest, its_frame_is_stored_while_it_is_open_once_it_rests) {
+    const auto dashboard = shown();
+    auto* rest = dashboard->window()->findChild<QTimer*>({}, Qt::FindDirectChildrenOnly);
+    dashboard->window()->setGeometry(40, 50, 500, 640);
+    test::settle();
+    EXPECT_TRUE(rest->isActive());
+    EXPECT_FALSE(defaults.data(DashboardWindowController::frameKey)) << "not with each step";
+    QMetaObject::invokeMethod(rest, "timeout");
+    EXPECT_TRUE(defaults.data(DashboardWindowController::frameKey));
+    EXPECT_EQ(shown()->window()->geometry(), QRect(40, 50, 500, 640));
+    dashboard->window()->close();
+    EXPECT_FALSE(rest->isActive()) << "nothing is due after closing";
 }
 
 TEST_F(DashboardTest, ending_the_program_with_it_open_stores_the_frame_too) {

@@ -32,6 +32,17 @@ TEST_F(HistoryRangePickerTest, a_choice_changes_the_window_and_nothing_else) {
     EXPECT_EQ(*bench.coordinator.preferences, expected);
 }
 
+TEST_F(HistoryRangePickerTest, is_called_by_its_purpose_in_the_language_in_force) {
+    test::show(picker);
+    bench.change([](auto& p) { p.historyRange = HistoryRange::oneHour; });
+    EXPECT_EQ(picker.accessibleName(), "Graphs") << "whatever is chosen";
+    Localization::shared().setPreference(Language::de);
+    EXPECT_EQ(picker.accessibleName(), "Diagramme");
+    EXPECT_TRUE(picker.part(3).selected) << "the value is told by its segment";
+    picker.hide();
+    EXPECT_FALSE(Localization::shared().effective.hasSubscribers());
+}
+
 TEST_F(HistoryRangePickerTest, follows_the_preference_only_while_it_is_shown) {
     test::show(picker);
     bench.change([](auto& p) { p.historyRange = HistoryRange::fifteenMinutes; });

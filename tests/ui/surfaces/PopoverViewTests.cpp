@@ -9,6 +9,7 @@
 
 #include "SurfaceBench.h"
 #include "ui/kit/SectionBar.h"
+#include "ui/surfaces/HistoryRangePicker.h"
 
 namespace vtx {
 namespace {
@@ -18,15 +19,18 @@ constexpr auto detachLabel = "Als Fenster öffnen";
 
 class PopoverViewTest : public testing::Test {
 protected:
-    std::unique_ptr<PopoverView> make(Kind kind) {
+    std::unique_ptr<PopoverView> make(Kind kind, PopoverSection begin = PopoverSection::overview) {
         auto view = std::make_unique<PopoverView>(
-            bench.coordinator, kind, PopoverSection::overview,
+            bench.coordinator, kind, begin,
             [this](PopoverSection section) { detached.push_back(section); });
         view->resize(400, 500);
         test::show(*view);
         return view;
     }
     static SectionBar& barOf(PopoverView& view) { return *view.findChild<SectionBar*>(); }
+    static QString focusedNameOf(PopoverView& view) {
+        return barOf(view).part(barOf(view).focusedPart()).name;
+    }
 
     test::SurfaceBench bench;
     std::vector<PopoverSection> detached;
@@ -45,8 +49,9 @@ TEST_F(PopoverViewTest, the_detach_button_asks_with_the_selected_section) {
     const auto popover = make(Kind::popover);
     auto* detach = test::spokenAs(*popover, detachLabel);
     ASSERT_NE(detach, nullptr);
+    popover->select(PopoverSection::memory);
     detach->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_EQ(detached, std::vector{PopoverSection::overview});
+    EXPECT_EQ(detached, std::vector{PopoverSection::memory});
 }
 
 TEST_F(PopoverViewTest, each_section_is_a_tab_with_its_name) {
@@ -71,6 +76,69 @@ TEST_F(PopoverViewTest, arrows_reach_the_detach_button_and_return_presses_it) {
     test::press(bar, Qt::Key_Right);
     test::press(bar, Qt::Key_Space);
     EXPECT_EQ(popover->selectedSection(), PopoverSection::cpu);
+}
+
+TEST_F(PopoverViewTest, arrows_begin_at_the_section_that_it_opened_at) {
+    const auto window = make(Kind::dashboard, PopoverSection::memory);
+    EXPECT_EQ(focusedNameOf(*window), "RAM");
+    test::press(barOf(*window), Qt::Key_Right);
+    EXPECT_EQ(focusedNameOf(*window), "Network");
+    test::press(barOf(*window), Qt::Key_Return);
+    EXPECT_EQ(window->selectedSection(), PopoverSection::network);
+}
+
+TEST_F(PopoverViewTest, digits_select_wherever_the_focus_is) {
+    const auto popover = make(Kind::popover);
+    // The picker goes with its page, before the key comes up.
+    QKeyEvent two(QEvent::KeyPress, Qt::Key_2, Qt::NoModifier);
+    QApplication::sendEvent(popover->findChild<HistoryRangePicker*>(), &two);
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::cpu);
+    test::press(*popover->findChild<QScrollArea*>(), Qt::Key_1);
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::overview);
+    test::press(*popover, Qt::Key_2, Qt::ControlModifier);
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::overview);
+}
+
+TEST_F(PopoverViewTest, the_focus_inside_a_page_that_goes_moves_to_the_bar) {
+    const auto popover = make(Kind::popover);
+    auto* picker = popover->findChild<HistoryRangePicker*>();
+    picker->setFocus(Qt::TabFocusReason);
+    ASSERT_EQ(popover->focusWidget(), picker);
+    popover->select(PopoverSection::cpu);
+    EXPECT_EQ(popover->focusWidget(), &barOf(*popover));
+    EXPECT_TRUE(barOf(*popover).showsFocus());
+    EXPECT_EQ(focusedNameOf(*popover), "CPU");
+}
+
+TEST_F(PopoverViewTest, a_section_that_goes_takes_neither_focus_nor_ring_with_it) {
+    bench.offerEverySection();
+    for (const Kind kind : {Kind::popover, Kind::dashboard}) {
+        bench.change([](auto& preferences) { preferences.showDiskIO = true; });
+        const auto view = make(kind, PopoverSection::disk);
+        SectionBar& bar = barOf(*view);
+        bar.setFocus(Qt::TabFocusReason);
+        ASSERT_EQ(focusedNameOf(*view), "Disk");
+        test::hover(bar, bar.partRect(bar.focusedPart()).center());
+        QMetaObject::invokeMethod(&bar.hoverTip().timer(), "timeout");
+        ASSERT_TRUE(bar.hoverTip().isShown());
+        bench.change([](auto& preferences) { preferences.showDiskIO = false; });
+        EXPECT_EQ(view->selectedSection(), PopoverSection::overview);
+        EXPECT_EQ(view->focusWidget(), &bar);
+        EXPECT_EQ(focusedNameOf(*view), "Overview");
+        EXPECT_FALSE(bar.hoverTip().isShown());
+    }
+}
+
+TEST_F(PopoverViewTest, a_ring_on_another_section_stays_there_as_sections_go) {
+    bench.offerEverySection();
+    const auto popover = make(Kind::popover);
+    SectionBar& bar = barOf(*popover);
+    bar.setFocus(Qt::TabFocusReason);
+    while (focusedNameOf(*popover) != "Network") test::press(bar, Qt::Key_Right);
+    bench.change([](auto& preferences) { preferences.showDiskIO = false; });
+    EXPECT_EQ(focusedNameOf(*popover), "Network");
+    test::press(bar, Qt::Key_Return);
+    EXPECT_EQ(popover->selectedSection(), PopoverSection::network);
 }
 
 TEST_F(PopoverViewTest, digits_select_sections_and_never_the_detach_button) {
