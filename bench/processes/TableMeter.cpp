@@ -26,7 +26,8 @@ LinuxPlatform::Options optionsWith(const std::filesystem::path& configFolder) {
 
 /// The same ports with another time.
 Ports withClock(const Ports& ports, Clock& clock) {
-    Ports changed{.clock = clock,
+    Ports changed{.appService = ports.appService,
+                  .clock = clock,
                   .heapRelief = ports.heapRelief,
                   .hidEventSystem = ports.hidEventSystem,
                   .hostInfo = ports.hostInfo,
@@ -39,6 +40,7 @@ Ports withClock(const Ports& ports, Clock& clock) {
                   .processInfo = ports.processInfo,
                   .processTable = ports.processTable,
                   .smc = ports.smc,
+                  .softwareUpdater = ports.softwareUpdater,
                   .sysctl = ports.sysctl,
                   .thermalState = ports.thermalState,
                   .unifiedLog = ports.unifiedLog,

@@ -35,7 +35,10 @@ private:
         [[nodiscard]] std::string collationKey(std::string_view text) const override {
             return std::string(text);
         }
-        std::string timeOfDay(Date) const override { return {}; }
+        [[nodiscard]] std::string lowercased(std::string_view text) const override {
+            return std::string(text);
+        }
+        [[nodiscard]] std::string timeOfDay(Date) const override { return {}; }
     };
 
     Nowhere locale_;

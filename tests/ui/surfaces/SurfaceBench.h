@@ -26,7 +26,9 @@ public:
         readCPU(0.5);
         coordinator.gpu.latest = GPUStats{};
         coordinator.memory.latest = MemoryStats{};
-        coordinator.network.latest = NetworkReading{};
+        NetworkReading network;
+        network.primary.emplace().bsdName = "en0";
+        coordinator.network.latest = network;
         coordinator.diskIO.latest = DiskIOReading{};
         coordinator.fan.latest = FanStats{};
         coordinator.battery.refresh(31.0, false);
