@@ -167,8 +167,10 @@ TEST_F(SectionE2E, each_drive_has_moved_what_its_counters_say) {
     };
     if (!eventually([&] { return !volumes().empty(); })) GTEST_SKIP() << "no drive is here";
     for (const Accessible& row : volumes()) {
+        // A drive without a model is named by its device, which is not said twice.
+        const std::string said = row.description();
         const std::string device =
-            row.description().substr(0, row.description().find_first_of(", "));
+            said.starts_with("Read ") ? row.name() : said.substr(0, said.find_first_of(", "));
         const Moved before = kernel::movedByDisk(device);
         std::string text = row.description();
         constexpr auto twoReadings = 2500ms;
@@ -209,6 +211,8 @@ TEST_F(SectionE2E, on_a_mac_every_section_says_figures) {
     start(VANTRIX_SIMULATED_PROGRAM, "vantrix-simulated");
     ASSERT_NO_FATAL_FAILURE(open());
     for (const std::string& section : sections()) {
+        // Not all that these say is a reading.
+        if (section == "Processes" || section == "Settings") continue;
         ASSERT_NO_FATAL_FAILURE(choose(section));
         std::string page;
         EXPECT_TRUE(eventually([&] {

@@ -52,7 +52,7 @@ BannerContent contentOf(const PressureNotice& notice) {
 
 QVBoxLayout* addBlock(QVBoxLayout* column) {
     auto* block = new QVBoxLayout;
-    block->setContentsMargins(0, ringRoom, 0, 0);
+    block->setContentsMargins(0, ringRoom, ringRoom, 0);
     block->setSpacing(metrics::cardGap);
     column->addLayout(block);
     return block;
@@ -75,7 +75,7 @@ OverviewTab::OverviewTab(MetricsCoordinator& coordinator, QWidget* parent)
 void OverviewTab::layOut() {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(metrics::contentInset, metrics::contentInset - ringRoom,
-                               metrics::contentInset, metrics::contentInset);
+                               metrics::contentInset - ringRoom, metrics::contentInset);
     layout->setSpacing(metrics::cardGap - ringRoom);
     addBlock(layout)->addWidget(banner_);
 
@@ -84,12 +84,11 @@ void OverviewTab::layOut() {
     head->setSpacing(0);
     head->addWidget(graphsTitle_, 1);
     head->addWidget(new HistoryRangePicker(coordinator(), graphsHead_));
-    // Seen without its ring, the picker ends where the cards do.
-    auto* headRow = new QHBoxLayout;
-    headRow->setContentsMargins(0, 0, -ringRoom, 0);
-    headRow->addWidget(graphsHead_);
-    layout->addLayout(headRow);
+    // Alone without the room of a ring at its end, so that the picker, seen without its ring, ends
+    // where the cards do.
+    layout->addWidget(graphsHead_);
     cards_ = new QVBoxLayout;
+    cards_->setContentsMargins(0, 0, ringRoom, 0);
     cards_->setSpacing(metrics::cardGap);
     layout->addLayout(cards_);
 

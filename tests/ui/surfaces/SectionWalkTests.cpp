@@ -6,10 +6,12 @@
 #include <QTimer>
 #include <functional>
 #include <span>
+#include <vector>
 
 #include "SurfaceBench.h"
 #include "pictures/BusyLaptop.h"
 #include "pictures/PictureStage.h"
+#include "ui/kit/ScrollArea.h"
 #include "ui/kit/SectionBar.h"
 #include "ui/surfaces/PopoverView.h"
 
@@ -44,6 +46,15 @@ QStringList saidOf(PopoverView& view) {
     return lines;
 }
 
+/// Those that show readings: the processes and the settings have walks of their own.
+std::vector<PopoverSection> metricSections() {
+    std::vector<PopoverSection> sections(std::begin(test::everySection),
+                                         std::end(test::everySection));
+    std::erase(sections, PopoverSection::processes);
+    std::erase(sections, PopoverSection::settings);
+    return sections;
+}
+
 class SectionWalkTest : public testing::Test {
 protected:
     SectionWalkTest() {
@@ -54,7 +65,7 @@ protected:
 
 TEST_F(SectionWalkTest, every_bar_tile_and_chart_has_a_name_and_a_value) {
     samples::busyLaptop(stage.coordinator());
-    for (const PopoverSection section : test::everySection) {
+    for (const PopoverSection section : metricSections()) {
         SCOPED_TRACE(describe(section).rawValue);
         int told = 0;
         const auto view = shown(stage.coordinator(), section);
@@ -73,13 +84,13 @@ TEST_F(SectionWalkTest, every_bar_tile_and_chart_has_a_name_and_a_value) {
             EXPECT_TRUE(!isChart || !one.text(QAccessible::Description).isEmpty())
                 << qPrintable(name);
         });
-        EXPECT_GT(told, static_cast<int>(std::size(test::everySection)));
+        EXPECT_GT(told, static_cast<int>(metricSections().size()));
     }
 }
 
 TEST_F(SectionWalkTest, on_a_living_mac_no_section_lacks_a_figure) {
     stage.run(std::chrono::minutes(2));
-    for (const PopoverSection section : test::everySection) {
+    for (const PopoverSection section : metricSections()) {
         const auto view = shown(stage.coordinator(), section);
         const QStringList said = saidOf(*view);
         EXPECT_TRUE(said.filter(QString::fromUtf8("—")).isEmpty())
@@ -113,13 +124,19 @@ TEST_F(SectionWalkTest, tab_reaches_every_control_from_the_top_to_the_bottom) {
         const auto view = shown(stage.coordinator(), section);
         QSet<QWidget*> controls;
         for (QWidget* one : view->findChildren<QWidget*>())
-            if ((one->focusPolicy() & Qt::TabFocus) && one->isVisible()) controls << one;
+            if ((one->focusPolicy() & Qt::TabFocus) && one->isVisible() && one->isEnabled())
+                controls << one;
         auto* const bar = view->findChild<SectionBar*>();
         bar->setFocus(Qt::TabFocusReason);
         QWidget* reached = bar;
         for (int top = -1; controls.remove(reached); reached = QApplication::focusWidget()) {
-            const int y = reached->mapTo(view.get(), QPoint()).y();
-            EXPECT_GT(y + reached->height(), top);  // beside the one before, or below it
+            // A long page scrolls to what is reached: its places count from its own top.
+            const QWidget* const page = view->findChild<ScrollArea*>()->widget();
+            const int y = page->isAncestorOf(reached)
+                              ? bar->height() + reached->mapTo(page, QPoint()).y()
+                              : reached->mapTo(view.get(), QPoint()).y();
+            EXPECT_GT(y + reached->height(), top)
+                << qPrintable(reached->accessibleName());  // beside the one before, or below it
             top = y;
             test::press(*reached, Qt::Key_Tab);
         }
