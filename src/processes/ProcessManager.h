@@ -74,7 +74,7 @@ private:
     ProcessOrder order_;
     Confined<ProcessSamplingEngine> engine_;
     bool isResting_ = true;  ///< as it does until the first refresh
-    TaskScope tasks_;  // last: its frames use all of the above
+    TaskScope tasks_;        // last: its frames use all of the above
 };
 
 }  // namespace vtx

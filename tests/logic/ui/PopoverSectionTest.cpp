@@ -35,11 +35,10 @@ TEST(PopoverSection, every_section_that_has_a_page_is_offered_in_the_order_of_th
 }
 
 TEST(PopoverSection, a_first_start_offers_neither_disks_nor_fans) {
-    EXPECT_THAT(
-        visibleSections(laptop(), {}),
-        ElementsAre(Section::overview, Section::cpu, Section::gpu, Section::memory,
-                    Section::network, Section::battery, Section::processes, Section::system,
-                    Section::settings));
+    EXPECT_THAT(visibleSections(laptop(), {}),
+                ElementsAre(Section::overview, Section::cpu, Section::gpu, Section::memory,
+                            Section::network, Section::battery, Section::processes, Section::system,
+                            Section::settings));
 }
 
 TEST(PopoverSection, what_the_machine_lacks_is_not_offered) {
