@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/surfaces/PopoverController.h"
 
+#include <utility>
+
 #include "ui/kit/Metrics.h"
 #include "ui/kit/Symbol.h"
 #include "ui/shell/StatusItem.h"
@@ -13,8 +15,10 @@ PopoverController::PopoverController(WindowSystem& system, MetricsCoordinator& c
                                      std::function<void(PopoverSection)> onDetachRequested)
     : item_(item), window_(system) {
     window_.setWindowTitle(title);
-    window_.setContent(new PopoverView(coordinator, PopoverView::SurfaceKind::popover,
-                                       PopoverSection::overview, std::move(onDetachRequested)));
+    makeContent_ = [&coordinator, detach = std::move(onDetachRequested)] {
+        return new PopoverView(coordinator, PopoverView::SurfaceKind::popover,
+                               PopoverSection::overview, detach);
+    };
     window_.setContentSize({metrics::popoverWidth, metrics::popoverHeight});
     window_.onShow = [this] {
         item_.setHighlighted(true);
@@ -38,6 +42,9 @@ PopoverController::~PopoverController() {
     item_.onPress = item_.onRelease = item_.onMove = nullptr;
 }
 
-void PopoverController::show() { window_.showAt(item_.screenGeometry(), item_.edge()); }
+void PopoverController::show() {
+    if (makeContent_) window_.setContent(std::exchange(makeContent_, nullptr)());
+    window_.showAt(item_.screenGeometry(), item_.edge());
+}
 
 }  // namespace vtx

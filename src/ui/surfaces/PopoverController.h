@@ -28,6 +28,9 @@ public:
 private:
     StatusItem& item_;
     AnchoredWindow window_;
+    /// Makes the pages when they are first asked for: a program whose popover was never opened does
+    /// not pay for them. Null from then on.
+    std::function<QWidget*()> makeContent_;
 };
 
 }  // namespace vtx

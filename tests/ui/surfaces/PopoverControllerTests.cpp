@@ -36,10 +36,22 @@ TEST_F(PopoverControllerTest, opening_and_closing_are_told_once_each) {
     EXPECT_EQ(told, "oc");
 }
 
+TEST_F(PopoverControllerTest, has_no_pages_until_it_is_first_shown_and_keeps_them_then) {
+    EXPECT_EQ(popover.window().findChild<PopoverView*>(), nullptr);
+    popover.show();
+    auto* const view = popover.window().findChild<PopoverView*>();
+    ASSERT_NE(view, nullptr);
+    popover.close();
+    popover.show();
+    EXPECT_EQ(popover.window().findChild<PopoverView*>(), view);
+}
+
 TEST_F(PopoverControllerTest, closed_it_follows_nothing_whatever_section_it_shows) {
     bench.offerEverySection();
     EXPECT_FALSE(bench.isAnythingFollowed());
+    popover.show();
     auto& view = *popover.window().findChild<PopoverView*>();
+    popover.close();
     for (const PopoverSection section : test::everySection) {
         popover.show();
         view.select(section);
