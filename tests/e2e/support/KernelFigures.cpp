@@ -2,6 +2,7 @@
 #include "support/KernelFigures.h"
 
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -18,6 +19,16 @@ std::uint64_t memoryBytes(const std::string& line) {
         if (words >> name >> value && name == line + ":") return value * bytesPerUnit;
     }
     throw std::runtime_error("/proc/meminfo has no " + line);
+}
+
+bool hasDrive() {
+    std::error_code none;
+    for (const auto& disk : std::filesystem::directory_iterator("/sys/block", none)) {
+        std::uint64_t sectors = 0;  // 0 for a slot without its card
+        std::ifstream(disk.path() / "size") >> sectors;
+        if (sectors > 0 && std::filesystem::exists(disk.path() / "device")) return true;
+    }
+    return false;
 }
 
 Moved movedByDisk(const std::string& device) {

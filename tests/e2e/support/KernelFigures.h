@@ -18,6 +18,8 @@ namespace kernel {
 
 /// A line of /proc/meminfo, such as "MemTotal".
 [[nodiscard]] std::uint64_t memoryBytes(const std::string& line);
+/// Whether a drive with a device behind it is here, which a loop or a compressed memory has not.
+[[nodiscard]] bool hasDrive();
 /// What a whole disk has read and written, by its name such as "vda".
 [[nodiscard]] Moved movedByDisk(const std::string& device);
 /// What every interface has received and sent.
