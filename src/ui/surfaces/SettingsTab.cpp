@@ -2,6 +2,7 @@
 #include "ui/surfaces/SettingsTab.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QVBoxLayout>
 
 #include "core/MetricsCoordinator.h"
@@ -50,6 +51,7 @@ void SettingsTab::display(const SettingsModel& model) {
 
 void SettingsTab::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    coordinator_.loginItem.refresh();
     const auto follow = [this](const auto&) { rebuild(); };
     subscriptions_.push_back(coordinator_.preferences.subscribe(follow));
     subscriptions_.push_back(coordinator_.alerts.permissionGranted.subscribe(follow));
@@ -60,6 +62,12 @@ void SettingsTab::showEvent(QShowEvent* event) {
 void SettingsTab::hideEvent(QHideEvent* event) {
     subscriptions_.clear();
     QWidget::hideEvent(event);
+}
+
+// Whoever comes back may have been where the login item is changed, too.
+bool SettingsTab::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && isVisible()) coordinator_.loginItem.refresh();
+    return QWidget::event(event);
 }
 
 void SettingsTab::rebuild() {

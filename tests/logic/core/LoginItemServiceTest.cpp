@@ -52,6 +52,18 @@ TEST(LoginItemService, after_a_failure_it_says_what_is_so_though_that_was_change
     EXPECT_TRUE(*bench.service.isEnabled);
 }
 
+TEST(LoginItemService, a_change_made_elsewhere_is_told_when_it_is_asked_for_again) {
+    LoginBench bench;
+    int told = 0;
+    const auto watch = bench.service.isEnabled.subscribe([&](bool) { ++told; });
+    bench.service.refresh();
+    EXPECT_EQ(told, 1) << "nothing has changed";
+    bench.platform.appService.setStatus(AppService::enabledStatus);
+    bench.service.refresh();
+    EXPECT_TRUE(*bench.service.isEnabled);
+    EXPECT_EQ(told, 2);
+}
+
 TEST(UpdaterService, the_updater_begins_with_the_first_use_and_only_then) {
     AppBench bench;
     EXPECT_EQ(bench.platform.softwareUpdater.starts, 0);

@@ -196,6 +196,18 @@ TEST_F(SettingsTabTest, launch_at_login_falls_back_to_what_is_so_and_says_why) {
     EXPECT_TRUE(login.isOn());
 }
 
+TEST_F(SettingsTabTest, a_login_item_changed_elsewhere_shows_when_the_user_comes_back) {
+    bench.platform.appService.setStatus(AppService::enabledStatus);
+    QEvent activated(QEvent::WindowActivate);
+    QApplication::sendEvent(tab, &activated);
+    EXPECT_TRUE(named<Switch>("Launch at login").isOn());
+    page.hide();
+    bench.platform.appService.setStatus(0);
+    test::show(page);
+    EXPECT_FALSE(named<Switch>("Launch at login").isOn());
+    EXPECT_EQ(preferences(), DisplayPreferences::defaults());
+}
+
 TEST_F(SettingsTabTest, updates_go_to_the_updater) {
     auto& updater = bench.platform.softwareUpdater;
     named<Button>("Check for Updates …").pressWhole();
