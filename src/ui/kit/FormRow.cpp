@@ -96,8 +96,12 @@ void FormRow::setSliderShown(bool shown) {
 }
 
 void FormRow::setTip(const QString& tip) {
+    if (tip_ == tip) return;
     tip_ = tip;
     if (hoverTip_) hoverTip_->dismiss();
+    // Whoever has no pointer hears it with the control that it is about.
+    setAccessibleDescription(tip);
+    for (QWidget* control : controls_) control->setAccessibleDescription(tip);
 }
 
 void FormRow::enterEvent(QEnterEvent*) {

@@ -86,6 +86,16 @@ TEST(FormRow, a_slider_takes_room_only_while_it_is_shown) {
     EXPECT_EQ(row.heightForWidth(336), 36);
 }
 
+TEST(FormRow, why_a_control_is_disabled_is_heard_with_it) {
+    FormRow row;
+    auto* control = new Switch;
+    row.addControl(control);
+    row.setTip(text("Not here."));
+    EXPECT_EQ(control->accessibleDescription(), text("Not here."));
+    row.setTip({});
+    EXPECT_EQ(control->accessibleDescription(), QString());
+}
+
 TEST(FormNote, emphasis_is_seen_and_not_spoken) {
     FormNote note;
     note.setText(text("pages in **its own** process"));

@@ -163,9 +163,9 @@ TEST_F(SettingsTabTest, a_colour_is_stored_and_its_reset_goes_with_it) {
     well.dialog()->setCurrentColor(QColor(0xD6, 0x32, 0x6B));
     well.dialog()->accept();
     EXPECT_EQ(preferences().colorECore, "#D6326B");
-    named<Button>("Auf Standard zurücksetzen").pressWhole();
+    named<Button>("Auf Standard zurücksetzen, E-cores").pressWhole();
     EXPECT_EQ(preferences().colorECore, "");
-    EXPECT_THROW(named<Button>("Auf Standard zurücksetzen"), std::runtime_error);
+    EXPECT_THROW(named<Button>("Auf Standard zurücksetzen, E-cores"), std::runtime_error);
     EXPECT_EQ(well.shownColor(), Theme::current().color(ColorToken::eCore));
 }
 
