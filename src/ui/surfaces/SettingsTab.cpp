@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/surfaces/SettingsTab.h"
 
-#include <QCoreApplication>
 #include <QEvent>
 #include <QVBoxLayout>
 
+#include "base/Version.h"
 #include "core/MetricsCoordinator.h"
 #include "core/UpdaterService.h"
 #include "language/Localization.h"
@@ -79,8 +79,8 @@ void SettingsTab::rebuild() {
          .updatesAutomatically = updater.isAvailable()
                                      ? std::optional(updater.automaticallyChecksForUpdates())
                                      : std::nullopt,
-         .version = QCoreApplication::applicationVersion().toStdString(),
-         .build = qApp->property("build").toString().toStdString()}));
+         .version = std::string(programVersion()),
+         .build = std::string(programBuild())}));
 }
 
 void SettingsTab::change(DisplayPreferences changed) {

@@ -6,10 +6,12 @@
 #include <QColorDialog>
 #include <set>
 
+#include "base/Version.h"
 #include "platform/simulated/Operations.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/ColorWell.h"
 #include "ui/kit/FormNote.h"
+#include "ui/kit/FormRow.h"
 #include "ui/kit/MenuButton.h"
 #include "ui/kit/ScrollArea.h"
 #include "ui/kit/SegmentedControl.h"
@@ -206,6 +208,17 @@ TEST_F(SettingsTabTest, a_login_item_changed_elsewhere_shows_when_the_user_comes
     test::show(page);
     EXPECT_FALSE(named<Switch>("Launch at login").isOn());
     EXPECT_EQ(preferences(), DisplayPreferences::defaults());
+}
+
+TEST_F(SettingsTabTest, version_and_build_are_the_programs_own) {
+    const auto says = [this](const std::string& value) {
+        const auto rows = tab->findChildren<FormRow*>();
+        return std::ranges::any_of(rows, [&value](const FormRow* row) {
+            return row->partCount() == 1 && row->part(0).value.toStdString() == value;
+        });
+    };
+    EXPECT_TRUE(says(std::string(programVersion())));
+    EXPECT_TRUE(says(programBuild().empty() ? "—" : std::string(programBuild())));
 }
 
 TEST_F(SettingsTabTest, updates_go_to_the_updater) {
