@@ -249,8 +249,12 @@ void TileList::scroll() {
 void TileList::endDrag() {
     scrolling_.stop();
     if (press_ && lifted_) press_->row->setLifted(false);
-    delete lifted_;
     press_.reset();
+    if (!lifted_) return;
+    // The window may be going through its children now, to hide them.
+    lifted_->hide();
+    lifted_->deleteLater();
+    lifted_.clear();
 }
 
 }  // namespace vtx

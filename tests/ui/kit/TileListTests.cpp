@@ -266,6 +266,18 @@ TEST_F(ScrolledTileListTest, letting_go_ends_the_scrolling) {
     EXPECT_FALSE(list->scrolling().isActive());
 }
 
+TEST_F(ScrolledTileListTest, a_window_that_closes_in_a_drag_goes_through_all_its_parts) {
+    scrollTo(100);
+    pointer(QEvent::MouseButtonPress, {100, 10});
+    pointer(QEvent::MouseMove, {100, 40});
+    EXPECT_TRUE(list->draggingItem());
+    auto* last = new QWidget(&page);
+    last->show();
+    page.close();
+    EXPECT_FALSE(list->draggingItem());
+    EXPECT_FALSE(last->isVisible());
+}
+
 TEST_F(TileListTest, the_same_tile_twice_is_two_rows) {
     list->setTiles(tiles({"cpu", "cpu", "gpu"}));
     EXPECT_EQ(order(), (QStringList{"cpu", "cpu", "gpu"}));
