@@ -25,7 +25,8 @@ QWidget* block(const QString& text, TextRole role, ColorToken color) {
 
 }  // namespace
 
-AlertPanel::AlertPanel(const QString& title, const QString& message, QWidget* parent)
+AlertPanel::AlertPanel(const QString& title, const QString& message, QWidget* parent,
+                       const QString& symbol)
     : Surface(parent), dismiss_(new Button(ButtonKind::primary)) {
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     setWindowModality(Qt::WindowModal);
@@ -37,7 +38,7 @@ AlertPanel::AlertPanel(const QString& title, const QString& message, QWidget* pa
     heading->setContent({.text = title,
                          .color = ColorToken::text1,
                          .role = TextRole::sectionHead,
-                         .symbol = QStringLiteral("exclamationmark.triangle.fill")});
+                         .symbol = symbol});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(padding, padding, padding - metrics::focusReach,
                                padding - metrics::focusReach);

@@ -2,6 +2,7 @@
 #include "ui/surfaces/SettingsTab.h"
 
 #include <QEvent>
+#include <QPointer>
 #include <QVBoxLayout>
 
 #include "base/Version.h"
@@ -10,6 +11,7 @@
 #include "language/Localization.h"
 #include "ui/kit/FormGroup.h"
 #include "ui/kit/Metrics.h"
+#include "ui/models/UpdateNotice.h"
 #include "ui/surfaces/AlertPanel.h"
 #include "ui/surfaces/HistoryExport.h"
 #include "ui/surfaces/QtText.h"
@@ -57,6 +59,9 @@ void SettingsTab::showEvent(QShowEvent* event) {
     subscriptions_.push_back(coordinator_.alerts.permissionGranted.subscribe(follow));
     subscriptions_.push_back(coordinator_.loginItem.isEnabled.subscribe(follow));
     subscriptions_.push_back(Localization::shared().effective.subscribe(follow));
+    UpdaterService& updates = UpdaterService::shared();
+    subscriptions_.push_back(updates.isChecking.subscribe(follow));
+    subscriptions_.push_back(updates.controller.onAvailabilityChange([this] { rebuild(); }));
 }
 
 void SettingsTab::hideEvent(QHideEvent* event) {
@@ -79,6 +84,7 @@ void SettingsTab::rebuild() {
          .updatesAutomatically = updater.isAvailable()
                                      ? std::optional(updater.automaticallyChecksForUpdates())
                                      : std::nullopt,
+         .isCheckingForUpdates = *UpdaterService::shared().isChecking,
          .version = std::string(programVersion()),
          .build = std::string(programBuild())}));
 }
@@ -139,7 +145,16 @@ void SettingsTab::moveTile(std::string_view tile, settings::TileMove move) {
 
 void SettingsTab::press(std::string_view id) {
     if (id == settingsRow::exportCSV) historyExport::ask(coordinator_, *window());
-    if (id == settingsRow::checkUpdates) UpdaterService::shared().controller.checkForUpdates();
+    if (id == settingsRow::checkUpdates) checkForUpdates();
+}
+
+void SettingsTab::checkForUpdates() {
+    UpdaterService::shared().checkForUpdates([asked = QPointer(window())](const auto& answer) {
+        const DialogModel told = describeUpdate(answer);
+        // Whoever asked is told, though page and window may be closed by now.
+        QWidget* const front = asked && asked->isVisible() ? asked.data() : nullptr;
+        (new AlertPanel(qt(told.title), qt(told.message), front, qt(told.symbol)))->show();
+    });
 }
 
 }  // namespace vtx

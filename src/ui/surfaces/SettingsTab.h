@@ -47,6 +47,7 @@ private:
     void rebuild();
     void change(DisplayPreferences changed);
     void launchAtLogin(bool on);
+    void checkForUpdates();
     [[nodiscard]] Section makeSection(const SettingsSection& section);
 
     MetricsCoordinator& coordinator_;

@@ -72,5 +72,32 @@ TEST(UpdaterService, the_updater_begins_with_the_first_use_and_only_then) {
     EXPECT_EQ(bench.platform.softwareUpdater.starts, 1);
 }
 
+TEST(UpdaterService, while_it_looks_it_is_not_asked_again) {
+    AppBench bench;
+    auto& updater = bench.platform.softwareUpdater;
+    auto& service = UpdaterService::shared();
+    updater.isHolding = true;
+    int answers = 0;
+    for (int i = 0; i < 2; ++i) service.checkForUpdates([&](const UpdateAnswer&) { ++answers; });
+    EXPECT_TRUE(*service.isChecking);
+    updater.release();
+    EXPECT_FALSE(*service.isChecking);
+    EXPECT_EQ(answers, 1);
+    EXPECT_EQ(updater.checks, 1);
+}
+
+TEST(UpdaterService, an_answer_after_its_end_harms_nobody) {
+    AppBench bench;
+    auto& updater = bench.platform.softwareUpdater;
+    updater.isHolding = true;
+    int answers = 0;
+    {
+        UpdaterService service(updater);
+        service.checkForUpdates([&](const UpdateAnswer&) { ++answers; });
+    }
+    updater.release();
+    EXPECT_EQ(answers, 1);
+}
+
 }  // namespace
 }  // namespace vtx

@@ -212,19 +212,69 @@ TEST_F(SettingsTabTest, a_login_item_changed_elsewhere_shows_when_the_user_comes
 
 TEST_F(SettingsTabTest, version_and_build_are_the_programs_own) {
     const auto says = [this](const std::string& value) {
-        const auto rows = tab->findChildren<FormRow*>();
-        return std::ranges::any_of(rows, [&value](const FormRow* row) {
-            return row->partCount() == 1 && row->part(0).value.toStdString() == value;
+        const auto all = tab->findChildren<QWidget*>();
+        return std::ranges::any_of(all, [&value](QWidget* one) {
+            const auto* row = dynamic_cast<const FormRow*>(one);
+            return row && row->partCount() == 1 && row->part(0).value.toStdString() == value;
         });
     };
     EXPECT_TRUE(says(std::string(programVersion())));
     EXPECT_TRUE(says(programBuild().empty() ? "—" : std::string(programBuild())));
 }
 
+TEST_F(SettingsTabTest, the_end_of_a_look_for_updates_is_told_in_front) {
+    auto& updater = bench.platform.softwareUpdater;
+    updater.isHolding = true;
+    updater.answer = {.kind = UpdateAnswer::Kind::available, .version = "9.9"};
+    const auto isLooking = [this] {
+        const auto notes = tab->findChildren<FormNote*>();
+        return std::ranges::any_of(notes, [](const FormNote* note) {
+            return note->isVisible() && note->accessibleName() == "Looking for updates …";
+        });
+    };
+    Button& check = named<Button>("Check for Updates …");
+    check.pressWhole();
+    check.pressWhole();
+    EXPECT_EQ(updater.checks, 1);
+    EXPECT_TRUE(isLooking());
+    updater.release();
+    EXPECT_FALSE(isLooking());
+    auto* panel = page.findChild<AlertPanel*>();
+    ASSERT_NE(panel, nullptr);
+    EXPECT_EQ(panel->accessibleName(), "Vantrix 9.9 is available");
+    panel->button().pressWhole();
+}
+
+TEST_F(SettingsTabTest, whoever_left_the_page_meanwhile_is_told_all_the_same) {
+    auto& updater = bench.platform.softwareUpdater;
+    updater.isHolding = true;
+    named<Button>("Check for Updates …").pressWhole();
+    page.setContents(new QWidget);
+    test::settle();
+    updater.release();
+    auto* panel = page.findChild<AlertPanel*>();
+    ASSERT_NE(panel, nullptr);
+    EXPECT_EQ(panel->accessibleName(), "Vantrix is up to date");
+    panel->button().pressWhole();
+}
+
+TEST_F(SettingsTabTest, updates_that_come_with_the_system_say_so_until_there_is_an_updater) {
+    auto& updater = bench.platform.softwareUpdater;
+    updater.setAvailable(false);
+    Button& check = named<Button>("Check for Updates …");
+    Switch& automatic = named<Switch>("Check for updates automatically");
+    EXPECT_FALSE(check.isEnabled());
+    EXPECT_FALSE(automatic.isEnabled());
+    EXPECT_EQ(check.accessibleDescription(), "Updates come with the system.");
+    EXPECT_EQ(automatic.accessibleDescription(), "Updates come with the system.");
+    updater.setAvailable(true);
+    EXPECT_TRUE(check.isEnabled());
+    EXPECT_TRUE(automatic.isEnabled());
+    EXPECT_EQ(check.accessibleDescription(), "");
+}
+
 TEST_F(SettingsTabTest, updates_go_to_the_updater) {
     auto& updater = bench.platform.softwareUpdater;
-    named<Button>("Check for Updates …").pressWhole();
-    EXPECT_EQ(updater.checks, 1);
     named<Switch>("Check for updates automatically").pressWhole();
     EXPECT_FALSE(updater.automatic);
 }
