@@ -182,10 +182,13 @@ TEST_F(UpdaterTest, what_cannot_be_installed_or_is_another_package_is_no_update)
     EXPECT_EQ(look().kind, Kind::upToDate);
 }
 
-TEST_F(UpdaterTest, how_grave_an_update_is_does_not_hide_it) {
+TEST_F(UpdaterTest, how_grave_an_update_is_does_not_matter) {
     startBoth();
-    service->scripts["GetUpdates"].packages = {{(8U << 16U) | normal, newer}};
+    constexpr std::uint32_t grave = 8U << 16U;
+    service->scripts["GetUpdates"].packages = {{grave | normal, newer}};
     EXPECT_EQ(look().kind, Kind::available);
+    service->scripts["GetUpdates"].packages = {{grave | blocked, newer}};
+    EXPECT_EQ(look().kind, Kind::upToDate);
 }
 
 TEST_F(UpdaterTest, a_program_of_no_package_has_no_lists_fetched_for_it) {
@@ -240,6 +243,7 @@ TEST_F(UpdaterTest, a_second_question_meanwhile_is_answered_with_the_first) {
     int answers = 0;
     const auto count = [&](const UpdateAnswer&) { ++answers; };
     updater->checkForUpdates(count);
+    ASSERT_TRUE(until([this] { return service->calls.size() == 2; }));
     updater->checkForUpdates(count);
     EXPECT_TRUE(until([&] { return answers == 2; }));
     EXPECT_EQ(service->calls.size(), 3U);
@@ -294,7 +298,7 @@ TEST_F(UpdaterTest, the_switch_and_the_last_look_outlive_the_program) {
 
 TEST_F(UpdaterTest, a_last_look_that_cannot_be_is_none) {
     around.defaults.setData(LinuxSoftwareUpdater::automaticKey, toData("true"));
-    for (const char* stored : {"99999999999999", "-5", "yesterday", "", "1e3"}) {
+    for (const char* stored : {"1736950000", "99999999999999", "-5", "yesterday", "", "1e3"}) {
         around.defaults.setData(LinuxSoftwareUpdater::lastLookKey, toData(stored));
         startBoth();
         EXPECT_EQ(nextLook(), minute) << stored;
