@@ -167,8 +167,9 @@ FormRow::Plan FormRow::plan(int width) const {
         y = plan.slider.bottom() + 1 + metrics::formSliderBottom;
     }
     if (note_ && note_->isVisibleTo(this)) {
-        const int top = hasHead ? y - (metrics::formRowHeight - metrics::formSecondLine)
-                                : metrics::formNotePadding;
+        // Beneath a label the row's own padding is room enough.
+        const int spare = hasHead ? metrics::formRowHeight - metrics::formSecondLine : 0;
+        const int top = hasHead || wide_ ? y - spare : metrics::formNotePadding;
         plan.note = {inset, top, inner, note_->heightForWidth(inner)};
         y = plan.note.bottom() + 1 + metrics::formNotePadding;
     }
