@@ -24,7 +24,7 @@ public:
     struct Times {
         Duration patience = std::chrono::milliseconds(200);
         /// Longer than the steps of one pass are apart, much shorter than passes are.
-        Duration gathering = std::chrono::milliseconds(10);
+        Duration gathering = std::chrono::milliseconds(3);
     };
 
     /// `onStart` runs first on the new thread; the platform names the thread there. Throws
