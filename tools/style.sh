@@ -39,13 +39,15 @@ check_format() {
     stage "Checking the format of $(wc -l <"$list") files" format format_files "$list"
 }
 
-# compiled_sources: those of the files given that this machine compiles; a header is checked with
-# the files that use it.
+# compiled_sources: those of the files given that this machine compiles, alone or as part of a
+# larger one; a header is checked with the files that use it.
 compiled_sources() {
     local file
     while read -r file; do
-        ! grep -qF "\"file\": \"$PWD/$file\"" build/release/compile_commands.json ||
+        if grep -qF "\"file\": \"$PWD/$file\"" build/release/compile_commands.json ||
+            grep -qsF "\"$PWD/$file\"" build/release/src/*/*/CMakeFiles/*/Unity/*.cxx; then
             printf '%s\n' "$file"
+        fi
     done
 }
 
