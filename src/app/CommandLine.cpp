@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <string_view>
 
+#include "base/Version.h"
+
 namespace vtx {
 namespace {
 
@@ -26,7 +28,7 @@ std::optional<int> readCommandLine(int argc, const char* const* argv, LaunchOpti
             return 0;
         }
         if (argument == "--version") {
-            std::puts("Vantrix " VANTRIX_VERSION);
+            std::printf("Vantrix %s\n", programVersion().data());
             return 0;
         }
         if (argument == "--pictures" && i + 1 < argc) {

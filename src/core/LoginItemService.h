@@ -22,9 +22,11 @@ public:
     Published<std::optional<std::string>> lastError{*this};
 
     void setEnabled(bool enabled);
+    /// Asks the system again: the user may have changed it elsewhere.
+    void refresh();
 
 private:
-    void readStatus();
+    [[nodiscard]] bool isRegistered() const;
 
     AppService& service_;
 };

@@ -14,6 +14,10 @@ namespace settingsPictures {
 
 [[nodiscard]] std::unique_ptr<QWidget> narrow(PictureStage& stage);
 [[nodiscard]] std::unique_ptr<QWidget> wide(PictureStage& stage);
+/// While and after looking for updates, and where the login item could not be changed.
+[[nodiscard]] std::unique_ptr<QWidget> looking(PictureStage& stage);
+[[nodiscard]] std::unique_ptr<QWidget> found(PictureStage& stage);
+[[nodiscard]] std::unique_ptr<QWidget> failed(PictureStage& stage);
 
 }  // namespace settingsPictures
 

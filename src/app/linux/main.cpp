@@ -6,6 +6,7 @@
 #include "app/linux/LinuxDesktop.h"
 #include "app/linux/SingleStart.h"
 #include "base/SerialExecutor.h"
+#include "base/Version.h"
 #include "language/linux/LinuxWording.h"
 #include "platform/linux/DescriptorLimit.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -28,7 +29,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("vantrix");
     QApplication::setApplicationDisplayName("Vantrix");
-    QApplication::setApplicationVersion(VANTRIX_VERSION);
+    QApplication::setApplicationVersion(vtx::programVersion().data());
 
     vtx::QtMainExecutor mainExecutor;
     vtx::QtRunLoop runLoop;

@@ -6,6 +6,7 @@
 #include "app/linux/LinuxDesktop.h"
 #include "app/linux/SingleStart.h"
 #include "base/SerialExecutor.h"
+#include "base/Version.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/SessionInstance.h"
@@ -26,7 +27,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("vantrix-simulated");
     QApplication::setApplicationDisplayName(options.title);
-    QApplication::setApplicationVersion(VANTRIX_VERSION);
+    QApplication::setApplicationVersion(vtx::programVersion().data());
 
     vtx::QtMainExecutor mainExecutor;
     vtx::QtRunLoop runLoop;

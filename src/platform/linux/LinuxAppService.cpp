@@ -23,6 +23,11 @@ constexpr std::int64_t notFound = 3;
 constexpr auto hidden = "Hidden";
 constexpr auto desktopsOwn = "X-GNOME-Autostart-enabled";
 
+/// One without a path is looked for elsewhere.
+bool canBeRun(const std::string& program) {
+    return program.front() != '/' || ::access(program.c_str(), X_OK) == 0;
+}
+
 }  // namespace
 
 LinuxAppService::LinuxAppService(fs::path folder, std::string executable)
@@ -35,10 +40,15 @@ fs::path LinuxAppService::standardFolder(const Environment& environment) {
 }
 
 std::string LinuxAppService::runningExecutable(const Environment& environment) {
-    // Started from an image, the program's own file goes with the image's mount.
-    if (auto image = environment("APPIMAGE"); image && !image->empty()) return *std::move(image);
     std::error_code error;
-    return fs::read_symlink("/proc/self/exe", error).string();
+    std::string file = fs::read_symlink("/proc/self/exe", error).string();
+    // Started from an image, the program's own file goes with the image's mount. Both variables are
+    // inherited by what an image starts, which need not be of it.
+    auto image = environment("APPIMAGE");
+    const auto mount = environment("APPDIR");
+    const bool isOfImage =
+        image && !image->empty() && mount && !mount->empty() && file.starts_with(*mount + "/");
+    return isOfImage ? *std::move(image) : file;
 }
 
 std::string LinuxAppService::wordsFor(const std::error_code& error) const {
@@ -53,12 +63,19 @@ LinuxAppService::Entry LinuxAppService::read() const {
     return {{}, wordsFor(contents.error), true};
 }
 
-/// A command that is not there is started by nobody. One without a path is looked for elsewhere.
+/// A command that is not there is started by nobody, nor is one whose condition is not.
 bool LinuxAppService::startsSomething(const std::string& text) const {
+    const auto condition = autostart::value(text, "TryExec");
+    if (condition && !condition->empty() && !canBeRun(*condition)) return false;
     const auto command = autostart::value(text, "Exec");
     const std::string program = autostart::programOf(command.value_or(std::string()));
-    if (program.empty()) return false;
-    return program.front() != '/' || ::access(program.c_str(), X_OK) == 0;
+    return !program.empty() && canBeRun(program);
+}
+
+/// The text with this program as its command; all else in it is the user's.
+std::string LinuxAppService::repaired(const std::string& text) const {
+    std::string result = autostart::withValue(text, "Exec", autostart::commandFor(executable_));
+    return startsSomething(result) ? result : autostart::textFor(executable_);
 }
 
 std::int64_t LinuxAppService::status() const {
@@ -78,8 +95,7 @@ std::optional<std::string> LinuxAppService::write(const std::string& text) {
 std::optional<std::string> LinuxAppService::registerService() {
     const Entry entry = read();
     if (entry.error) return entry.error;
-    if (!startsSomething(entry.text)) return write(autostart::textFor(executable_));
-    std::string text = entry.text;
+    std::string text = startsSomething(entry.text) ? entry.text : repaired(entry.text);
     for (const auto* key : {hidden, desktopsOwn}) {
         if (autostart::value(text, key))
             text = autostart::withValue(text, key, key == hidden ? "false" : "true");

@@ -37,6 +37,7 @@ private:
     [[nodiscard]] std::optional<std::string> write(const std::string& text);
     [[nodiscard]] std::string wordsFor(const std::error_code& error) const;
     [[nodiscard]] bool startsSomething(const std::string& text) const;
+    [[nodiscard]] std::string repaired(const std::string& text) const;
 
     std::filesystem::path file_;
     std::string executable_;

@@ -71,6 +71,8 @@ struct LinuxPlatform::Members {
           unifiedLog(root, options.environment),
           userDefaults(options.configFolder, &clock),
           userNotifications(options.session, clock),
+          softwareUpdater({bus, clock, userDefaults, userNotifications},
+                          LinuxAppService::runningExecutable(options.environment)),
           smc(root, sensorTools()),
           workspace(bus, main,
                     {options.frontmostProcess, options.session,
@@ -122,12 +124,12 @@ struct LinuxPlatform::Members {
     LinuxPowerSources powerSources;
     LinuxProcessInfo processInfo;
     LinuxProcessTable processTable;
-    LinuxSoftwareUpdater softwareUpdater;
     LinuxSysctl sysctl;
     LinuxThermalState thermalState;
     LinuxUnifiedLog unifiedLog;
     LinuxUserDefaults userDefaults;
     LinuxUserNotificationCenter userNotifications;
+    LinuxSoftwareUpdater softwareUpdater;
     LinuxSMCUserClient smc;
     LinuxWorkspace workspace;
 };

@@ -59,6 +59,13 @@ std::optional<std::vector<std::string>> BusMessage::texts() {
     return all;
 }
 
+std::optional<std::string> BusMessage::objectPath() {
+    const char* value = nullptr;
+    if (!message_ || sd_bus_message_read_basic(message_, 'o', static_cast<void*>(&value)) <= 0)
+        return std::nullopt;
+    return value;
+}
+
 std::optional<std::uint32_t> BusMessage::unsignedNumber() {
     std::uint32_t value = 0;
     if (!message_ || sd_bus_message_read_basic(message_, 'u', &value) <= 0) return std::nullopt;

@@ -36,6 +36,7 @@ public:
     [[nodiscard]] std::optional<bool> boolean();
     [[nodiscard]] std::optional<std::string> text();
     [[nodiscard]] std::optional<std::vector<std::string>> texts();
+    [[nodiscard]] std::optional<std::string> objectPath();
     /// Of 32 bits, as the one below.
     [[nodiscard]] std::optional<std::uint32_t> unsignedNumber();
     [[nodiscard]] std::optional<std::string> variantText();

@@ -96,8 +96,12 @@ void FormRow::setSliderShown(bool shown) {
 }
 
 void FormRow::setTip(const QString& tip) {
+    if (tip_ == tip) return;
     tip_ = tip;
     if (hoverTip_) hoverTip_->dismiss();
+    // Whoever has no pointer hears it with the control that it is about.
+    setAccessibleDescription(tip);
+    for (QWidget* control : controls_) control->setAccessibleDescription(tip);
 }
 
 void FormRow::enterEvent(QEnterEvent*) {
@@ -163,8 +167,9 @@ FormRow::Plan FormRow::plan(int width) const {
         y = plan.slider.bottom() + 1 + metrics::formSliderBottom;
     }
     if (note_ && note_->isVisibleTo(this)) {
-        const int top = hasHead ? y - (metrics::formRowHeight - metrics::formSecondLine)
-                                : metrics::formNotePadding;
+        // Beneath a label the row's own padding is room enough.
+        const int spare = hasHead ? metrics::formRowHeight - metrics::formSecondLine : 0;
+        const int top = hasHead || wide_ ? y - spare : metrics::formNotePadding;
         plan.note = {inset, top, inner, note_->heightForWidth(inner)};
         y = plan.note.bottom() + 1 + metrics::formNotePadding;
     }

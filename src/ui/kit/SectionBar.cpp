@@ -215,12 +215,13 @@ std::optional<int> SectionBar::focusTarget(int key) const {
 }
 
 bool SectionBar::selectByDigit(const QKeyEvent& event) {
-    const int digit = event.key() - Qt::Key_1;
-    const bool stands = digit >= 0 && digit < std::min(9, static_cast<int>(items_.size()));
-    if (!stands || !isPlain(event)) return false;
+    if (event.key() < Qt::Key_0 || event.key() > Qt::Key_9 || !isPlain(event)) return false;
+    // As the keys lie beside each other: the tenth is 0.
+    const int index = event.key() == Qt::Key_0 ? 9 : event.key() - Qt::Key_1;
+    if (index >= static_cast<int>(items_.size())) return false;
     if (hasFocus()) setFocusByKeyboard(true);
-    setFocused(digit);
-    pressPart(digit);
+    setFocused(index);
+    pressPart(index);
     return true;
 }
 

@@ -45,7 +45,8 @@ void TextBlock::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QColor tint = color(content_.color);
     const QRect symbol(0, 0, symbolSize, lineHeight(content_.role));
-    symbols::draw(painter, mirrored(symbol), content_.symbol, symbolSize, tint);
+    symbols::draw(painter, mirrored(symbol), content_.symbol, symbolSize,
+                  content_.symbolColor ? color(*content_.symbolColor) : tint);
     painter.setPen(tint);
     const bool isCentred = content_.place == TextPlace::middle;
     wrapped::draw(painter, mirrored(rect().adjusted(lead(), 0, 0, 0)), content_.text, content_.role,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 #include "ui/kit/KitWidget.h"
 #include "ui/kit/Type.h"
@@ -15,8 +16,9 @@ struct TextBlockContent {
     ColorToken color = ColorToken::text2;
     TextRole role = TextRole::caption;
     TextPlace place = TextPlace::start;
-    /// In front of the first line, in the text's colour.
+    /// In front of the first line, in the text's colour where it has none of its own.
     QString symbol = {};
+    std::optional<ColorToken> symbolColor = std::nullopt;
 
     bool operator==(const TextBlockContent&) const = default;
 };

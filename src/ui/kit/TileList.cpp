@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/kit/TileList.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <algorithm>
 #include <utility>
 
@@ -17,13 +19,28 @@
 namespace vtx {
 
 namespace {
+
 constexpr int rowHeight = metrics::tileRowHeight;
+/// So near an edge of the page it scrolls, with each frame by so much.
+constexpr int edgeReach = rowHeight / 2;
+constexpr int mostStep = 6;
+constexpr int frameMs = 16;
+
+/// The page that it is on; null where there is none.
+QAbstractScrollArea* pageOf(const QWidget& widget) {
+    for (QWidget* up = widget.parentWidget(); up; up = up->parentWidget())
+        if (auto* page = qobject_cast<QAbstractScrollArea*>(up)) return page;
+    return nullptr;
 }
+
+}  // namespace
 
 TileList::TileList(QWidget* parent) : KitWidget(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     // To notice that the button was let go where nobody told of it.
     setMouseTracking(true);
+    scrolling_.setInterval(frameMs);
+    connect(&scrolling_, &QTimer::timeout, this, &TileList::scroll);
     slide_.setStartValue(0.0);
     slide_.setEndValue(1.0);
     slide_.setDuration(metrics::tileReorderMs);
@@ -159,7 +176,13 @@ void TileList::mouseMoveEvent(QMouseEvent* event) {
         if ((at - press_->at).manhattanLength() < QApplication::startDragDistance()) return;
         beginDrag();
     }
+    pointer_ = event->globalPosition().toPoint();
     follow(at);
+    if (scrollStep(at) == 0) {
+        scrolling_.stop();
+    } else if (!scrolling_.isActive()) {
+        scrolling_.start();
+    }
 }
 
 void TileList::mouseReleaseEvent(QMouseEvent* event) {
@@ -184,15 +207,54 @@ void TileList::follow(QPoint position) {
     TileRow* const dragged = press_->row;
     const int top = std::clamp(position.y() - press_->at.y(), 0, height() - rowHeight);
     static_cast<LiftedTile*>(lifted_.data())->moveTo(mapTo(window(), QPoint(0, top)));
-    TileRow* const over = rowAt(position);
+    // What lies beyond the page's edge is not seen, and comes when the page has scrolled.
+    const QRect seen = visiblePart();
+    const int y =
+        seen.isEmpty() ? position.y() : std::clamp(position.y(), seen.top(), seen.bottom());
+    TileRow* const over = rowAt(seen.height() < height() ? QPoint(position.x(), y) : position);
     if (!over || over == dragged) return;
     Q_EMIT entered(dragged->content().id, over->content().id);
 }
 
+QRect TileList::visiblePart() const {
+    const QAbstractScrollArea* page = pageOf(*this);
+    if (!page) return rect();
+    const QWidget& view = *page->viewport();
+    const int top = mapFrom(&view, QPoint()).y();
+    return rect() & QRect(0, top, width(), view.height());
+}
+
+int TileList::scrollStep(QPoint position) const {
+    const QRect seen = visiblePart();
+    const int above = seen.top() + edgeReach - position.y();
+    const int below = position.y() - (seen.bottom() - edgeReach);
+    // The nearer to the edge, the faster.
+    const auto paced = [](int reach) {
+        return std::clamp(reach * mostStep / edgeReach, 1, mostStep);
+    };
+    if (above > 0 && seen.top() > 0) return -std::min(paced(above), seen.top());
+    const int hidden = height() - 1 - seen.bottom();
+    return below > 0 && hidden > 0 ? std::min(paced(below), hidden) : 0;
+}
+
+void TileList::scroll() {
+    QAbstractScrollArea* page = pageOf(*this);
+    const int step = lifted_ && page ? scrollStep(mapFromGlobal(pointer_)) : 0;
+    if (step == 0) return scrolling_.stop();
+    QScrollBar& bar = *page->verticalScrollBar();
+    bar.setValue(bar.value() + step);
+    follow(mapFromGlobal(pointer_));
+}
+
 void TileList::endDrag() {
+    scrolling_.stop();
     if (press_ && lifted_) press_->row->setLifted(false);
-    delete lifted_;
     press_.reset();
+    if (!lifted_) return;
+    // The window may be going through its children now, to hide them.
+    lifted_->hide();
+    lifted_->deleteLater();
+    lifted_.clear();
 }
 
 }  // namespace vtx

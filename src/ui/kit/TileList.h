@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QTimer>
 #include <QVariantAnimation>
 #include <optional>
 #include <vector>
@@ -16,7 +17,8 @@ namespace vtx {
 /// buttons, or by Alt and the arrows. It changes nothing itself: it tells what is wanted, and shows
 /// the tiles that it is given then, each moving to its new place. While a row is dragged its
 /// picture follows the pointer and it asks for the place of each row that the pointer comes to, so
-/// that letting go, wherever that is, only ends the drag. A list for assistive technology.
+/// that letting go, wherever that is, only ends the drag. Near an edge of the page that it is on
+/// the page scrolls, as far as there are tiles. A list for assistive technology.
 class TileList : public KitWidget {
     Q_OBJECT
 
@@ -33,6 +35,8 @@ public:
     [[nodiscard]] int rowCount() const { return static_cast<int>(rows_.size()); }
     /// The tile that is being dragged.
     [[nodiscard]] std::optional<QString> draggingItem() const;
+    /// Runs while a dragged tile makes the page scroll.
+    [[nodiscard]] QTimer& scrolling() { return scrolling_; }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QAccessible::Role accessibleRole() const override { return QAccessible::List; }
@@ -68,6 +72,11 @@ private:
     void follow(QPoint position);
     void endDrag();
     [[nodiscard]] TileRow* rowAt(QPoint position) const;
+    /// What can be seen of it on its page, above and below.
+    [[nodiscard]] QRect visiblePart() const;
+    /// By how much the page is to scroll for a pointer there; negative upwards.
+    [[nodiscard]] int scrollStep(QPoint position) const;
+    void scroll();
 
     std::vector<TileRow*> rows_;
     /// Where each row came from, in the same order.
@@ -75,6 +84,9 @@ private:
     QVariantAnimation slide_;
     Motion motion_ = Motion::full;
     std::optional<Press> press_;
+    QTimer scrolling_;
+    /// Where the pointer was last, on the desktop.
+    QPoint pointer_;
     /// The picture under the pointer, which lies over the whole window.
     QPointer<QWidget> lifted_;
 };

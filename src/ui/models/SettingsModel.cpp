@@ -10,6 +10,7 @@
 #include "language/Localization.h"
 #include "ui/models/Formatters.h"
 #include "ui/models/SettingsFields.h"
+#include "ui/models/UpdateNotice.h"
 
 namespace vtx {
 namespace {
@@ -214,6 +215,7 @@ Rows aboutRows(const SettingsReadings& readings) {
              .id = settingsRow::checkUpdates,
              .label = say(settings_checkUpdates),
              .isEnabled = updates,
+             .note = std::string(readings.isCheckingForUpdates ? checkingForUpdates : ""),
              .symbol = "arrow.down.circle",
              .tip = tip},
             {.id = settingsRow::autoUpdate,

@@ -17,8 +17,9 @@ struct SettingsReadings {
     bool isNotificationPermitted = true;
     /// What the system says of the login item, whatever the preference wishes.
     bool isLoginItemEnabled = false;
-    /// Absent where the program does not bring its own updates.
+    /// Absent where updates come with the system.
     std::optional<bool> updatesAutomatically = std::nullopt;
+    bool isCheckingForUpdates = false;
     /// Empty where the application was built without one.
     std::string version = {};
     std::string build = {};

@@ -106,6 +106,8 @@ void AnchoredWindow::focusMoved(const QWindow* window) {
         return;
     }
     if (!wasActive_ || anchorHeld_ || QApplication::activePopupWidget()) return;
+    // A dialog of its own is still to be answered, whoever has the focus meanwhile.
+    if (isOurs(QGuiApplication::modalWindow())) return;
     if (anchor_.contains(system_.pointer())) {
         patience_.start();
     } else {

@@ -1,23 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "ui/surfaces/AboutPanel.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "base/Version.h"
 #include "ui/kit/Metrics.h"
 #include "ui/kit/Symbol.h"
 #include "ui/kit/Type.h"
+#include "ui/surfaces/QtText.h"
 
 namespace vtx {
 namespace {
 
 constexpr int symbolSize = 36;
 
+QString versionLine() {
+    const QString version = "Version " + qt(programVersion());
+    return programBuild().empty() ? version : version + " (" + qt(programBuild()) + ")";
+}
+
 }  // namespace
 
-AboutPanel::AboutPanel(const QString& title)
-    : version_("Version " + QCoreApplication::applicationVersion()) {
+AboutPanel::AboutPanel(const QString& title) : version_(versionLine()) {
     setWindowTitle(title);
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     setAttribute(Qt::WA_DeleteOnClose);

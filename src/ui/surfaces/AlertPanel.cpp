@@ -14,6 +14,7 @@ namespace {
 constexpr int panelWidth = 304;
 constexpr int padding = 20;
 constexpr int gap = 10;
+constexpr QLatin1String warning("exclamationmark.triangle.fill");
 // The same in every language.
 constexpr auto dismissText = "OK";
 
@@ -25,7 +26,8 @@ QWidget* block(const QString& text, TextRole role, ColorToken color) {
 
 }  // namespace
 
-AlertPanel::AlertPanel(const QString& title, const QString& message, QWidget* parent)
+AlertPanel::AlertPanel(const QString& title, const QString& message, QWidget* parent,
+                       const QString& symbol)
     : Surface(parent), dismiss_(new Button(ButtonKind::primary)) {
     setWindowFlags(Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     setWindowModality(Qt::WindowModal);
@@ -34,10 +36,12 @@ AlertPanel::AlertPanel(const QString& title, const QString& message, QWidget* pa
     setAccessibleName(title);
     setAccessibleDescription(message);
     auto* heading = new TextBlock;
-    heading->setContent({.text = title,
-                         .color = ColorToken::text1,
-                         .role = TextRole::sectionHead,
-                         .symbol = QStringLiteral("exclamationmark.triangle.fill")});
+    heading->setContent(
+        {.text = title,
+         .color = ColorToken::text1,
+         .role = TextRole::sectionHead,
+         .symbol = symbol,
+         .symbolColor = symbol == warning ? ColorToken::orange : ColorToken::accent});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(padding, padding, padding - metrics::focusReach,
                                padding - metrics::focusReach);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/surfaces/HistoryExport.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -17,6 +18,12 @@ constexpr auto suggestedName = "Vantrix-History.csv";
 constexpr auto failureTitle = "The file couldn't be saved";
 constexpr auto notAFile = "This is not a file";
 
+/// Not everybody has a folder for documents.
+QString startFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
 void save(MetricsCoordinator& coordinator, const QString& file, QWidget& parent) {
     const auto error = write(file, coordinator.exportHistoryCSV());
     if (error) (new AlertPanel(failureTitle, *error, &parent))->show();
@@ -31,7 +38,7 @@ QFileDialog* ask(MetricsCoordinator& coordinator, QWidget& parent) {
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setMimeTypeFilters({QStringLiteral("text/csv")});
     dialog->setDefaultSuffix(QStringLiteral("csv"));
-    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog->setDirectory(startFolder());
     dialog->selectFile(suggestedName);
     QObject::connect(
         dialog, &QFileDialog::fileSelected, &parent,

@@ -30,7 +30,6 @@ std::function<void(const SettingsRow&)> fillColorRow(FormRow& form, const Settin
     auto* reset = new Button(ButtonKind::quiet);
     reset->setSymbol(QStringLiteral("arrow.counterclockwise"));
     reset->setTip(qt(resetColorTip));
-    reset->setAccessibleName(qt(resetColorTip));
     form.addControl(reset, ControlName::own);
     auto* well = new ColorWell;
     form.addControl(well);
@@ -51,6 +50,7 @@ std::function<void(const SettingsRow&)> fillColorRow(FormRow& form, const Settin
     return [&form, reset, well, shown](const SettingsRow& next) {
         *shown = seriesColor(next.color);
         well->setColor(shown->resolved());
+        reset->setAccessibleName(qt(resetColorTip) + ", " + qt(next.label));
         if (reset->isVisibleTo(&form) == next.canReset) return;
         // The keyboard's focus would go to the next row with the button.
         if (reset->hasFocus()) well->setFocus(Qt::TabFocusReason);

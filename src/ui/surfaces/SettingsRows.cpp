@@ -122,6 +122,7 @@ Show fillButton(FormRow& form, const SettingsRow& row, SettingsSink& sink) {
     return [button](const SettingsRow& shown) {
         button->setText(qt(shown.label));
         button->setEnabled(shown.isEnabled);
+        button->setAccessibleDescription(qt(shown.tip));
     };
 }
 

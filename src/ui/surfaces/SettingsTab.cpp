@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "ui/surfaces/SettingsTab.h"
 
-#include <QCoreApplication>
+#include <QEvent>
+#include <QPointer>
 #include <QVBoxLayout>
 
+#include "base/Version.h"
 #include "core/MetricsCoordinator.h"
 #include "core/UpdaterService.h"
 #include "language/Localization.h"
 #include "ui/kit/FormGroup.h"
 #include "ui/kit/Metrics.h"
+#include "ui/models/UpdateNotice.h"
 #include "ui/surfaces/AlertPanel.h"
 #include "ui/surfaces/HistoryExport.h"
 #include "ui/surfaces/QtText.h"
@@ -50,16 +53,26 @@ void SettingsTab::display(const SettingsModel& model) {
 
 void SettingsTab::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    coordinator_.loginItem.refresh();
     const auto follow = [this](const auto&) { rebuild(); };
     subscriptions_.push_back(coordinator_.preferences.subscribe(follow));
     subscriptions_.push_back(coordinator_.alerts.permissionGranted.subscribe(follow));
     subscriptions_.push_back(coordinator_.loginItem.isEnabled.subscribe(follow));
     subscriptions_.push_back(Localization::shared().effective.subscribe(follow));
+    UpdaterService& updates = UpdaterService::shared();
+    subscriptions_.push_back(updates.isChecking.subscribe(follow));
+    subscriptions_.push_back(updates.controller.onAvailabilityChange([this] { rebuild(); }));
 }
 
 void SettingsTab::hideEvent(QHideEvent* event) {
     subscriptions_.clear();
     QWidget::hideEvent(event);
+}
+
+// Whoever comes back may have been where the login item is changed, too.
+bool SettingsTab::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && isVisible()) coordinator_.loginItem.refresh();
+    return QWidget::event(event);
 }
 
 void SettingsTab::rebuild() {
@@ -71,8 +84,9 @@ void SettingsTab::rebuild() {
          .updatesAutomatically = updater.isAvailable()
                                      ? std::optional(updater.automaticallyChecksForUpdates())
                                      : std::nullopt,
-         .version = QCoreApplication::applicationVersion().toStdString(),
-         .build = qApp->property("build").toString().toStdString()}));
+         .isCheckingForUpdates = *UpdaterService::shared().isChecking,
+         .version = std::string(programVersion()),
+         .build = std::string(programBuild())}));
 }
 
 void SettingsTab::change(DisplayPreferences changed) {
@@ -131,7 +145,16 @@ void SettingsTab::moveTile(std::string_view tile, settings::TileMove move) {
 
 void SettingsTab::press(std::string_view id) {
     if (id == settingsRow::exportCSV) historyExport::ask(coordinator_, *window());
-    if (id == settingsRow::checkUpdates) UpdaterService::shared().controller.checkForUpdates();
+    if (id == settingsRow::checkUpdates) checkForUpdates();
+}
+
+void SettingsTab::checkForUpdates() {
+    UpdaterService::shared().checkForUpdates([asked = QPointer(window())](const auto& answer) {
+        const DialogModel told = describeUpdate(answer);
+        // Whoever asked is told, though page and window may be closed by now.
+        QWidget* const front = asked && asked->isVisible() ? asked.data() : nullptr;
+        (new AlertPanel(qt(told.title), qt(told.message), front, qt(told.symbol)))->show();
+    });
 }
 
 }  // namespace vtx

@@ -27,6 +27,7 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     struct Section {
@@ -46,6 +47,7 @@ private:
     void rebuild();
     void change(DisplayPreferences changed);
     void launchAtLogin(bool on);
+    void checkForUpdates();
     [[nodiscard]] Section makeSection(const SettingsSection& section);
 
     MetricsCoordinator& coordinator_;

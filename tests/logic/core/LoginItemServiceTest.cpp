@@ -52,12 +52,51 @@ TEST(LoginItemService, after_a_failure_it_says_what_is_so_though_that_was_change
     EXPECT_TRUE(*bench.service.isEnabled);
 }
 
+TEST(LoginItemService, a_change_made_elsewhere_is_told_when_it_is_asked_for_again) {
+    LoginBench bench;
+    int told = 0;
+    const auto watch = bench.service.isEnabled.subscribe([&](bool) { ++told; });
+    bench.service.refresh();
+    EXPECT_EQ(told, 1) << "nothing has changed";
+    bench.platform.appService.setStatus(AppService::enabledStatus);
+    bench.service.refresh();
+    EXPECT_TRUE(*bench.service.isEnabled);
+    EXPECT_EQ(told, 2);
+}
+
 TEST(UpdaterService, the_updater_begins_with_the_first_use_and_only_then) {
     AppBench bench;
     EXPECT_EQ(bench.platform.softwareUpdater.starts, 0);
     UpdaterService::shared();
     UpdaterService::shared();
     EXPECT_EQ(bench.platform.softwareUpdater.starts, 1);
+}
+
+TEST(UpdaterService, while_it_looks_it_is_not_asked_again) {
+    AppBench bench;
+    auto& updater = bench.platform.softwareUpdater;
+    auto& service = UpdaterService::shared();
+    updater.isHolding = true;
+    int answers = 0;
+    for (int i = 0; i < 2; ++i) service.checkForUpdates([&](const UpdateAnswer&) { ++answers; });
+    EXPECT_TRUE(*service.isChecking);
+    updater.release();
+    EXPECT_FALSE(*service.isChecking);
+    EXPECT_EQ(answers, 1);
+    EXPECT_EQ(updater.checks, 1);
+}
+
+TEST(UpdaterService, an_answer_after_its_end_harms_nobody) {
+    AppBench bench;
+    auto& updater = bench.platform.softwareUpdater;
+    updater.isHolding = true;
+    int answers = 0;
+    {
+        UpdaterService service(updater);
+        service.checkForUpdates([&](const UpdateAnswer&) { ++answers; });
+    }
+    updater.release();
+    EXPECT_EQ(answers, 1);
 }
 
 }  // namespace

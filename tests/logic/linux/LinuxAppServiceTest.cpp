@@ -83,6 +83,43 @@ TEST(LinuxAppService, a_command_that_is_not_there_starts_nothing_and_is_replaced
     EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
 }
 
+TEST(LinuxAppService, with_a_command_that_is_replaced_the_users_other_lines_stay) {
+    AutostartBench bench;
+    bench.write("# mine\n" + entry("Exec=/nonexistent/vantrix\nHidden=true\nX-Delay=10\n"));
+    EXPECT_EQ(bench.service.registerService(), std::nullopt);
+    EXPECT_EQ(test::contentsOf(bench.file),
+              "# mine\n" + entry("Exec=\"/bin/sh\"\nHidden=false\nX-Delay=10\n"));
+    EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
+    bench.write("no entry at all");
+    EXPECT_EQ(bench.service.registerService(), std::nullopt);
+    EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
+}
+
+TEST(LinuxAppService, a_condition_that_does_not_hold_starts_nothing_and_is_replaced) {
+    AutostartBench bench;
+    bench.write(entry("Exec=/bin/sh\nTryExec=/nonexistent/vantrix\n"));
+    EXPECT_EQ(bench.service.status(), 3);
+    EXPECT_EQ(bench.service.registerService(), std::nullopt);
+    EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
+    bench.write(entry("Exec=/bin/sh\nTryExec=sh\n"));
+    EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
+}
+
+TEST(LinuxAppService, an_image_that_only_started_the_program_is_not_registered) {
+    const fs::path own = fs::read_symlink("/proc/self/exe");
+    const auto running = [](const std::string& mount) {
+        return LinuxAppService::runningExecutable(
+            [&mount](std::string_view name) -> std::optional<std::string> {
+                if (name == "APPIMAGE") return "/opt/some.AppImage";
+                if (name == "APPDIR" && !mount.empty()) return mount;
+                return std::nullopt;
+            });
+    };
+    EXPECT_EQ(running(own.parent_path().string()), "/opt/some.AppImage");
+    for (const char* other : {"", "/tmp/.mount_terminal", "/"})
+        EXPECT_EQ(running(other), own) << other;
+}
+
 TEST(LinuxAppService, a_folder_that_cannot_be_written_is_told_in_words_and_changes_nothing) {
     AutostartBench bench;
     const test::OrdinaryUser user(bench.tree.path(), bench.tree.path());

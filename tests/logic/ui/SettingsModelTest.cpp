@@ -7,6 +7,7 @@
 #include <set>
 
 #include "support/CoordinatorBench.h"
+#include "ui/models/UpdateNotice.h"
 
 namespace vtx {
 namespace {
@@ -187,6 +188,16 @@ TEST_F(SettingsModelTest, where_updates_come_with_the_system_their_controls_say_
     EXPECT_FALSE(row("checkUpdates").isEnabled);
     EXPECT_FALSE(row("autoUpdate").isEnabled);
     EXPECT_EQ(row("autoUpdate").tip, updatesBySystemTip);
+}
+
+TEST(UpdateNotice, says_what_came_of_it) {
+    const auto title = [](const UpdateAnswer& answer) { return describeUpdate(answer).title; };
+    using Kind = UpdateAnswer::Kind;
+    EXPECT_EQ(title({.kind = Kind::upToDate}), "Vantrix is up to date");
+    EXPECT_EQ(title({.kind = Kind::available, .version = "2.0-1"}), "Vantrix 2.0-1 is available");
+    EXPECT_EQ(title({.kind = Kind::notPackaged}), "This copy is of no package");
+    EXPECT_EQ(describeUpdate({.kind = Kind::failed, .error = "offline"}).message, "offline");
+    EXPECT_EQ(describeUpdate({.kind = Kind::failed}).message, "The system did not say why.");
 }
 
 TEST_F(SettingsModelTest, a_version_that_is_not_known_reads_as_a_dash) {

@@ -76,6 +76,24 @@ TEST(FormRow, a_label_without_room_goes_above_its_control) {
     EXPECT_EQ(row.heightForWidth(800), 36);
 }
 
+TEST(FormRow, a_note_stands_below_a_wide_control) {
+    FormRow row;
+    auto* control = new Button;
+    control->setText(text("Look"));
+    row.setWideControl(control);
+    const int bare = row.heightForWidth(336);
+    row.setNote(text("Looking."));
+    row.resize(336, row.heightForWidth(336));
+    test::show(row);
+    const FormNote* note = nullptr;
+    for (auto* child : row.findChildren<QWidget*>())
+        if (const auto* one = dynamic_cast<FormNote*>(child)) note = one;
+    ASSERT_NE(note, nullptr);
+    EXPECT_GT(row.height(), bare);
+    EXPECT_GE(note->geometry().top(), control->geometry().bottom());
+    EXPECT_LT(note->geometry().bottom(), row.height());
+}
+
 TEST(FormRow, a_slider_takes_room_only_while_it_is_shown) {
     FormRow row;
     row.addControl(new Switch);
@@ -84,6 +102,16 @@ TEST(FormRow, a_slider_takes_room_only_while_it_is_shown) {
     EXPECT_EQ(row.heightForWidth(336), 56);
     row.setSliderShown(false);
     EXPECT_EQ(row.heightForWidth(336), 36);
+}
+
+TEST(FormRow, why_a_control_is_disabled_is_heard_with_it) {
+    FormRow row;
+    auto* control = new Switch;
+    row.addControl(control);
+    row.setTip(text("Not here."));
+    EXPECT_EQ(control->accessibleDescription(), text("Not here."));
+    row.setTip({});
+    EXPECT_EQ(control->accessibleDescription(), QString());
 }
 
 TEST(FormNote, emphasis_is_seen_and_not_spoken) {

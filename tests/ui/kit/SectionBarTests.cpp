@@ -97,6 +97,19 @@ TEST_F(SectionBarTest, a_digit_selects_at_once_and_one_too_many_is_left_to_other
     EXPECT_EQ(bar.current(), QStringLiteral("ram"));
 }
 
+TEST_F(SectionBarTest, the_tenth_item_has_the_key_0) {
+    const QKeyEvent zero(QEvent::KeyPress, Qt::Key_0, Qt::NoModifier);
+    EXPECT_FALSE(bar.selectByDigit(zero)) << "there are not so many";
+    std::vector<SectionItem> items;
+    for (int i = 1; i <= 11; ++i) {
+        const QString name = QString::number(i);
+        items.push_back({name, QStringLiteral("cpu"), name});
+    }
+    bar.setItems(std::move(items));
+    EXPECT_TRUE(bar.selectByDigit(zero));
+    EXPECT_EQ(told, QStringLiteral("10"));
+}
+
 TEST_F(SectionBarTest, a_digit_pressed_elsewhere_selects_and_one_too_many_does_not) {
     const QKeyEvent three(QEvent::KeyPress, Qt::Key_3, Qt::NoModifier);
     EXPECT_TRUE(bar.selectByDigit(three));

@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "ui/kit/Button.h"
+#include "ui/kit/ScrollArea.h"
 #include "ui/kit/Switch.h"
 #include "ui/support/FixedTheme.h"
 #include "ui/support/Shown.h"
@@ -177,6 +179,103 @@ TEST_F(TileListTest, a_list_that_goes_in_a_drag_leaves_nothing_behind) {
     delete list;
     EXPECT_EQ(window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly).size(),
               before - 2);
+}
+
+/// The list on a page of which 100 of 336 are seen; the list is 100 below the top.
+class ScrolledTileListTest : public testing::Test {
+protected:
+    ScrolledTileListTest() {
+        auto* contents = new QWidget;
+        auto* column = new QVBoxLayout(contents);
+        column->setContentsMargins(0, 100, 0, 100);
+        list->setMotion(Motion::reduced);
+        list->setTiles(tiles({"cpu", "gpu", "disk", "ane"}));
+        column->addWidget(list);
+        page.setContents(contents);
+        page.resize(360, 100);
+        test::show(page);
+        QObject::connect(list, &TileList::entered,
+                         [this](const QString&, const QString& b) { entered.push_back(b); });
+    }
+    void scrollTo(int value) {
+        page.verticalScrollBar()->setValue(value);
+        test::settle();
+    }
+    [[nodiscard]] int scrolled() const { return page.verticalScrollBar()->value(); }
+    /// In the coordinates of the page.
+    void pointer(QEvent::Type type, QPoint at) {
+        const QPoint global = page.viewport()->mapToGlobal(at);
+        const bool moves = type == QEvent::MouseMove;
+        const bool released = type == QEvent::MouseButtonRelease;
+        QMouseEvent event(type, QPointF(list->mapFromGlobal(global)), QPointF(global),
+                          moves ? Qt::NoButton : Qt::LeftButton,
+                          released ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(list, &event);
+    }
+    void frames(int count) {
+        for (int i = 0; i < count && list->scrolling().isActive(); ++i)
+            QMetaObject::invokeMethod(&list->scrolling(), "timeout");
+    }
+
+    test::FixedTheme theme{Appearance::light};
+    ScrollArea page;
+    TileList* list = new TileList;
+    QStringList entered;
+};
+
+TEST_F(ScrolledTileListTest, a_drag_near_the_edge_scrolls_as_far_as_there_are_tiles) {
+    scrollTo(50);  // the first row is the second half of the page
+    pointer(QEvent::MouseButtonPress, {100, 60});
+    pointer(QEvent::MouseMove, {100, 75});
+    EXPECT_FALSE(list->scrolling().isActive()) << "that is not near it";
+    pointer(QEvent::MouseMove, {100, 95});
+    EXPECT_TRUE(list->scrolling().isActive());
+    frames(1);
+    EXPECT_GT(scrolled(), 50);
+    frames(1000);
+    EXPECT_EQ(scrolled(), 100 + 4 * 34 - 100);
+    EXPECT_FALSE(list->scrolling().isActive());
+    EXPECT_EQ(entered.back(), "ane");
+}
+
+TEST_F(ScrolledTileListTest, a_drag_to_the_upper_edge_scrolls_back) {
+    scrollTo(136);
+    pointer(QEvent::MouseButtonPress, {100, 80});
+    pointer(QEvent::MouseMove, {100, 2});
+    frames(1000);
+    EXPECT_EQ(scrolled(), 100);
+    EXPECT_EQ(entered.back(), "cpu");
+}
+
+TEST_F(ScrolledTileListTest, beyond_the_edge_only_rows_that_are_seen_are_asked_for) {
+    scrollTo(50);
+    pointer(QEvent::MouseButtonPress, {100, 60});
+    pointer(QEvent::MouseMove, {100, 5000});
+    EXPECT_EQ(entered, QStringList{"gpu"});
+    entered.clear();
+    pointer(QEvent::MouseMove, {5000, 5000});
+    EXPECT_TRUE(entered.isEmpty());
+}
+
+TEST_F(ScrolledTileListTest, letting_go_ends_the_scrolling) {
+    scrollTo(50);
+    pointer(QEvent::MouseButtonPress, {100, 60});
+    pointer(QEvent::MouseMove, {100, 99});
+    EXPECT_TRUE(list->scrolling().isActive());
+    pointer(QEvent::MouseButtonRelease, {100, 99});
+    EXPECT_FALSE(list->scrolling().isActive());
+}
+
+TEST_F(ScrolledTileListTest, a_window_that_closes_in_a_drag_goes_through_all_its_parts) {
+    scrollTo(100);
+    pointer(QEvent::MouseButtonPress, {100, 10});
+    pointer(QEvent::MouseMove, {100, 40});
+    EXPECT_TRUE(list->draggingItem());
+    auto* last = new QWidget(&page);
+    last->show();
+    page.close();
+    EXPECT_FALSE(list->draggingItem());
+    EXPECT_FALSE(last->isVisible());
 }
 
 TEST_F(TileListTest, the_same_tile_twice_is_two_rows) {

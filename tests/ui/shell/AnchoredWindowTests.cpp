@@ -138,6 +138,20 @@ TEST_F(AnchoredWindowTest, a_dialog_of_its_own_does_not_close_it) {
     EXPECT_EQ(told, "o");
 }
 
+TEST_F(AnchoredWindowTest, a_dialog_to_be_answered_keeps_it_while_the_user_works_elsewhere) {
+    open();
+    QDialog dialog(&window);
+    dialog.open();
+    QApplication::processEvents();
+    workElsewhere();
+    EXPECT_EQ(told, "o");
+    dialog.reject();
+    window.activateWindow();
+    QApplication::processEvents();
+    workElsewhere();
+    EXPECT_EQ(told, "oc");
+}
+
 TEST_F(AnchoredWindowTest, going_while_open_tells_nobody) {
     std::string heard;
     {

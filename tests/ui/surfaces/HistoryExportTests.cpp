@@ -97,6 +97,20 @@ TEST(HistoryExport, the_dialog_suggests_a_name_and_a_choice_is_written) {
     test::settle();
 }
 
+TEST(HistoryExport, without_a_folder_for_documents_it_begins_at_home) {
+    test::SurfaceBench bench;
+    const QTemporaryDir home;
+    const QByteArray before = qgetenv("HOME");
+    qputenv("HOME", home.path().toLocal8Bit());
+    QWidget window;
+    test::show(window);
+    QFileDialog* dialog = historyExport::ask(bench.coordinator, window);
+    EXPECT_EQ(QDir(dialog->directory()).canonicalPath(), QDir(home.path()).canonicalPath());
+    dialog->close();
+    test::settle();
+    qputenv("HOME", before);
+}
+
 TEST(HistoryExport, a_failure_is_shown) {
     test::SurfaceBench bench;
     QWidget window;

@@ -6,10 +6,12 @@
 #include <QColorDialog>
 #include <set>
 
+#include "base/Version.h"
 #include "platform/simulated/Operations.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/ColorWell.h"
 #include "ui/kit/FormNote.h"
+#include "ui/kit/FormRow.h"
 #include "ui/kit/MenuButton.h"
 #include "ui/kit/ScrollArea.h"
 #include "ui/kit/SegmentedControl.h"
@@ -163,9 +165,9 @@ TEST_F(SettingsTabTest, a_colour_is_stored_and_its_reset_goes_with_it) {
     well.dialog()->setCurrentColor(QColor(0xD6, 0x32, 0x6B));
     well.dialog()->accept();
     EXPECT_EQ(preferences().colorECore, "#D6326B");
-    named<Button>("Auf Standard zurücksetzen").pressWhole();
+    named<Button>("Auf Standard zurücksetzen, E-cores").pressWhole();
     EXPECT_EQ(preferences().colorECore, "");
-    EXPECT_THROW(named<Button>("Auf Standard zurücksetzen"), std::runtime_error);
+    EXPECT_THROW(named<Button>("Auf Standard zurücksetzen, E-cores"), std::runtime_error);
     EXPECT_EQ(well.shownColor(), Theme::current().color(ColorToken::eCore));
 }
 
@@ -196,10 +198,83 @@ TEST_F(SettingsTabTest, launch_at_login_falls_back_to_what_is_so_and_says_why) {
     EXPECT_TRUE(login.isOn());
 }
 
+TEST_F(SettingsTabTest, a_login_item_changed_elsewhere_shows_when_the_user_comes_back) {
+    bench.platform.appService.setStatus(AppService::enabledStatus);
+    QEvent activated(QEvent::WindowActivate);
+    QApplication::sendEvent(tab, &activated);
+    EXPECT_TRUE(named<Switch>("Launch at login").isOn());
+    page.hide();
+    bench.platform.appService.setStatus(0);
+    test::show(page);
+    EXPECT_FALSE(named<Switch>("Launch at login").isOn());
+    EXPECT_EQ(preferences(), DisplayPreferences::defaults());
+}
+
+TEST_F(SettingsTabTest, version_and_build_are_the_programs_own) {
+    const auto says = [this](const std::string& value) {
+        const auto all = tab->findChildren<QWidget*>();
+        return std::ranges::any_of(all, [&value](QWidget* one) {
+            const auto* row = dynamic_cast<const FormRow*>(one);
+            return row && row->partCount() == 1 && row->part(0).value.toStdString() == value;
+        });
+    };
+    EXPECT_TRUE(says(std::string(programVersion())));
+    EXPECT_TRUE(says(programBuild().empty() ? "—" : std::string(programBuild())));
+}
+
+TEST_F(SettingsTabTest, the_end_of_a_look_for_updates_is_told_in_front) {
+    auto& updater = bench.platform.softwareUpdater;
+    updater.isHolding = true;
+    updater.answer = {.kind = UpdateAnswer::Kind::available, .version = "9.9"};
+    const auto isLooking = [this] {
+        const auto notes = tab->findChildren<FormNote*>();
+        return std::ranges::any_of(notes, [](const FormNote* note) {
+            return note->isVisible() && note->accessibleName() == "Looking for updates …";
+        });
+    };
+    Button& check = named<Button>("Check for Updates …");
+    check.pressWhole();
+    check.pressWhole();
+    EXPECT_EQ(updater.checks, 1);
+    EXPECT_TRUE(isLooking());
+    updater.release();
+    EXPECT_FALSE(isLooking());
+    auto* panel = page.findChild<AlertPanel*>();
+    ASSERT_NE(panel, nullptr);
+    EXPECT_EQ(panel->accessibleName(), "Vantrix 9.9 is available");
+    panel->button().pressWhole();
+}
+
+TEST_F(SettingsTabTest, whoever_left_the_page_meanwhile_is_told_all_the_same) {
+    auto& updater = bench.platform.softwareUpdater;
+    updater.isHolding = true;
+    named<Button>("Check for Updates …").pressWhole();
+    page.setContents(new QWidget);
+    test::settle();
+    updater.release();
+    auto* panel = page.findChild<AlertPanel*>();
+    ASSERT_NE(panel, nullptr);
+    EXPECT_EQ(panel->accessibleName(), "Vantrix is up to date");
+    panel->button().pressWhole();
+}
+
+TEST_F(SettingsTabTest, updates_that_come_with_the_system_say_so_until_there_is_an_updater) {
+    auto& updater = bench.platform.softwareUpdater;
+    updater.setAvailable(false);
+    Button& check = named<Button>("Check for Updates …");
+    Switch& automatic = named<Switch>("Check for updates automatically");
+    EXPECT_FALSE(check.isEnabled());
+    EXPECT_FALSE(automatic.isEnabled());
+    EXPECT_EQ(check.accessibleDescription(), "Updates come with the system.");
+    EXPECT_EQ(automatic.accessibleDescription(), "Updates come with the system.");
+    updater.setAvailable(true);
+    EXPECT_TRUE(check.isEnabled());
+    EXPECT_TRUE(automatic.isEnabled());
+    EXPECT_EQ(check.accessibleDescription(), "");
+}
+
 TEST_F(SettingsTabTest, updates_go_to_the_updater) {
     auto& updater = bench.platform.softwareUpdater;
-    named<Button>("Check for Updates …").pressWhole();
-    EXPECT_EQ(updater.checks, 1);
     named<Switch>("Check for updates automatically").pressWhole();
     EXPECT_FALSE(updater.automatic);
 }
