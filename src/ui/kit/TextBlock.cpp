@@ -43,10 +43,10 @@ QSize TextBlock::minimumSizeHint() const { return {lead(), 0}; }
 
 void TextBlock::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QColor tint = color(content_.color);
     const QRect symbol(0, 0, symbolSize, lineHeight(content_.role));
-    symbols::draw(painter, mirrored(symbol), content_.symbol, symbolSize, tint);
-    painter.setPen(tint);
+    symbols::draw(painter, mirrored(symbol), content_.symbol, symbolSize,
+                  color(content_.symbolColor.value_or(content_.color)));
+    painter.setPen(color(content_.color));
     const bool isCentred = content_.place == TextPlace::middle;
     wrapped::draw(painter, mirrored(rect().adjusted(lead(), 0, 0, 0)), content_.text, content_.role,
                   isCentred ? Qt::AlignHCenter : atStart());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 #include "ui/kit/KitWidget.h"
 #include "ui/kit/Type.h"
@@ -15,8 +16,10 @@ struct TextBlockContent {
     ColorToken color = ColorToken::text2;
     TextRole role = TextRole::caption;
     TextPlace place = TextPlace::start;
-    /// In front of the first line, in the text's colour.
+    /// In front of the first line.
     QString symbol = {};
+    /// The text's colour where it is absent.
+    std::optional<ColorToken> symbolColor = {};
 
     bool operator==(const TextBlockContent&) const = default;
 };

@@ -37,7 +37,8 @@ AlertPanel::AlertPanel(const QString& title, const QString& message, QWidget* pa
     heading->setContent({.text = title,
                          .color = ColorToken::text1,
                          .role = TextRole::sectionHead,
-                         .symbol = QStringLiteral("exclamationmark.triangle.fill")});
+                         .symbol = QStringLiteral("exclamationmark.triangle.fill"),
+                         .symbolColor = ColorToken::orange});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(padding, padding, padding - metrics::focusReach,
                                padding - metrics::focusReach);
