@@ -30,6 +30,7 @@ const PictureRow rows[] = {
     {"processes", "confirmation", pageOnly, processPictures::confirmation},
     {"processes", "refused", pageOnly, processPictures::refused},
     {"processes", "menu", {}, processPictures::menu},
+    {"processes", "popover", {}, processPictures::inPopover},
     {"strip", "empty", {}, stripPictures::beforeReadings},
     {"strip", "usual", {}, stripPictures::usual},
     {"strip", "widest", {}, stripPictures::widest},
@@ -95,6 +96,7 @@ const PictureRow rows[] = {
     {"dashboard", "fan", atFirst, dashboard<Section::fan>},
     {"dashboard", "network", atFirst, dashboard<Section::network>},
     {"dashboard", "battery", atFirst, dashboard<Section::battery>},
+    {"dashboard", "processes", atFirst, processPictures::inDashboard},
     {"dashboard", "system", atFirst, dashboard<Section::system>},
     {"wide-dashboard", "overview", wide, dashboard<Section::overview>},
     {"wide-dashboard", "cpu", wide, dashboard<Section::cpu>},
@@ -104,6 +106,7 @@ const PictureRow rows[] = {
     {"wide-dashboard", "fan", wide, dashboard<Section::fan>},
     {"wide-dashboard", "network", wide, dashboard<Section::network>},
     {"wide-dashboard", "battery", wide, dashboard<Section::battery>},
+    {"wide-dashboard", "processes", wide, processPictures::inDashboard},
     {"wide-dashboard", "system", wide, dashboard<Section::system>},
 };
 

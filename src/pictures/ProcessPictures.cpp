@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "pictures/PictureStage.h"
+#include "pictures/SectionPictures.h"
 #include "platform/simulated/ManualClock.h"
 #include "ui/kit/DialogSheet.h"
 #include "ui/kit/Surface.h"
@@ -73,13 +74,19 @@ HogReport hogOf(std::string name, double average, double peak, double minutes) {
     return report;
 }
 
+void publish(MetricsCoordinator& coordinator, std::size_t count) {
+    auto& manager = coordinator.processes;
+    manager.processes = processes(count);
+    // On a stage that lives already it was a moment ago.
+    if (count > 0 && !*manager.lastRefresh)
+        manager.lastRefresh = ManualClock::start - std::chrono::seconds(2);
+}
+
 /// A page on its ground, and what is done to it once it lies there.
 struct Page {
     explicit Page(PictureStage& stage, std::size_t count)
         : ground(std::make_unique<Surface>()), coordinator(stage.coordinator()) {
-        coordinator.processes.processes = processes(count);
-        if (count > 0)
-            coordinator.processes.lastRefresh = ManualClock::start - std::chrono::seconds(2);
+        publish(coordinator, count);
         auto* layout = new QVBoxLayout(ground.get());
         layout->setContentsMargins(0, 0, 0, 0);
         tab = new ProcessTab(coordinator);
@@ -93,6 +100,20 @@ struct Page {
 
 void enableDetector(PictureStage& stage) {
     stage.change([](DisplayPreferences& preferences) { preferences.hogDetectorEnabled = true; });
+}
+
+void findHogs(PictureStage& stage) {
+    enableDetector(stage);
+    stage.coordinator().hogDetector.hogs =
+        std::vector{hogOf("rust-analyzer", 1.42, 2.38, 21.9),
+                    hogOf("backup-indexer", 0.24, 0.61, 8.2), hogOf("node", 0.17, 0.33, 4.1)};
+}
+
+/// A laptop at work, as the other sections show it, with the sample processes.
+void work(PictureStage& stage) {
+    sectionPictures::usual(stage);
+    findHogs(stage);
+    publish(stage.coordinator(), 412);
 }
 
 Made withDialog(PictureStage& stage, const DialogModel& model) {
@@ -117,10 +138,7 @@ Made withoutMatch(PictureStage& stage) {
 }
 
 Made withHogs(PictureStage& stage) {
-    enableDetector(stage);
-    stage.coordinator().hogDetector.hogs =
-        std::vector{hogOf("rust-analyzer", 1.42, 2.38, 21.9),
-                    hogOf("backup-indexer", 0.24, 0.61, 8.2), hogOf("node", 0.17, 0.33, 4.1)};
+    findHogs(stage);
     return std::move(Page(stage, 412).ground);
 }
 
@@ -150,6 +168,16 @@ Made menu(PictureStage& /*stage*/) {
     auto made = std::make_unique<StatusMenu>(system, items);
     made->resize(made->sizeHint());
     return made;
+}
+
+Made inPopover(PictureStage& stage) {
+    work(stage);
+    return sectionPictures::popoverAt(stage, PopoverSection::processes);
+}
+
+Made inDashboard(PictureStage& stage) {
+    work(stage);
+    return sectionPictures::dashboardAt(stage, PopoverSection::processes);
 }
 
 }  // namespace vtx::processPictures

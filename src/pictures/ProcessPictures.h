@@ -24,6 +24,10 @@ Made confirmation(PictureStage& stage);
 Made refused(PictureStage& stage);
 Made menu(PictureStage& stage);
 
+/// The same in the popover and in the dashboard.
+Made inPopover(PictureStage& stage);
+Made inDashboard(PictureStage& stage);
+
 }  // namespace processPictures
 
 }  // namespace vtx

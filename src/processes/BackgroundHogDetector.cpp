@@ -2,9 +2,6 @@
 #include "processes/BackgroundHogDetector.h"
 
 #include <algorithm>
-#include <unordered_map>
-#include <unordered_set>
-#include <utility>
 
 #include "base/Clock.h"
 #include "platform/Ports.h"
@@ -14,10 +11,19 @@
 namespace vtx {
 namespace {
 
-/// A gap this long between two active observations is a break: the machine slept, or nobody looked.
-constexpr double breakSeconds = 30.0;
 /// Of no process.
 constexpr std::int32_t noPid = -1;
+
+using Processes = std::vector<const ProcessSnapshot*>;
+
+/// In the order in which they are remembered, so that both are walked side by side.
+Processes byPid(std::span<const ProcessSnapshot> snapshots) {
+    Processes all;
+    all.reserve(snapshots.size());
+    for (const ProcessSnapshot& process : snapshots) all.push_back(&process);
+    std::ranges::sort(all, {}, [](const ProcessSnapshot* process) { return process->pid; });
+    return all;
+}
 
 }  // namespace
 
@@ -26,10 +32,7 @@ BackgroundHogDetector::BackgroundHogDetector(const Ports& ports)
 
 void BackgroundHogDetector::observe(std::span<const ProcessSnapshot> snapshots) {
     if (!*isEnabled) return forget();
-    const Date now = clock_.now();
-    record(snapshots, now);
-    dropTheGone(snapshots);
-    hogs = report(snapshots, now);
+    hogs = look(snapshots);
 }
 
 void BackgroundHogDetector::forget() {
@@ -37,58 +40,28 @@ void BackgroundHogDetector::forget() {
     if (!hogs->empty()) hogs = std::vector<HogReport>{};
 }
 
-void BackgroundHogDetector::record(std::span<const ProcessSnapshot> snapshots, Date now) {
+std::vector<HogReport> BackgroundHogDetector::look(std::span<const ProcessSnapshot> snapshots) {
+    const Date now = clock_.now();
     const std::int32_t frontmost = workspace_.frontmostApplication().value_or(noPid);
     const std::uint32_t user = table_.getuid();
-    const double window = configuration->windowSeconds;
-    const auto isOld = [now, window](const Observation& observation) {
-        return toSeconds(now - observation.timestamp) > window;
-    };
-    for (const ProcessSnapshot& process : snapshots) {
-        if (process.pid == frontmost || process.uid != user) continue;
-        Observations& observed = history_[process.pid];
-        observed.push_back({now, process.cpuPercent, process.residentMemoryBytes});
-        // Wherever they are: the clock may have been set back.
-        std::erase_if(observed, isOld);
-    }
-}
-
-void BackgroundHogDetector::dropTheGone(std::span<const ProcessSnapshot> snapshots) {
-    std::unordered_set<std::int32_t> present;
-    present.reserve(snapshots.size());
-    for (const ProcessSnapshot& process : snapshots) present.insert(process.pid);
-    std::erase_if(history_, [&](const auto& observed) {
-        const bool isGone = !present.contains(observed.first);
-        if (isGone) firstNoticed_.erase(observed.first);
-        return isGone;
-    });
-}
-
-std::vector<HogReport> BackgroundHogDetector::report(std::span<const ProcessSnapshot> snapshots,
-                                                     Date now) {
-    std::unordered_map<std::int32_t, const ProcessSnapshot*> present;
-    present.reserve(snapshots.size());
-    for (const ProcessSnapshot& process : snapshots) present.emplace(process.pid, &process);
     std::vector<HogReport> reports;
-    for (const auto& [pid, observed] : history_) {
-        active_.clear();
-        double sum = 0.0;
-        double peak = 0.0;
-        for (const Observation& observation : observed) {
-            peak = std::max(peak, observation.cpuPercent);
-            if (!(observation.cpuPercent >= configuration->cpuThreshold)) continue;
-            active_.push_back(observation);
-            sum += observation.cpuPercent;
+    auto known = history_.begin();
+    for (const ProcessSnapshot* process : byPid(snapshots)) {
+        const std::int32_t pid = process->pid;
+        while (known != history_.end() && known->first < pid) known = drop(known);
+        bool isKnown = known != history_.end() && known->first == pid;
+        if (pid != frontmost && process->uid == user) {
+            if (!isKnown) known = history_.try_emplace(known, pid);
+            isKnown = true;
+            known->second.add({now, process->cpuPercent, process->residentMemoryBytes},
+                              configuration->windowSeconds);
         }
-        const double activeFor = activeSeconds(active_);
-        if (activeFor < configuration->minDurationSeconds) continue;
-        const ProcessSnapshot& process = *present.at(pid);
-        const Date first = observed.empty() ? now : observed.front().timestamp;
-        reports.push_back({pid, process.name, process.executablePath,
-                           sum / static_cast<double>(std::max<std::size_t>(active_.size(), 1)),
-                           peak, activeFor, process.residentMemoryBytes,
-                           firstNoticed_.try_emplace(pid, first).first->second, now});
+        if (!isKnown) continue;
+        if (auto report = reportOf(*process, known->second, now))
+            reports.push_back(std::move(*report));
+        ++known;
     }
+    while (known != history_.end()) known = drop(known);
     // As they were found where they are equal, which is by pid.
     std::ranges::sort(reports, [](const HogReport& a, const HogReport& b) {
         return a.activeSeconds != b.activeSeconds ? a.activeSeconds > b.activeSeconds
@@ -97,14 +70,22 @@ std::vector<HogReport> BackgroundHogDetector::report(std::span<const ProcessSnap
     return reports;
 }
 
-double BackgroundHogDetector::activeSeconds(std::vector<Observation>& active) {
-    std::ranges::sort(active, {}, &Observation::timestamp);
-    double total = 0.0;
-    for (std::size_t i = 1; i < active.size(); ++i) {
-        const double gap = toSeconds(active[i].timestamp - active[i - 1].timestamp);
-        if (gap < breakSeconds) total += gap;
-    }
-    return total;
+BackgroundHogDetector::History::iterator BackgroundHogDetector::drop(History::iterator gone) {
+    firstNoticed_.erase(gone->first);
+    return history_.erase(gone);
+}
+
+std::optional<HogReport> BackgroundHogDetector::reportOf(const ProcessSnapshot& process,
+                                                         ObservationWindow& observed, Date now) {
+    const double threshold = configuration->cpuThreshold;
+    const double activeFor = observed.activeSeconds(threshold);
+    if (activeFor < configuration->minDurationSeconds) return std::nullopt;
+    const auto shares = observed.shares(threshold);
+    const Date first =
+        firstNoticed_.try_emplace(process.pid, observed.beginning().value_or(now)).first->second;
+    return HogReport{process.pid, process.name, process.executablePath,      shares.average,
+                     shares.peak, activeFor,    process.residentMemoryBytes, first,
+                     now};
 }
 
 }  // namespace vtx

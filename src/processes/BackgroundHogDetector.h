@@ -2,13 +2,14 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <map>
+#include <optional>
 #include <span>
 #include <vector>
 
 #include "base/Published.h"
 #include "processes/HogReport.h"
+#include "processes/ObservationWindow.h"
 #include "processes/ProcessSnapshot.h"
 
 namespace vtx {
@@ -51,29 +52,21 @@ public:
     Published<bool> isEnabled{*this, false};
 
 private:
-    struct Observation {
-        Date timestamp;
-        double cpuPercent = 0.0;  ///< of one core, as a fraction
-        std::uint64_t residentBytes = 0;
-    };
-    using Observations = std::deque<Observation>;
+    /// In the order of the pids, so that hogs that were equally long active keep their order.
+    using History = std::map<std::int32_t, ObservationWindow>;
 
     void forget();
-    void record(std::span<const ProcessSnapshot> snapshots, Date now);
-    void dropTheGone(std::span<const ProcessSnapshot> snapshots);
-    [[nodiscard]] std::vector<HogReport> report(std::span<const ProcessSnapshot> snapshots,
-                                                Date now);
-    /// Adds up the gaps between neighbours that are short. Sorts.
-    [[nodiscard]] static double activeSeconds(std::vector<Observation>& active);
+    [[nodiscard]] std::vector<HogReport> look(std::span<const ProcessSnapshot> snapshots);
+    [[nodiscard]] History::iterator drop(History::iterator gone);
+    [[nodiscard]] std::optional<HogReport> reportOf(const ProcessSnapshot& process,
+                                                    ObservationWindow& observed, Date now);
 
     Workspace& workspace_;
     const ProcessTable& table_;
     const Clock& clock_;
-    /// In the order of the pids, so that hogs that were equally long active keep their order.
-    std::map<std::int32_t, Observations> history_;
+    History history_;
     /// When a process was first reported. Kept while the detector is disabled.
     std::map<std::int32_t, Date> firstNoticed_;
-    std::vector<Observation> active_;  ///< of the process under evaluation
 };
 
 }  // namespace vtx

@@ -7,9 +7,9 @@
 #include <fstream>
 #include <regex>
 
-#include "support/DesktopTest.h"
 #include "support/KernelFigures.h"
 #include "support/ProcStat.h"
+#include "support/SectionDesktopTest.h"
 
 namespace vtx::e2e {
 namespace {
@@ -17,7 +17,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr double mib = 1048576.0;
-constexpr Span steady{150};
 
 /// "21.4 GB" in bytes, with the part that the text cannot tell; absent where there is none.
 struct SpokenBytes {
@@ -47,7 +46,7 @@ testing::AssertionResult isBetween(const std::optional<SpokenBytes>& spoken, std
                                                 << before << " and " << after;
 }
 
-class SectionE2E : public DesktopTest {
+class SectionE2E : public SectionDesktopTest {
 protected:
     void openEverySection() {
         // As the user has them who shows the tile of the drives.
@@ -55,42 +54,7 @@ protected:
                       "defaults.json")
             << R"({"displayPreferences.v3": "{\"showDiskIO\":true,\"showFan\":true}"})";
         ASSERT_NO_FATAL_FAILURE(startVantrix());
-        ASSERT_NO_FATAL_FAILURE(open());
-    }
-    void open() {
-        // It grows once when the first readings are there.
-        ASSERT_TRUE(eventually([this] {
-            const Place before = stripPlace();
-            watchFor(steady, [] {});
-            return before.width > 0 && before == stripPlace();
-        })) << "the strip does not come to rest";
-        user().click(stripPlace());
-        ASSERT_TRUE(eventually([this] { return isPopoverOpen(); })) << "it did not open";
-        ASSERT_TRUE(eventually([this] {
-            const xcb_window_t window = display().clientOfType("UTILITY");
-            return window != 0 && display().activeWindow() == window;
-        })) << "it has no keyboard";
-    }
-    /// What the bar offers, in its order.
-    [[nodiscard]] std::vector<std::string> sections() {
-        std::vector<std::string> names;
-        (void)popover()->find([&names](const Accessible& one) {
-            if (one.role() == "page tab") names.push_back(one.name());
-            return false;
-        });
-        return names;
-    }
-    /// By the digit of its place on the bar.
-    void choose(const std::string& section) {
-        const auto names = sections();
-        const auto at = std::ranges::find(names, section);
-        ASSERT_NE(at, names.end()) << section << " is not offered";
-        user().press(key::digit(static_cast<unsigned>(at - names.begin()) + 1));
-        ASSERT_TRUE(eventually([this, &section] {
-            const auto tab = popover()->findNamed(section);
-            return tab && tab->isSelected();
-        })) << section
-            << " was not chosen";
+        ASSERT_NO_FATAL_FAILURE(openPopover());
     }
     /// What is said of the element of that name; empty while there is none.
     [[nodiscard]] std::string said(const std::string& name, const std::string& role) {
@@ -98,19 +62,11 @@ protected:
             [&](const Accessible& one) { return one.role() == role && one.name() == name; });
         return found ? found->description() : "";
     }
-    [[nodiscard]] std::vector<Accessible> every(const std::string& role) {
-        std::vector<Accessible> found;
-        (void)popover()->find([&](const Accessible& one) {
-            if (one.role() == role) found.push_back(one);
-            return false;
-        });
-        return found;
-    }
 };
 
 TEST_F(SectionE2E, the_processors_load_is_what_the_kernel_counted) {
     ASSERT_NO_FATAL_FAILURE(openEverySection());
-    ASSERT_NO_FATAL_FAILURE(choose("CPU"));
+    ASSERT_NO_FATAL_FAILURE(chooseSection("CPU"));
     LoadRecord load;
     std::vector<std::pair<SteadyTime, int>> texts;
     constexpr auto watched = 6s, interval = 1s;
@@ -138,7 +94,7 @@ TEST_F(SectionE2E, the_processors_load_is_what_the_kernel_counted) {
 
 TEST_F(SectionE2E, memory_is_what_the_kernel_says_of_it) {
     ASSERT_NO_FATAL_FAILURE(openEverySection());
-    ASSERT_NO_FATAL_FAILURE(choose("RAM"));
+    ASSERT_NO_FATAL_FAILURE(chooseSection("RAM"));
     const auto used = [] {
         return kernel::memoryBytes("MemTotal") - kernel::memoryBytes("MemAvailable");
     };
@@ -157,7 +113,7 @@ TEST_F(SectionE2E, memory_is_what_the_kernel_says_of_it) {
 
 TEST_F(SectionE2E, each_drive_has_moved_what_its_counters_say) {
     ASSERT_NO_FATAL_FAILURE(openEverySection());
-    ASSERT_NO_FATAL_FAILURE(choose("Disk"));
+    ASSERT_NO_FATAL_FAILURE(chooseSection("Disk"));
     const auto volumes = [this] {
         auto rows = every("list item");
         std::erase_if(rows, [](const Accessible& row) {
@@ -184,7 +140,7 @@ TEST_F(SectionE2E, each_drive_has_moved_what_its_counters_say) {
 
 TEST_F(SectionE2E, the_active_interfaces_have_moved_what_their_counters_say) {
     ASSERT_NO_FATAL_FAILURE(openEverySection());
-    ASSERT_NO_FATAL_FAILURE(choose("Network"));
+    ASSERT_NO_FATAL_FAILURE(chooseSection("Network"));
     ASSERT_TRUE(eventually(
         [this] { return bytesIn(said("Download", "list item"), "Received ").has_value(); }));
     const auto counted = [this] {
@@ -210,11 +166,11 @@ TEST_F(SectionE2E, the_active_interfaces_have_moved_what_their_counters_say) {
 
 TEST_F(SectionE2E, on_a_mac_every_section_says_figures) {
     start(VANTRIX_SIMULATED_PROGRAM, "vantrix-simulated");
-    ASSERT_NO_FATAL_FAILURE(open());
+    ASSERT_NO_FATAL_FAILURE(openPopover());
     for (const std::string& section : sections()) {
         // Not all that these say is a reading.
         if (section == "Processes" || section == "Settings") continue;
-        ASSERT_NO_FATAL_FAILURE(choose(section));
+        ASSERT_NO_FATAL_FAILURE(chooseSection(section));
         std::string page;
         EXPECT_TRUE(eventually([&] {
             page = popover()->drawing();

@@ -9,6 +9,7 @@
 #include "platform/linux/BatterySource.h"
 #include "platform/linux/BlockStorageSource.h"
 #include "platform/linux/CpuFreq.h"
+#include "platform/linux/DetachedProgram.h"
 #include "platform/linux/DeviceChanges.h"
 #include "platform/linux/GraphicsSource.h"
 #include "platform/linux/IdentityNodes.h"
@@ -40,6 +41,12 @@
 #include "platform/linux/SystemBus.h"
 
 namespace vtx {
+namespace {
+
+/// By the program that each desktop has for it.
+void openFolder(const std::string& path) { startDetached({"xdg-open", path}); }
+
+}  // namespace
 
 /// In the order in which they need each other.
 struct LinuxPlatform::Members {
@@ -76,7 +83,7 @@ struct LinuxPlatform::Members {
           smc(root, sensorTools()),
           workspace(bus, main,
                     {options.frontmostProcess, options.session,
-                     SystemMonitor(root, options.environment)}) {}
+                     SystemMonitor(root, options.environment), openFolder}) {}
 
     LinuxIORegistry::Sources registrySources() {
         LinuxIORegistry::Sources sources;

@@ -15,10 +15,6 @@ namespace {
 constexpr Logger logger{"LinuxWorkspace"};
 constexpr std::string_view noBus = "there is no session bus";
 
-void tellNotShown(const std::string& path, std::string_view why) {
-    logger.error("No file manager shows {}: {}", path, why);
-}
-
 const BusObject& fileManager() {
     static const BusObject object{"org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
                                   "org.freedesktop.FileManager1"};
@@ -47,17 +43,22 @@ std::optional<std::int32_t> LinuxWorkspace::frontmostApplication() {
 }
 
 void LinuxWorkspace::selectFile(const std::string& path) {
-    if (!desktop_.session) return tellNotShown(path, noBus);
+    if (!desktop_.session) return showFolderOf(path, noBus);
     const std::string uri = fileURI(path);
     const auto append = [&uri](sd_bus_message* message) {
         return sd_bus_message_append(message, "ass", 1, uri.c_str(), "");
     };
     fileManager_ =
         desktop_.session->call({fileManager(), "ShowItems", append, BusCall::Activation::ifNeeded},
-                               [path](BusMessage& answer) {
-                                   if (answer.isFailure()) tellNotShown(path, answer.error());
+                               [this, path](BusMessage& answer) {
+                                   if (answer.isFailure()) showFolderOf(path, answer.error());
                                });
-    if (!fileManager_) tellNotShown(path, noBus);
+    if (!fileManager_) showFolderOf(path, noBus);
+}
+
+void LinuxWorkspace::showFolderOf(const std::string& file, std::string_view why) {
+    logger.error("No file manager shows {}: {}", file, why);
+    if (desktop_.openFolder) desktop_.openFolder(file.substr(0, file.rfind('/') + 1));
 }
 
 bool LinuxWorkspace::hasSystemMonitor() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string_view>
+
 #include "base/Executor.h"
 #include "base/Signal.h"
 #include "platform/Workspace.h"
@@ -25,6 +27,8 @@ public:
         /// The session's bus, which outlives this.
         SystemBus* session = nullptr;
         std::optional<SystemMonitor> monitor = std::nullopt;
+        /// Opens a folder in whatever shows folders.
+        std::function<void(const std::string& path)> openFolder = {};
     };
 
     LinuxWorkspace(SystemBus& bus, Executor& main, Desktop desktop);
@@ -35,8 +39,8 @@ public:
     [[nodiscard]] Subscription onDidWake(std::function<void()> handler) override;
 
     [[nodiscard]] std::optional<std::int32_t> frontmostApplication() override;
-    /// By the desktop's file manager, which the session starts if need be. That there is none is
-    /// logged.
+    /// By the desktop's file manager, which the session starts if need be. Where there is none that
+    /// shows files, which is logged, the folder is opened.
     void selectFile(const std::string& path) override;
     [[nodiscard]] bool hasSystemMonitor() override;
     void openSystemMonitor() override;
@@ -45,6 +49,7 @@ public:
     [[nodiscard]] bool holdsInhibitor() const { return static_cast<bool>(inhibitor_); }
 
 private:
+    void showFolderOf(const std::string& file, std::string_view why);
     void listen();
     void prepareForSleep(bool isStarting);
     void takeInhibitor();

@@ -63,8 +63,7 @@ ProcessTab::ProcessTab(MetricsCoordinator& coordinator, QWidget* parent)
     layout->addWidget(scroll_, 1);
     layout->addWidget(footer_);
     connectParts();
-    rebuildPanel();
-    rebuild();
+    goOn();
 }
 
 ProcessTab::~ProcessTab() = default;
@@ -132,9 +131,16 @@ void ProcessTab::rebuildFooter() {
 }
 
 void ProcessTab::rebuildPanel() {
+    // As high as it is it holds the rows below in their places.
+    if (standsStill()) return;
     panel_->setVisible(coordinator_.preferences->hogDetectorEnabled);
     const BackgroundHogDetector& detector = coordinator_.hogDetector;
     panel_->setModel(describeHogPanel(*detector.isEnabled, *detector.hogs));
+}
+
+void ProcessTab::goOn() {
+    rebuildPanel();
+    rebuild();
 }
 
 void ProcessTab::showRow(const QRect& row) {
@@ -165,7 +171,7 @@ void ProcessTab::openMenu(int row, const QRect& anchor) {
         [this] {
             isMenuOpen_ = false;
             list_->setMenuRow(-1);
-            rebuild();
+            goOn();
         });
 }
 
@@ -227,7 +233,7 @@ void ProcessTab::closeDialog() {
     dialog_.clear();
     // As it was, whether the keyboard had brought it there or not.
     if (isVisible()) list_->setFocus(Qt::ActiveWindowFocusReason);
-    rebuild();
+    goOn();
 }
 
 }  // namespace vtx

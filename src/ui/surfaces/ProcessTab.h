@@ -45,6 +45,8 @@ private:
     void rebuild();
     void rebuildFooter();
     void rebuildPanel();
+    /// Catches up with what happened while nothing was to move.
+    void goOn();
     void showRow(const QRect& row);
     [[nodiscard]] bool standsStill() const { return isMenuOpen_ || dialog_; }
 

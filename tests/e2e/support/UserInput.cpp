@@ -44,6 +44,11 @@ void UserInput::press(std::uint32_t key) const {
     letGo(key);
 }
 
+void UserInput::type(std::string_view letters) const {
+    // A letter's symbol has its number.
+    for (const char letter : letters) press(static_cast<std::uint32_t>(letter));
+}
+
 void UserInput::pressWith(std::uint32_t modifier, std::uint32_t key) const {
     hold(modifier);
     press(key);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "support/XDisplay.h"
 
@@ -11,6 +12,9 @@ namespace vtx::e2e {
 namespace key {
 inline constexpr std::uint32_t escape = 0xFF1B;
 inline constexpr std::uint32_t enter = 0xFF0D;
+inline constexpr std::uint32_t tab = 0xFF09;
+inline constexpr std::uint32_t home = 0xFF50;
+inline constexpr std::uint32_t space = 0x20;
 inline constexpr std::uint32_t down = 0xFF54;
 inline constexpr std::uint32_t right = 0xFF53;
 inline constexpr std::uint32_t menu = 0xFF67;
@@ -35,6 +39,8 @@ public:
     /// With the left button, from the middle of a place.
     void drag(const Place& place, int byX, int byY) const;
     void press(std::uint32_t key) const;
+    /// Small letters.
+    void type(std::string_view letters) const;
     void pressWith(std::uint32_t modifier, std::uint32_t key) const;
 
 private:

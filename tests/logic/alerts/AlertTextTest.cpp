@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
+#include "base/Shared.h"
 #include "support/AlertsBench.h"
 
 namespace vtx {
@@ -72,6 +75,21 @@ TEST(AlertText, is_in_english_in_every_other_language_and_has_no_place_left_to_f
         EXPECT_EQ(a.center.posted(), english);
         for (const auto& body : a.bodies()) EXPECT_EQ(body.find('{'), std::string::npos) << body;
     }
+}
+
+TEST(AlertText, of_memory_fills_in_no_threshold_wherever_a_text_has_a_place_for_one) {
+    AlertsBench a;
+    Shared<Localization>::setFactory([&a] {
+        return std::make_unique<Localization>(a.platform.locale, [](Language) {
+            static constexpr std::array<TextEntry, 1> words{
+                {{L10n::Key::alert_memory_body, "{value} of {threshold}"}}};
+            return std::span<const TextEntry>(words);
+        });
+    });
+    a.rules.memory = {true, 0.5};
+    a.setMemory(7, 9);
+    a.rounds(0, 30);
+    EXPECT_EQ(a.bodies(), std::vector<std::string>{"78 of {threshold}"});
 }
 
 TEST(AlertText, is_in_the_language_of_the_moment_in_which_it_is_told) {

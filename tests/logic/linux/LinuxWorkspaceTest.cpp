@@ -214,6 +214,22 @@ TEST_F(LinuxWorkspaceTest, a_session_without_a_file_manager_is_logged_and_nothin
     AppLog::install(before);
 }
 
+TEST_F(LinuxWorkspaceTest, where_no_file_manager_shows_files_the_folder_is_opened) {
+    std::vector<std::string> opened;
+    const auto open = [&opened](const std::string& folder) { opened.push_back(folder); };
+    LinuxWorkspace session(bus, loop.executor(), {.session = &bus, .openFolder = open});
+    session.selectFile("/opt/my program/x");
+    EXPECT_TRUE(reaches([&] { return !opened.empty(); }));
+    LinuxWorkspace alone(bus, loop.executor(), {.openFolder = open});
+    alone.selectFile("/x");
+    EXPECT_EQ(opened, (std::vector<std::string>{"/opt/my program/", "/"}));
+    FakeFileManager files(loop, daemon.address());
+    session.selectFile("/opt/y");
+    EXPECT_TRUE(reaches([&] { return !files.shown.empty(); }));
+    loop.runReady();
+    EXPECT_EQ(opened.size(), 2U);
+}
+
 TEST(LinuxWorkspace, who_is_in_front_is_asked_of_the_display_each_time) {
     PollRunLoop loop;
     SystemBus bus(loop, loop.executor(), "unix:path=/nonexistent");

@@ -1,73 +1,18 @@
 // SPDX-License-Identifier: MIT
-// The process table of the machine that runs the tests.
+// Which processes run on the machine that runs the tests, and what is told of them.
 #include <fcntl.h>
-#include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/prctl.h>
-#include <sys/resource.h>
 #include <sys/syscall.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <array>
-#include <atomic>
-#include <cerrno>
 #include <condition_variable>
+#include <memory>
 #include <mutex>
 #include <thread>
 
-#include "platform/linux/LinuxProcessTable.h"
+#include "linux/RunningProcess.h"
 #include "platform/linux/ProcessListing.h"
-#include "platform/simulated/ManualClock.h"
 
 namespace vtx::test {
 namespace {
-
-/// A process of the test's own, which sleeps until it is ended here.
-class Child {
-public:
-    /// `prepare` runs in it before it sleeps; the constructor returns after that.
-    template <class Prepare>
-    explicit Child(Prepare prepare) {
-        std::array<int, 2> ready{};
-        if (::pipe(ready.data()) != 0) return;
-        const pid_t parent = ::getpid();
-        pid_ = ::fork();
-        if (pid_ == 0) {
-            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-            if (::getppid() != parent) ::_exit(1);
-            prepare();
-            (void)!::write(ready[1], "x", 1);
-            for (;;) ::pause();
-        }
-        ::close(ready[1]);
-        char byte = 0;
-        isReady_ = ::read(ready[0], &byte, 1) == 1;
-        ::close(ready[0]);
-    }
-    Child() : Child([] {}) {}
-    ~Child() { end(); }
-    Child(const Child&) = delete;
-    Child& operator=(const Child&) = delete;
-
-    [[nodiscard]] pid_t pid() const { return pid_; }
-    [[nodiscard]] bool isReady() const { return isReady_; }
-    /// Ends it; with `Reap::later` it stays behind as a zombie until this goes.
-    enum class Reap { now, later };
-    void end(Reap reap = Reap::now) {
-        if (pid_ <= 0) return;
-        ::kill(pid_, SIGKILL);
-        siginfo_t info{};
-        ::waitid(P_PID, static_cast<id_t>(pid_), &info,
-                 reap == Reap::now ? WEXITED : WEXITED | WNOWAIT);
-        if (reap == Reap::now) pid_ = -1;
-    }
-
-private:
-    pid_t pid_ = -1;
-    bool isReady_ = false;
-};
 
 /// A process of the test's own in which "sleep" takes over when it is told to.
 class Turncoat {
@@ -113,28 +58,6 @@ private:
     pid_t pid_ = -1;
     FileDescriptor go_;
     FileDescriptor done_;
-};
-
-struct RunningProcesses : testing::Test {
-    LinuxRoot root;
-    ManualClock clock;
-    LinuxProcessTable table{root, clock};
-
-    std::vector<KinfoProc> list() {
-        std::size_t bytes = 0;
-        EXPECT_EQ(table.kernProcAll({}, bytes), 0);
-        std::vector<KinfoProc> records(bytes / kinfoProcBytes + 1);
-        EXPECT_EQ(table.kernProcAll(records, bytes), 0);
-        records.resize(bytes / kinfoProcBytes);
-        clock.advanceBy(seconds(2));
-        return records;
-    }
-    std::optional<KinfoProc> find(pid_t pid) {
-        const auto all = list();
-        const auto found = std::ranges::find(all, pid, &KinfoProc::pid);
-        return found == all.end() ? std::nullopt : std::optional(*found);
-    }
-    static int niceOf(pid_t pid) { return ::getpriority(PRIO_PROCESS, static_cast<id_t>(pid)); }
 };
 
 TEST_F(RunningProcesses, this_program_appears_with_its_own_figures) {
@@ -296,98 +219,6 @@ TEST_F(RunningProcesses, another_program_in_the_same_process_has_its_own_name_an
     EXPECT_EQ(after.startTime, start);
 }
 
-TEST_F(RunningProcesses, a_child_is_given_a_lower_priority_with_all_its_threads) {
-    std::array<int, 2> report{};
-    ASSERT_EQ(::pipe(report.data()), 0);
-    Child child([&report] {
-        // Without the C library's threads, of which the child of a fork may have none.
-        static std::array<char, 65536> stack;
-        constexpr int flags = CLONE_VM | CLONE_FS | CLONE_FILES | CLONE_SIGHAND | CLONE_THREAD;
-        const auto wait = [](void*) -> int {
-            for (;;) ::pause();
-        };
-        const pid_t thread = ::clone(wait, stack.data() + stack.size(), flags, nullptr);
-        (void)!::write(report[1], &thread, sizeof thread);
-    });
-    ASSERT_TRUE(child.isReady());
-    pid_t thread = 0;
-    ASSERT_EQ(::read(report[0], &thread, sizeof thread), static_cast<ssize_t>(sizeof thread));
-    ::close(report[0]);
-    ::close(report[1]);
-    ASSERT_GT(thread, 0);
-    (void)list();
-    const auto start = table.details(child.pid()).startTime;
-    ASSERT_TRUE(start);
-    EXPECT_EQ(table.details(child.pid()).taskInfo.threadNum, 2);
-    // The tests may run at a niceness of their own.
-    EXPECT_EQ(table.setpriority(child.pid(), *start + 1, 19), ESRCH);
-    EXPECT_EQ(niceOf(child.pid()), niceOf(0));
-    EXPECT_EQ(table.setpriority(child.pid(), start, 19), 0);
-    EXPECT_EQ(niceOf(child.pid()), 19);
-    EXPECT_EQ(niceOf(thread), 19);
-    (void)list();
-    EXPECT_EQ(table.details(child.pid()).priority, 19);
-}
-
-TEST_F(RunningProcesses, what_is_not_there_is_not_given_a_priority) {
-    Child child;
-    const pid_t pid = child.pid();
-    child.end();
-    EXPECT_EQ(table.setpriority(pid, std::nullopt, 5), ESRCH);
-    EXPECT_EQ(table.setpriority(0, std::nullopt, 5), ESRCH);
-    EXPECT_EQ(table.setpriority(-1, std::nullopt, 5), ESRCH);
-}
-
-TEST_F(RunningProcesses, one_that_cannot_be_held_for_want_of_descriptors_is_changed_all_the_same) {
-#if defined(__has_feature)
-#if __has_feature(undefined_behavior_sanitizer) || __has_feature(address_sanitizer)
-    // Which checks by a pipe whether memory may be read.
-    GTEST_SKIP() << "the sanitizer needs descriptors itself";
-#endif
-#endif
-    const Child child;
-    ASSERT_TRUE(child.isReady());
-    rlimit usual{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
-    rlimit none = usual;
-    none.rlim_cur = 0;
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
-    const int error = table.setpriority(child.pid(), std::nullopt, 19);
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
-    EXPECT_EQ(error, 0);
-    EXPECT_EQ(niceOf(child.pid()), 19);
-}
-
-TEST_F(RunningProcesses, an_ordinary_user_may_not_raise_a_priority_again) {
-    constexpr uid_t nobody = 65534;
-    Child child([] {
-        if (::geteuid() == 0) (void)!::setresuid(nobody, nobody, nobody);
-    });
-    ASSERT_TRUE(child.isReady());
-    (void)list();
-    const auto start = table.details(child.pid()).startTime;
-    // The test itself may be the superuser, so another process asks, as that user.
-    std::array<int, 2> report{};
-    ASSERT_EQ(::pipe(report.data()), 0);
-    const Child asking([&] {
-        if (::geteuid() == 0) (void)!::setresuid(nobody, nobody, nobody);
-        const std::array answers{static_cast<int>(::geteuid()),
-                                 table.setpriority(child.pid(), start, 19),
-                                 table.setpriority(child.pid(), start, 18)};
-        (void)!::write(report[1], answers.data(), sizeof answers);
-    });
-    ASSERT_TRUE(asking.isReady());
-    std::array<int, 3> answers{};
-    ASSERT_EQ(::read(report[0], answers.data(), sizeof answers),
-              static_cast<ssize_t>(sizeof answers));
-    ::close(report[0]);
-    ::close(report[1]);
-    if (answers[0] == 0) GTEST_SKIP() << "this machine does not let the superuser step down";
-    EXPECT_EQ(answers[1], 0);
-    EXPECT_EQ(answers[2], EACCES);
-    EXPECT_EQ(niceOf(child.pid()), 19);
-}
-
 TEST_F(RunningProcesses, all_are_found_again_after_nobody_asked) {
     const Child child;
     for (int round = 0; round < 3; ++round) (void)list();
@@ -396,49 +227,6 @@ TEST_F(RunningProcesses, all_are_found_again_after_nobody_asked) {
     EXPECT_TRUE(find(child.pid()));
     EXPECT_TRUE(find(1));
     EXPECT_TRUE(find(::getpid()));
-}
-
-TEST_F(RunningProcesses, what_stays_open_leaves_the_low_numbers_to_the_program) {
-    rlimit limit{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
-    if (limit.rlim_cur < 2 * FD_SETSIZE) GTEST_SKIP() << "this machine gives no higher numbers";
-    const int lowest = ::dup(0);
-    ::close(lowest);
-    ASSERT_FALSE(list().empty());
-    ASSERT_GT(table.keptDescriptors(), 0U);
-    const int afterwards = ::dup(0);
-    ::close(afterwards);
-    // The folder and the file of the averages are two, whatever else is open.
-    EXPECT_LE(afterwards, lowest + 2);
-}
-
-TEST_F(RunningProcesses, without_descriptors_the_table_gives_some_back_and_goes_on) {
-    // Without high numbers the table keeps low ones, of which it can give some back.
-    rlimit usual{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
-    rlimit low = usual;
-    low.rlim_cur = std::min<rlim_t>(usual.rlim_cur, FD_SETSIZE);
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &low), 0);
-    std::vector<std::unique_ptr<Child>> children;
-    for (int i = 0; i < 20; ++i) children.push_back(std::make_unique<Child>());
-    const auto before = list().size();
-    ASSERT_GE(before, 20U);
-    const auto kept = table.keptDescriptors();
-    for (int i = 0; i < 3; ++i) children.push_back(std::make_unique<Child>());
-    // Nothing may be opened above the lowest number that is free now.
-    const int lowest = ::dup(0);
-    ::close(lowest);
-    rlimit none = usual;
-    none.rlim_cur = static_cast<rlim_t>(lowest);
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
-    const auto all = list();
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
-    EXPECT_LT(table.keptDescriptors(), kept);
-    for (const auto& child : children) {
-        const auto found = std::ranges::find(all, child->pid(), &KinfoProc::pid);
-        ASSERT_NE(found, all.end());
-        EXPECT_EQ(table.details(child->pid()).taskInfoBytes, procTaskInfoBytes);
-    }
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "ui/shell/linux/X11Connection.h"
 
 #include <QGuiApplication>
+#include <utility>
 
 namespace vtx {
 
@@ -53,16 +54,27 @@ void X11Connection::remove(xcb_window_t window, const std::string& property) {
     xcb_delete_property(connection_, window, atom(property));
 }
 
+XcbReply<xcb_get_property_reply_t> X11Connection::get(xcb_window_t window,
+                                                      const std::string& property, int itemBits) {
+    constexpr std::uint32_t mostWords = 4096;
+    const auto cookie = xcb_get_property(connection_, 0, window, atom(property),
+                                         XCB_GET_PROPERTY_TYPE_ANY, 0, mostWords);
+    XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_, cookie, nullptr));
+    return reply && reply->format == itemBits ? std::move(reply) : nullptr;
+}
+
 std::vector<std::uint32_t> X11Connection::numbers(xcb_window_t window,
                                                   const std::string& property) {
-    constexpr std::uint32_t most = 4096;
-    const auto cookie = xcb_get_property(connection_, 0, window, atom(property),
-                                         XCB_GET_PROPERTY_TYPE_ANY, 0, most);
-    const XcbReply<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(connection_, cookie, nullptr));
-    if (!reply || reply->format != 32) return {};
+    const auto reply = get(window, property, 32);
+    if (!reply) return {};
     const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
     return {first, first + reply->value_len};
+}
+
+std::string X11Connection::text(xcb_window_t window, const std::string& property) {
+    const auto reply = get(window, property, 8);
+    if (!reply) return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())), reply->value_len};
 }
 
 }  // namespace vtx

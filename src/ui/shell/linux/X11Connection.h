@@ -12,9 +12,12 @@
 
 namespace vtx {
 
-/// A reply of the X server, which comes from malloc.
+/// A reply of the X server comes from malloc.
+struct FreeXcbReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
 template <class Reply>
-using XcbReply = std::unique_ptr<Reply, decltype([](Reply* reply) { std::free(reply); })>;
+using XcbReply = std::unique_ptr<Reply, FreeXcbReply>;
 
 /// The toolkit's own connection to the X server, in the terms that window properties need. Calls
 /// that read wait for the server. Main executor.
@@ -41,11 +44,16 @@ public:
     /// The 32-bit items of a property; empty where it is not there or of another kind.
     [[nodiscard]] std::vector<std::uint32_t> numbers(xcb_window_t window,
                                                      const std::string& property);
+    /// The text of a property; empty where it is not there or of another kind.
+    [[nodiscard]] std::string text(xcb_window_t window, const std::string& property);
     void flush() { xcb_flush(connection_); }
 
 private:
     void set(xcb_window_t window, const std::string& property, xcb_atom_t type,
              std::span<const std::uint32_t> items);
+    /// Null where the window or the property is not there, or where its items are of another size.
+    [[nodiscard]] XcbReply<xcb_get_property_reply_t> get(xcb_window_t window,
+                                                         const std::string& property, int itemBits);
 
     xcb_connection_t* connection_;
     const xcb_screen_t* screen_;

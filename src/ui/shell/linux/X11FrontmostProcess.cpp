@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/shell/linux/X11FrontmostProcess.h"
 
+#include <unistd.h>
+
+#include <array>
 #include <limits>
 #include <memory>
+#include <string>
 
 #include "ui/shell/linux/X11Connection.h"
 
@@ -16,19 +20,32 @@ std::optional<std::uint32_t> onlyNumber(X11Connection& x11, xcb_window_t window,
     return numbers.front();
 }
 
-std::optional<std::int32_t> frontmostProcess(X11Connection& x11) {
-    const auto window = onlyNumber(x11, x11.root(), "_NET_ACTIVE_WINDOW");
-    const auto pid = window ? onlyNumber(x11, *window, "_NET_WM_PID") : std::nullopt;
-    if (!pid || *pid > std::uint32_t{std::numeric_limits<std::int32_t>::max()}) return std::nullopt;
-    return static_cast<std::int32_t>(*pid);
+/// As programs give it to the server; empty where the kernel does not tell.
+std::string machineName() {
+    std::array<char, 256> name{};
+    return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
+}
+
+/// A window that does not say where its program runs is of one that runs here.
+bool isElsewhere(X11Connection& x11, xcb_window_t window) {
+    const std::string machine = x11.text(window, "WM_CLIENT_MACHINE");
+    return !machine.empty() && machine != machineName();
 }
 
 }  // namespace
 
+std::optional<std::int32_t> x11FrontmostProcess(X11Connection& x11) {
+    const auto window = onlyNumber(x11, x11.root(), "_NET_ACTIVE_WINDOW");
+    const auto pid = window ? onlyNumber(x11, *window, "_NET_WM_PID") : std::nullopt;
+    if (!pid || *pid > std::uint32_t{std::numeric_limits<std::int32_t>::max()}) return std::nullopt;
+    if (isElsewhere(x11, *window)) return std::nullopt;
+    return static_cast<std::int32_t>(*pid);
+}
+
 std::function<std::optional<std::int32_t>()> x11FrontmostProcess() {
     const std::shared_ptr<X11Connection> x11 = X11Connection::ofToolkit();
     if (!x11) return {};
-    return [x11] { return frontmostProcess(*x11); };
+    return [x11] { return x11FrontmostProcess(*x11); };
 }
 
 }  // namespace vtx

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "processes/ObservationWindow.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace vtx {
+namespace {
+
+using Observation = ObservationWindow::Observation;
+
+/// A gap this long between two active observations is a break: the machine slept, or nobody looked.
+constexpr Date::duration breakLength = std::chrono::seconds(30);
+
+Date::duration activeBetween(Date from, Date to) {
+    const auto gap = to - from;
+    return gap < breakLength ? gap : Date::duration::zero();
+}
+
+auto isActiveFrom(double threshold) {
+    return [threshold](const Observation& one) { return one.cpuPercent >= threshold; };
+}
+
+}  // namespace
+
+void ObservationWindow::add(const Observation& newest, double windowSeconds) {
+    const auto isOld = [&newest, windowSeconds](const Observation& one) {
+        return toSeconds(newest.timestamp - one.timestamp) > windowSeconds;
+    };
+    if (!observations_.empty() && newest.timestamp < observations_.back().timestamp)
+        isAscending_ = false;
+    observations_.push_back(newest);
+    if (!isAscending_) {
+        std::erase_if(observations_, isOld);  // wherever they are
+        isAscending_ = std::ranges::is_sorted(observations_, {}, &Observation::timestamp);
+        isCounted_ = false;
+        return;
+    }
+    if (isCounted_ && isActiveFrom(threshold_)(newest)) extendTo(newest.timestamp);
+    while (!observations_.empty() && isOld(observations_.front())) dropFirst();
+}
+
+void ObservationWindow::dropFirst() {
+    const Observation first = observations_.front();
+    observations_.pop_front();
+    const auto isActive = isActiveFrom(threshold_);
+    if (!isCounted_ || !isActive(first)) return;
+    const auto next = std::ranges::find_if(observations_, isActive);
+    if (next == observations_.end())
+        lastActive_.reset();
+    else
+        activeFor_ -= activeBetween(first.timestamp, next->timestamp);
+}
+
+double ObservationWindow::activeSeconds(double threshold) {
+    if (!isCounted_ || threshold != threshold_) countAnew(threshold);
+    return toSeconds(activeFor_);
+}
+
+void ObservationWindow::countAnew(double threshold) {
+    std::vector<Date> moments;
+    for (const Observation& one : observations_)
+        if (isActiveFrom(threshold)(one)) moments.push_back(one.timestamp);
+    std::ranges::sort(moments);
+    threshold_ = threshold;
+    isCounted_ = isAscending_;
+    activeFor_ = {};
+    lastActive_.reset();
+    for (const Date moment : moments) extendTo(moment);
+}
+
+void ObservationWindow::extendTo(Date active) {
+    if (lastActive_) activeFor_ += activeBetween(*lastActive_, active);
+    lastActive_ = active;
+}
+
+ObservationWindow::Shares ObservationWindow::shares(double threshold) const {
+    Shares shares;
+    std::size_t active = 0;
+    for (const Observation& one : observations_) {
+        shares.peak = std::max(shares.peak, one.cpuPercent);
+        if (!isActiveFrom(threshold)(one)) continue;
+        shares.average += one.cpuPercent;
+        ++active;
+    }
+    shares.average /= static_cast<double>(std::max<std::size_t>(active, 1));
+    return shares;
+}
+
+std::optional<Date> ObservationWindow::beginning() const {
+    if (observations_.empty()) return std::nullopt;
+    return observations_.front().timestamp;
+}
+
+}  // namespace vtx
