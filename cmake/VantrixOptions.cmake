@@ -13,7 +13,9 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 
 find_program(VANTRIX_CCACHE ccache)
 if(VANTRIX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${VANTRIX_CCACHE}")
+    # A precompiled header is no reason to compile again what compiled the same before.
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
+        CCACHE_SLOPPINESS=pch_defines,time_macros "${VANTRIX_CCACHE}")
 endif()
 
 find_program(VANTRIX_MOLD mold)
@@ -43,4 +45,22 @@ function(vantrix_library name)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE vantrix_flags ${ARG_PRIVATE_LINKS})
     target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+endfunction()
+
+# vantrix_precompile(TARGET): parses the headers of the libraries that nearly every file of the
+# target needs once for all of them. They are most of what compiling such a file costs. Sources keep
+# including what they use: the tidy preset compiles without this.
+function(vantrix_precompile target)
+    target_precompile_headers(${target} PRIVATE
+        <algorithm> <chrono> <functional> <map> <memory> <optional> <string> <string_view> <vector>)
+    get_target_property(linked ${target} LINK_LIBRARIES)
+    if("GTest::gmock" IN_LIST linked)
+        target_precompile_headers(${target} PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+    endif()
+    if("Qt6::Widgets" IN_LIST linked)
+        target_precompile_headers(${target} PRIVATE <QEvent> <QPainter> <QWidget>)
+    endif()
+    if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+        target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
+    endif()
 endfunction()
