@@ -28,9 +28,9 @@ constexpr int startsOfARound = 3;
 constexpr auto untilAllIsGivenBack = std::chrono::seconds(18);
 
 constexpr auto resident = "vantrix";
-constexpr auto readsFloor = "floor: five files read a second, kept open";
-constexpr auto windowFloor = "floor: a bare window of the toolkit";
-constexpr auto statsFloor = "floor: every process's stat read a second, kept open";
+constexpr auto readsFloor = "floor: five kept-open reads a second";
+constexpr auto windowFloor = "floor: a bare window";
+constexpr auto statsFloor = "floor: kept-open reads of each stat";
 
 Sample sampleOf(const CostSpan& span, const Holding& holding, Clock::duration length) {
     const double minutes = std::chrono::duration<double, std::ratio<60>>(length).count();

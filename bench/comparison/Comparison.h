@@ -49,7 +49,7 @@ namespace rowNames {
 constexpr auto closed = "Vantrix, closed";
 constexpr auto overview = "Vantrix, overview open";
 constexpr auto processes = "Vantrix, process list open";
-constexpr auto closedAgain = "Vantrix, closed after every surface was open";
+constexpr auto closedAgain = "Vantrix, closed after every surface";
 }  // namespace rowNames
 
 /// All programs, measured in turn on one machine.

@@ -36,7 +36,13 @@ std::string shownName(const OtherMonitor& monitor) {
     std::array<char, 80> version{};
     if (!answer || !std::fgets(version.data(), version.size(), answer.get()))
         return monitor.program();
-    return fmt::format("{} {}", monitor.program(), version.data());
+    return fmt::format("{} {}", monitor.program(), upstreamVersion(version.data()));
+}
+
+std::string_view upstreamVersion(std::string_view version) {
+    const auto epoch = version.find(':');
+    if (epoch != std::string_view::npos) version.remove_prefix(epoch + 1);
+    return version.substr(0, version.rfind('-'));
 }
 
 }  // namespace vtx::bench

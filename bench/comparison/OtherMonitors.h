@@ -23,7 +23,10 @@ struct OtherMonitor {
 
 [[nodiscard]] bool isInstalled(const OtherMonitor& monitor);
 
-/// "htop 3.2.2-2": its program and its package's version, the latter where dpkg tells it.
+/// "htop 3.2.2": its program and its version, the latter where dpkg tells it.
 [[nodiscard]] std::string shownName(const OtherMonitor& monitor);
+
+/// What the authors call it, of a version of a Debian package: without epoch and revision.
+[[nodiscard]] std::string_view upstreamVersion(std::string_view version);
 
 }  // namespace vtx::bench

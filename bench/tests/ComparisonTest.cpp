@@ -4,6 +4,9 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <stdexcept>
+
+#include "comparison/OtherMonitors.h"
 
 namespace vtx::bench {
 namespace {
@@ -79,6 +82,12 @@ TEST(Comparison, a_program_that_was_measured_at_one_crowd_alone_has_no_figures_a
     EXPECT_THAT(line, HasSubstr("4.5"));
     EXPECT_EQ(std::ranges::count(line, '0'), 3) << line;  // none stands for what is absent
     EXPECT_THAT(line, HasSubstr("—"));
+}
+
+TEST(OtherMonitors, are_called_by_the_version_that_their_authors_gave) {
+    EXPECT_EQ(upstreamVersion("2:4.0.2-3"), "4.0.2");
+    EXPECT_EQ(upstreamVersion("1.0-rc1-2+deb12u1"), "1.0-rc1");
+    EXPECT_EQ(upstreamVersion("3.2"), "3.2");
 }
 
 TEST(Comparison, the_first_strip_is_told_of_the_closed_program_alone) {
