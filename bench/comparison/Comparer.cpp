@@ -143,9 +143,20 @@ void Comparer::measureResident(Crowd crowd) {
     }
     driver.closePopover();
 
-    driver.useEverySurface(sections_.inOrderOfUse());
+    if (!useEverySurface(driver)) return;
     interruption_.sleepFor(untilAllIsGivenBack);
     keep(rowNames::closedAgain, samplesOf({vantrix, bare}));
+}
+
+bool Comparer::useEverySurface(SurfaceDriver& driver) {
+    try {
+        driver.useEverySurface(sections_.inOrderOfUse());
+        return true;
+    } catch (const std::runtime_error& error) {
+        found_.leftOut.push_back(
+            fmt::format("Vantrix after every surface, in one round: {}", error.what()));
+        return false;
+    }
 }
 
 void Comparer::measureOther(const OtherMonitor& monitor, Crowd crowd) {

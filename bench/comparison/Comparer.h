@@ -36,6 +36,8 @@ private:
     void measureRound(Crowd crowd);
     void measureStarts(Crowd crowd);
     void measureResident(Crowd crowd);
+    /// False where a surface did not open or close: the rest of the round goes on without it.
+    [[nodiscard]] bool useEverySurface(SurfaceDriver& driver);
     void measureOther(const OtherMonitor& monitor, Crowd crowd);
     /// One sample each, in their order.
     [[nodiscard]] std::vector<Sample> samplesOf(const Subjects& subjects);
