@@ -23,6 +23,7 @@ them at the same time, and prints what they cost.
                 of vantrix, in N rounds, and prints a table of medians
   --figures FILE   with --compare: shows what another benchmark saved; may be repeated
   --markdown FILE  with --compare: saves the table too
+  --sensors     measures alone what every tile costs where every sensor is there
   --help        shows this text
 )";
 
@@ -63,6 +64,8 @@ Options parse(const std::vector<std::string>& arguments) {
             options.markdown = value();
         } else if (argument == "--threads") {
             options.threads = ThreadDetail::shown;
+        } else if (argument == "--sensors") {
+            options.everySensorAlone = true;
         } else if (argument == "--help") {
             options.help = true;
         } else if (argument.starts_with("--")) {
