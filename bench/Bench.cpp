@@ -28,24 +28,7 @@ constexpr auto betweenOpenings = std::chrono::milliseconds(730);
 
 constexpr auto resident = "vantrix";
 
-Program::Environment complete(Program::Environment environment, const fs::path& home) {
-    environment.insert({{"HOME", home},
-                        {"XDG_CONFIG_HOME", home / "config"},
-                        {"XDG_CACHE_HOME", home / "cache"},
-                        {"XDG_DATA_HOME", home / "data"},
-                        {"XDG_RUNTIME_DIR", home}});
-    return environment;
-}
-
 }  // namespace
-
-Bench::Subject::Subject(std::string shownName, const std::vector<std::string>& command,
-                        Program::Environment environment, Tiles tiles)
-    : name(std::move(shownName)), program(command, [&] {
-          const auto settings = home.path() / "config/vantrix";
-          tiles == Tiles::all ? storeEveryTile(settings) : storeFirstStart(settings);
-          return complete(std::move(environment), home.path());
-      }()) {}
 
 Bench::Bench(const Options& options)
     : options_(options), programs_(fs::canonical("/proc/self/exe").parent_path()) {
@@ -101,7 +84,7 @@ void Bench::addFloors() {
     add("bench-bare-window");
 }
 
-Bench::Subject* Bench::add(const std::string& name) {
+Subject* Bench::add(const std::string& name) {
     const auto file = programs_ / name;
     if (fs::exists(file)) return start(name, {file});
     const auto missing = fmt::format("{}, which is not built", name);
@@ -129,8 +112,8 @@ void Bench::add(const std::string& command, std::size_t number) {
     start(name, arguments, std::move(environment));
 }
 
-Bench::Subject* Bench::start(const std::string& name, const std::vector<std::string>& command,
-                             Program::Environment environment, Tiles tiles) {
+Subject* Bench::start(const std::string& name, const std::vector<std::string>& command,
+                      Program::Environment environment, Tiles tiles) {
     subjects_.push_back(std::make_unique<Subject>(name, command, std::move(environment), tiles));
     return subjects_.back().get();
 }

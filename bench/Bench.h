@@ -9,8 +9,7 @@
 
 #include "CostReport.h"
 #include "Options.h"
-#include "Program.h"
-#include "TemporaryFolder.h"
+#include "Subject.h"
 #include "UnevenLoad.h"
 
 namespace vtx::bench {
@@ -28,17 +27,7 @@ public:
     [[nodiscard]] CostReport measure();
 
 private:
-    enum class Tiles { ofAFirstStart, all };
-
-    /// A program with settings and a runtime folder that no other shares.
-    struct Subject {
-        Subject(std::string shownName, const std::vector<std::string>& command,
-                Program::Environment environment, Tiles tiles);
-
-        TemporaryFolder home;  // first: the program writes in it until it ends
-        std::string name;
-        Program program;
-    };
+    using Tiles = Subject::Tiles;
 
     void addFloors();
     /// One of our own programs; null where it is not built.

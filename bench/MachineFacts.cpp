@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <fstream>
+#include <string_view>
 
 namespace vtx::bench {
 namespace {
@@ -30,7 +31,21 @@ std::string processorName() {
 MachineFacts machineFacts() {
     utsname system{};
     uname(&system);
-    return {processorName(), sysconf(_SC_NPROCESSORS_ONLN), system.release, VANTRIX_QT_VERSION};
+    std::ifstream release("/etc/os-release");
+    return {processorName(), sysconf(_SC_NPROCESSORS_ONLN), system.release, prettyNameOf(release),
+            VANTRIX_QT_VERSION};
+}
+
+std::string prettyNameOf(std::istream& text) {
+    constexpr std::string_view key = "PRETTY_NAME=";
+    for (std::string line; std::getline(text, line);) {
+        if (!line.starts_with(key)) continue;
+        std::string name = line.substr(key.size());
+        const bool isQuoted =
+            name.size() >= 2 && name.front() == name.back() && (name[0] == '"' || name[0] == '\'');
+        return isQuoted ? name.substr(1, name.size() - 2) : name;
+    }
+    return {};
 }
 
 ProcessorTime processorTime() {

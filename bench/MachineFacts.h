@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <optional>
 #include <string>
 
@@ -12,9 +13,13 @@ struct MachineFacts {
     std::string processor;  ///< as the kernel names it; empty where it does not
     long cores = 0;         ///< online
     std::string kernel;
-    std::string toolkit;  ///< version of Qt that this was built with
+    std::string distribution;  ///< by /etc/os-release; empty where that does not tell
+    std::string toolkit;       ///< version of Qt that this was built with
 };
 [[nodiscard]] MachineFacts machineFacts();
+
+/// PRETTY_NAME of the text of an os-release file, its quotes taken off; empty where there is none.
+[[nodiscard]] std::string prettyNameOf(std::istream& text);
 
 /// Ticks of all processors since the machine started, from /proc/stat.
 struct ProcessorTime {

@@ -19,6 +19,10 @@ them at the same time, and prints what they cost.
   --settle N    seconds that pass before a window, 5 when not said
   --json FILE   saves the figures too
   --threads     tells the figures of each thread too
+  --compare N   measures other monitors instead of each COMMAND, and every state
+                of vantrix, in N rounds, and prints a table of medians
+  --figures FILE   with --compare: shows what another benchmark saved; may be repeated
+  --markdown FILE  with --compare: saves the table too
   --sensors     measures alone what every tile costs where every sensor is there
   --help        shows this text
 )";
@@ -27,7 +31,7 @@ int number(const std::string& text) {
     int value = 0;
     const auto end = text.data() + text.size();
     if (std::from_chars(text.data(), end, value).ptr != end || value < 1) {
-        throw std::runtime_error(fmt::format("'{}' is no number of seconds", text));
+        throw std::runtime_error(fmt::format("'{}' is no number above zero", text));
     }
     return value;
 }
@@ -52,6 +56,12 @@ Options parse(const std::vector<std::string>& arguments) {
             options.settle = number(value());
         } else if (argument == "--json") {
             options.json = value();
+        } else if (argument == "--compare") {
+            options.rounds = number(value());
+        } else if (argument == "--figures") {
+            options.figures.emplace_back(value());
+        } else if (argument == "--markdown") {
+            options.markdown = value();
         } else if (argument == "--threads") {
             options.threads = ThreadDetail::shown;
         } else if (argument == "--sensors") {

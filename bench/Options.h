@@ -23,6 +23,11 @@ struct Options {
     bool everySensorAlone = false;
     /// Further programs, each with its arguments and variables.
     std::vector<std::string> commands;
+    /// Compare with other monitors instead, so often.
+    std::optional<int> rounds;
+    /// What other benchmarks saved, to be shown with that.
+    std::vector<std::filesystem::path> figures;
+    std::optional<std::filesystem::path> markdown;
     bool help = false;
 };
 

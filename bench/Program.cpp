@@ -15,19 +15,28 @@
 #include <system_error>
 #include <thread>
 
+#include "PseudoTerminal.h"
+
 namespace vtx::bench {
 namespace {
 
 constexpr auto patience = std::chrono::seconds(5);
 constexpr auto glance = std::chrono::milliseconds(20);
 
-[[noreturn]] void become(const std::vector<std::string>& command,
-                         const Program::Environment& environment) {
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
-    for (const auto& [name, value] : environment) setenv(name.c_str(), value.c_str(), 1);
+void writeNowhere() {
     const int nowhere = open("/dev/null", O_RDWR);
     dup2(nowhere, STDIN_FILENO);
     dup2(nowhere, STDOUT_FILENO);
+}
+
+[[noreturn]] void become(const std::vector<std::string>& command,
+                         const Program::Environment& environment, const PseudoTerminal* terminal) {
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
+    sigset_t none{};
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+    for (const auto& [name, value] : environment) setenv(name.c_str(), value.c_str(), 1);
+    terminal ? terminal->adopt() : writeNowhere();
     close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
     std::vector<char*> arguments;
     for (const auto& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
@@ -39,10 +48,11 @@ constexpr auto glance = std::chrono::milliseconds(20);
 
 }  // namespace
 
-Program::Program(const std::vector<std::string>& command, const Environment& environment)
+Program::Program(const std::vector<std::string>& command, const Environment& environment,
+                 const PseudoTerminal* terminal)
     : process_(fork()) {
     if (process_ < 0) throw std::system_error(errno, std::generic_category(), "fork");
-    if (process_ == 0) become(command, environment);
+    if (process_ == 0) become(command, environment, terminal);
 }
 
 Program::~Program() {

@@ -38,8 +38,12 @@ constexpr std::uint8_t rightButton = 3;
 constexpr std::uint32_t escapeKey = 0xFF1B;
 constexpr std::uint32_t returnKey = 0xFF0D;
 constexpr std::uint32_t downKey = 0xFF54;
-/// Steps from no entry of the strip's menu to the one that opens the dashboard.
+constexpr std::uint32_t digitZeroKey = 0x30;
+/// Steps from no entry of the strip's menu to those that open the dashboard and show the widget.
 constexpr int stepsToDashboard = 3;
+constexpr int stepsToWidget = 5;
+/// A section is looked at for so long before the next one.
+constexpr auto section = std::chrono::milliseconds(600);
 
 struct Free {
     void operator()(void* memory) const { std::free(memory); }
@@ -107,6 +111,30 @@ public:
         const auto* first = reinterpret_cast<const char*>(xcb_get_image_data(image.get()));
         const auto length = static_cast<std::size_t>(xcb_get_image_data_length(image.get()));
         return std::hash<std::string_view>()({first, length});
+    }
+
+    /// Whether it is of more than one colour.
+    [[nodiscard]] bool isPainted(xcb_window_t window) {
+        const auto size = owned(xcb_get_geometry_reply(x_, xcb_get_geometry(x_, window), nullptr));
+        if (!size) return false;
+        const auto image =
+            owned(xcb_get_image_reply(x_,
+                                      xcb_get_image(x_, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0,
+                                                    size->width, size->height, ~0U),
+                                      nullptr));
+        if (!image) return false;
+        const auto* first = reinterpret_cast<const std::uint32_t*>(xcb_get_image_data(image.get()));
+        const std::span pixels(
+            first,
+            static_cast<std::size_t>(xcb_get_image_data_length(image.get())) / sizeof *first);
+        return std::ranges::adjacent_find(pixels, std::not_equal_to()) != pixels.end();
+    }
+
+    /// The left edge of the one window that is shown besides those.
+    [[nodiscard]] std::optional<std::size_t> edgeBesides(const Windows& others) {
+        for (const auto window : shown())
+            if (!others.contains(window)) return picture(window, steadyEdge);
+        return std::nullopt;
     }
 
     /// In the window's middle.
@@ -237,6 +265,16 @@ void SurfaceDriver::awaitStrip() {
     await("no strip was shown", [this] { return display_->strip().has_value(); });
 }
 
+std::chrono::steady_clock::time_point SurfaceDriver::awaitPaintedStrip() {
+    using Clock = std::chrono::steady_clock;
+    for (const auto limit = Clock::now() + patience; Clock::now() < limit;) {
+        const auto strip = display_->strip();
+        if (strip && display_->isPainted(*strip)) return Clock::now();
+        std::this_thread::sleep_for(blink);
+    }
+    throw std::runtime_error("no strip was painted");
+}
+
 std::optional<std::size_t> SurfaceDriver::stripPicture() {
     const auto strip = display_->strip();
     return strip ? display_->picture(*strip) : std::nullopt;
@@ -263,14 +301,31 @@ void SurfaceDriver::openAndClosePopover() {
     closePopover();
 }
 
+void SurfaceDriver::showSection(int number) {
+    Display::Windows strip;
+    if (const auto window = display_->strip()) strip.insert(*window);
+    const auto before = display_->edgeBesides(strip);
+    display_->press(digitZeroKey + static_cast<std::uint32_t>(number));
+    await("the popover did not show its section", [&] {
+        const auto now = display_->edgeBesides(strip);
+        return now && now != before;
+    });
+}
+
+void SurfaceDriver::chooseInMenu(int steps) {
+    awaitStrip();
+    const auto before = display_->shown().size();
+    display_->click(*display_->strip(), rightButton);
+    await("the menu did not open", [&] { return display_->shown().size() > before; });
+    for (int step = 0; step < steps; ++step) display_->press(downKey);
+    display_->press(returnKey);
+}
+
 void SurfaceDriver::openAndCloseDashboard() {
     awaitStrip();
     const auto before = display_->shown();
-    display_->click(*display_->strip(), rightButton);
-    await("the menu did not open", [&] { return display_->shown().size() > before.size(); });
+    chooseInMenu(stepsToDashboard);
     const auto withMenu = display_->shown();
-    for (int step = 0; step < stepsToDashboard; ++step) display_->press(downKey);
-    display_->press(returnKey);
     std::optional<xcb_window_t> dashboard;
     await("the dashboard did not open", [&] {
         for (const auto window : display_->shown()) {
@@ -281,6 +336,29 @@ void SurfaceDriver::openAndCloseDashboard() {
     std::this_thread::sleep_for(look);
     display_->requestClose(*dashboard);
     await("the dashboard did not close", [&] { return display_->shown() == before; });
+}
+
+void SurfaceDriver::openAndCloseWidget() {
+    awaitStrip();
+    const auto before = display_->shown();
+    chooseInMenu(stepsToWidget);
+    // The menu goes, the widget comes: one of those that were not there stays.
+    std::this_thread::sleep_for(look);
+    await("the mini widget did not open",
+          [&] { return display_->shown().size() == before.size() + 1; });
+    chooseInMenu(stepsToWidget);
+    await("the mini widget did not close", [&] { return display_->shown() == before; });
+}
+
+void SurfaceDriver::useEverySurface(std::span<const int> sections) {
+    (void)openPopover();
+    for (const int number : sections) {
+        display_->press(digitZeroKey + static_cast<std::uint32_t>(number));
+        std::this_thread::sleep_for(section);
+    }
+    closePopover();
+    openAndCloseDashboard();
+    openAndCloseWidget();
 }
 
 }  // namespace vtx::bench

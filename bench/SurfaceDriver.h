@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <span>
 
 namespace vtx::bench {
 
@@ -23,6 +24,8 @@ public:
     /// Waits until the strip is shown. This and the following throw `std::runtime_error`, saying
     /// what did not happen.
     void awaitStrip();
+    /// Waits until something is painted on it too, and tells when that was.
+    std::chrono::steady_clock::time_point awaitPaintedStrip();
     /// A digest of the strip's picture: another one when it shows something else. Absent while the
     /// strip cannot be seen.
     [[nodiscard]] std::optional<std::size_t> stripPicture();
@@ -31,11 +34,21 @@ public:
     /// The same in two steps, with the time from the click to the whole popover on the screen.
     std::chrono::duration<double> openPopover();
     void closePopover();
+    /// Of the open popover: the section of this number, 1 to 9, another than the one it shows.
+    void showSection(int number);
     /// The strip's menu opens it, the window manager closes it.
     void openAndCloseDashboard();
+    /// Whatever there is, one after the other: the popover with these of its sections, in this
+    /// order, the dashboard, and the mini widget, which the strip's menu shows and hides. A section
+    /// that begins at a field for text takes further numbers as text and so comes last.
+    void useEverySurface(std::span<const int> sections);
 
 private:
     class Display;
+    /// Steps down from no entry of the strip's menu to the one that is chosen.
+    void chooseInMenu(int steps);
+    void openAndCloseWidget();
+
     std::unique_ptr<Display> display_;
 };
 

@@ -4,10 +4,15 @@
 #include <fmt/format.h>
 
 #include <QImage>
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <exception>
 #include <random>
+#include <string>
 #include <vector>
 
+#include "Figures.h"
 #include "MachineFacts.h"
 #include "base/Shared.h"
 #include "language/Localization.h"
@@ -98,7 +103,13 @@ Times measure(const HistorySeries& history, DisplayPreferences::ChartStyle style
 
 void print(const std::string& text) { std::fputs(text.c_str(), stdout); }
 
-int run() {
+int run(const std::vector<std::string>& arguments) {
+    const bool saves = arguments.size() == 2 && arguments[0] == "--figures";
+    if (!arguments.empty() && !saves) {
+        print("Usage: vantrix-bench-charts [--figures FILE]\n");
+        return arguments[0] == "--help" ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    double slowest = 0;
     const English locale;
     Shared<Localization>::setFactory([&locale] { return std::make_unique<Localization>(locale); });
     const MachineFacts facts = machineFacts();
@@ -118,13 +129,22 @@ int run() {
                               times.content.median().count() / 1e3,
                               times.picture.median().count() / 1e3,
                               times.both.median().count() / 1e3, times.both.p95().count() / 1e3));
+            slowest = std::max(slowest, times.both.median().count() / 1e3);
         }
     }
     Shared<Localization>::reset();
-    return 0;
+    if (saves) saveFigures({{figureNames::hourChart, slowest}}, arguments[1]);
+    return EXIT_SUCCESS;
 }
 
 }  // namespace
 }  // namespace vtx::bench
 
-int main() { return vtx::bench::run(); }
+int main(int argc, char** argv) {
+    try {
+        return vtx::bench::run({argv + 1, argv + argc});
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "vantrix-bench-charts: %s\n", error.what());
+        return EXIT_FAILURE;
+    }
+}

@@ -9,10 +9,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "Figures.h"
 #include "pass/PassMeter.h"
 #include "pass/SensorMeter.h"
 #include "pass/SystemMeter.h"
@@ -21,6 +23,7 @@ namespace vtx::bench {
 namespace {
 
 constexpr const char* usage = R"(Usage: vantrix-bench-pass [--passes N] [--interval MS] [--system]
+                          [--figures FILE]
 
 Prints what one pass costs beside bare reads of the files it needs, and what sensors and fans cost
 on a simulated machine.
@@ -29,6 +32,7 @@ on a simulated machine.
   --interval MS  milliseconds from one pass to the next, 1000 when not said;
                  less understates the cost, since caches stay warm
   --system       prints the port calls of a pass alone
+  --figures FILE saves what vantrix-bench --compare shows of it
   --help         shows this text
 )";
 
@@ -77,11 +81,13 @@ void printSensors() {
     std::fputs(row(poll.c_str(), costs.poll).c_str(), stdout);
 }
 
-void printSystemPart(int passes, std::chrono::milliseconds gap) {
+/// What all port calls together took, as a multiple of the reads.
+double printSystemPart(int passes, std::chrono::milliseconds gap) {
     std::fputs("Port calls of a pass, source by source, on one thread\n", stdout);
     printHeading();
     SystemMeter meter;
-    for (const auto& [name, ports, preads] : meter.measure(passes, gap)) {
+    const auto costs = meter.measure(passes, gap);
+    for (const auto& [name, ports, preads] : costs) {
         std::fputs(row(name.c_str(), ports, preads).c_str(), stdout);
         std::fputs(row("  preads of its files", preads).c_str(), stdout);
     }
@@ -90,6 +96,7 @@ void printSystemPart(int passes, std::chrono::milliseconds gap) {
                            fmt::join(meter.files(), ", "))
                    .c_str(),
                stdout);
+    return costs.back().ports.median() / costs.back().preads.median();
 }
 
 std::string where(const std::string& recorded) {
@@ -101,6 +108,7 @@ int run(const std::vector<std::string>& arguments) {
     int passes = 60;
     int interval = 1000;
     bool isSystemAlone = false;
+    std::optional<std::string> figures;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] == "--help") {
             std::fputs(usage, stdout);
@@ -108,6 +116,10 @@ int run(const std::vector<std::string>& arguments) {
         }
         if (arguments[i] == "--system") {
             isSystemAlone = true;
+            continue;
+        }
+        if (arguments[i] == "--figures" && i + 1 < arguments.size()) {
+            figures = arguments[++i];
             continue;
         }
         int* const option = arguments[i] == "--passes"     ? &passes
@@ -118,8 +130,12 @@ int run(const std::vector<std::string>& arguments) {
         }
         *option = number(arguments[++i]);
     }
+    const auto printAndSaveSystemPart = [&] {
+        const double part = printSystemPart(passes, std::chrono::milliseconds(interval / 2));
+        if (figures) saveFigures({{figureNames::systemPart, part}}, *figures);
+    };
     if (isSystemAlone) {
-        printSystemPart(passes, std::chrono::milliseconds(interval / 2));
+        printAndSaveSystemPart();
         return EXIT_SUCCESS;
     }
     const std::chrono::milliseconds gap(interval / worksInARound);
@@ -140,7 +156,7 @@ int run(const std::vector<std::string>& arguments) {
     const auto wakeUps = meter.wakeUps(passesForWakeUps, std::chrono::milliseconds(interval));
     std::fputs(fmt::format("Wake-ups of one pass, its timer's included: {:.2f}\n", wakeUps).c_str(),
                stdout);
-    printSystemPart(passes, std::chrono::milliseconds(interval / 2));
+    printAndSaveSystemPart();
     printSensors();
     return EXIT_SUCCESS;
 }

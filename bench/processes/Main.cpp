@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "Figures.h"
 #include "Program.h"
 #include "processes/SleepingProcesses.h"
 #include "processes/TableMeter.h"
@@ -22,6 +23,7 @@ namespace {
 
 constexpr const char* usage =
     R"(Usage: vantrix-bench-processes [--processes N] [--rounds N] [--gap MS]
+                               [--figures FILE]
 
 Prints what one refresh of the process table costs for each process.
 
@@ -30,6 +32,7 @@ Prints what one refresh of the process table costs for each process.
   --gap MS       milliseconds between two pieces of work, 600 when not said, so that the table is
                  refreshed about every two seconds; less understates the cost, since caches stay
                  warm
+  --figures FILE saves what vantrix-bench --compare shows of it
   --help         shows this text
 )";
 
@@ -37,6 +40,7 @@ struct Options {
     int processes = 1000;
     int rounds = 20;
     int gap = 600;
+    std::optional<std::string> figures;
     bool isHelp = false;
 };
 
@@ -54,6 +58,10 @@ Options parse(const std::vector<std::string>& arguments) {
         if (arguments[i] == "--help") {
             options.isHelp = true;
             return options;
+        }
+        if (arguments[i] == "--figures" && i + 1 < arguments.size()) {
+            options.figures = arguments[++i];
+            continue;
         }
         int* const option = arguments[i] == "--processes" ? &options.processes
                             : arguments[i] == "--rounds"  ? &options.rounds
@@ -133,6 +141,9 @@ int run(const Options& options) {
                                "", *topPerSecond / static_cast<double>(costs.processes))
                        .c_str(),
                    stdout);
+    if (options.figures)
+        saveFigures({{figureNames::processRead, costs.system.median() / costs.preads.median()}},
+                    *options.figures);
     return EXIT_SUCCESS;
 }
 

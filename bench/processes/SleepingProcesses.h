@@ -10,7 +10,8 @@ namespace vtx::bench {
 /// Processes that do nothing, begun here and ended when this goes, one by one by their numbers.
 class SleepingProcesses {
 public:
-    /// Throws `std::system_error` where the system begins no more. To be made before any thread.
+    /// Throws `std::system_error` where the system begins no more. They end with the calling thread
+    /// at the latest.
     explicit SleepingProcesses(int count);
     ~SleepingProcesses();
     SleepingProcesses(const SleepingProcesses&) = delete;

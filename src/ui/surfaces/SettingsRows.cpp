@@ -178,7 +178,6 @@ SettingsRowView makeTiles(const SettingsRow& row, SettingsSink& sink) {
                          sink.enterTile(dragged.toStdString(), destination.toStdString());
                      });
     const Show show = [list](const SettingsRow& shown) { list->setTiles(contentsOf(shown.tiles)); };
-    show(row);
     return {row.id, list, show};
 }
 
@@ -197,7 +196,6 @@ SettingsRowView makeSettingsRow(const SettingsRow& row, SettingsSink& sink,
         showCommon(*form, common);
         own(shown);
     };
-    show(row);
     return {row.id, form, show};
 }
 

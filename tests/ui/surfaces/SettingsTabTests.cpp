@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QColorDialog>
+#include <QEvent>
 #include <set>
 
 #include "base/Version.h"
@@ -61,6 +63,28 @@ TEST_F(SettingsTabTest, opening_it_changes_nothing) {
     page.hide();
     page.show();
     EXPECT_EQ(preferences(), DisplayPreferences::defaults());
+}
+
+/// Counts the windows that are shown while it is there.
+class ShownWindows final : public QObject {
+public:
+    ShownWindows() { qApp->installEventFilter(this); }
+    int count = 0;
+
+private:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto* widget = qobject_cast<QWidget*>(watched);
+        count += event->type() == QEvent::Show && widget && widget->isWindow();
+        return false;
+    }
+};
+
+// One that is shown for a moment takes the keyboard from the popover, which closes it.
+TEST_F(SettingsTabTest, no_part_of_it_is_a_window_before_it_is_in_its_page) {
+    const ShownWindows shown;
+    page.setContents(new SettingsTab(bench.coordinator));
+    test::settle();
+    EXPECT_EQ(shown.count, 0);
 }
 
 TEST_F(SettingsTabTest, a_switch_changes_its_preference_at_once) {
