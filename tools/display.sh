@@ -54,6 +54,26 @@ start_session_bus() {
     export DBUS_SESSION_BUS_ADDRESS=$answer
 }
 
+# A bus of its own that starts nothing by itself: with no accessibility bus accessibility is off.
+start_quiet_bus() {
+    local answer
+    cat >"$display_folder/bus.conf" <<XML
+<busconfig>
+  <type>session</type>
+  <listen>unix:dir=$display_folder</listen>
+  <auth>EXTERNAL</auth>
+  <policy context="default">
+    <allow send_destination="*" eavesdrop="true"/>
+    <allow eavesdrop="true"/>
+    <allow own="*"/>
+  </policy>
+</busconfig>
+XML
+    background_asking dbus-daemon dbus-daemon --config-file="$display_folder/bus.conf" --nofork \
+        --print-address=3
+    export DBUS_SESSION_BUS_ADDRESS=$answer
+}
+
 # It keeps descriptor 3 to itself, so what it runs once it is ready opens the answer by name.
 start_window_manager() {
     local answer
@@ -78,6 +98,17 @@ start_display() {
     start_x_server
     start_session_bus
     background at-spi-bus-launcher /usr/libexec/at-spi-bus-launcher --launch-immediately
+    start_window_manager
+}
+
+# The same with nothing that need not run, for measuring. What is measured leaves its temporary files
+# in the display's folder, so that they go with it however that ends.
+start_quiet_display() {
+    prepare_display
+    unset QT_QPA_PLATFORM QT_LINUX_ACCESSIBILITY_ALWAYS_ON QT_ACCESSIBILITY
+    export TMPDIR=$display_folder
+    start_x_server
+    start_quiet_bus
     start_window_manager
 }
 
