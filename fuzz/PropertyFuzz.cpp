@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+// Values of the registry, of any kind in any place: what drives, the graphics and the battery are
+// said to have done.
+#include <cmath>
+#include <cstring>
+
+#include "Fuzz.h"
+#include "platform/simulated/Instruments.h"
+#include "platform/simulated/ManualClock.h"
+#include "platform/simulated/SimulatedIORegistry.h"
+#include "smc/BatteryTemperatureReader.h"
+#include "telemetry/DiskIOMonitor.h"
+#include "telemetry/GPUMonitorEngine.h"
+
+using namespace vtx;
+
+namespace {
+
+constexpr int deepest = 3;
+
+/// Takes values off the input; an absent one where that says so, or is used up.
+class Values {
+public:
+    explicit Values(std::span<const std::byte> input) : input_(input) {}
+
+    std::optional<Property> next(int depth = 0) {
+        switch (byte() % 9) {
+            case 0:
+                return Property(byte() % 2 == 0);
+            case 1:
+                return Property(number<std::int64_t>());
+            case 2:
+                return Property(number<double>());
+            case 3:
+                return Property(text());
+            case 4:
+                return Property(toData(text()));
+            case 5:
+                return depth == deepest ? Property(0) : Property(list(depth));
+            case 6:
+                return depth == deepest ? Property(1.5) : Property(map(depth));
+            case 7:
+                return Property(static_cast<std::int64_t>(byte()));
+            default:
+                return std::nullopt;
+        }
+    }
+    /// A map with these keys, where the values are there.
+    template <class... Keys>
+    Property mapOf(Keys... keys) {
+        PropertyMap made;
+        const auto add = [&](const char* key) {
+            if (auto value = next(1)) made.emplace(key, *std::move(value));
+        };
+        (add(keys), ...);
+        // Not always a map.
+        return byte() % 16 == 0 ? next().value_or(Property(0)) : Property(std::move(made));
+    }
+
+private:
+    unsigned byte() {
+        if (input_.empty()) return 8;
+        const auto first = std::to_integer<unsigned>(input_.front());
+        input_ = input_.subspan(1);
+        return first;
+    }
+    template <class Number>
+    Number number() {
+        Number value{};
+        const auto bytes = input_.first(std::min(sizeof value, input_.size()));
+        std::memcpy(&value, bytes.data(), bytes.size());
+        input_ = input_.subspan(bytes.size());
+        return value;
+    }
+    std::string text() {
+        const auto bytes = input_.first(std::min<std::size_t>(byte() % 12, input_.size()));
+        input_ = input_.subspan(bytes.size());
+        return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+    }
+    PropertyList list(int depth) {
+        PropertyList made;
+        for (auto count = byte() % 4; count > 0; --count)
+            if (auto value = next(depth + 1)) made.push_back(*std::move(value));
+        return made;
+    }
+    PropertyMap map(int depth) {
+        PropertyMap made;
+        for (auto count = byte() % 4; count > 0; --count)
+            if (auto value = next(depth + 1)) made.emplace(text(), *std::move(value));
+        return made;
+    }
+
+    std::span<const std::byte> input_;
+};
+
+void setIf(SimulatedRegistry& registry, SimulatedRegistry::Node node, const char* key,
+           std::optional<Property> value) {
+    if (value) registry.set(node, key, *std::move(value));
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Values values(fuzz::asInputBytes(data, size));
+    ManualClock clock;
+    SimulatedRegistry registry;
+    Instruments instruments;
+    SimulatedIORegistry port(registry, instruments);
+    const auto services = registry.root(planes::service);
+
+    const auto device = registry.add(services, "disk", "IOBlockStorageDevice");
+    registry.set(device, "Device Characteristics", values.mapOf("Product Name"));
+    const auto driver = registry.add(device, "driver", "IOBlockStorageDriver");
+    const auto statistics = [&values] {
+        return values.mapOf("Bytes (Read)", "Bytes (Write)", "Operations (Read)",
+                            "Operations (Write)");
+    };
+    registry.set(driver, "Statistics", statistics());
+    const auto medium = registry.add(driver, "medium", "IOMedia");
+    setIf(registry, medium, "BSD Name", values.next());
+    DiskIOMonitor drives(port, clock);
+    for (int i = 0; i < 3; ++i) {
+        drives.refresh();
+        const DiskIOReading& reading = **drives.latest;
+        fuzz::expect(reading.volumes.size() <= 1);
+        for (const auto& rate : {reading.bytesReadPerSecond, reading.bytesWrittenPerSecond,
+                                 reading.readIOPS, reading.writeIOPS})
+            fuzz::expect(!rate || (std::isfinite(*rate) && *rate >= 0.0));
+        clock.advanceBy(std::chrono::seconds(1));
+        registry.set(driver, "Statistics", statistics());
+    }
+
+    const auto accelerator = registry.add(services, "gpu", "IOAccelerator");
+    registry.set(
+        accelerator, "PerformanceStatistics",
+        values.mapOf("Device Utilization %", "Tiler Utilization %", "Renderer Utilization %"));
+    GPUMonitorEngine graphics(port, clock);
+    if (const auto stats = graphics.sample())
+        for (const auto& load : {std::optional(stats->deviceUtilization), stats->tilerUtilization,
+                                 stats->rendererUtilization})
+            fuzz::expect(!load || (*load >= 0.0 && *load <= 1.0));
+
+    const auto battery = registry.add(services, "battery", "AppleSmartBattery");
+    setIf(registry, battery, "Temperature", values.next());
+    const auto celsius = BatteryTemperatureReader::readFromAppleSmartBattery(port);
+    fuzz::expect(!celsius || std::isfinite(*celsius));
+    return 0;
+}
