@@ -93,56 +93,71 @@ private:
     std::span<const std::byte> input_;
 };
 
-void setIf(SimulatedRegistry& registry, SimulatedRegistry::Node node, const char* key,
-           std::optional<Property> value) {
-    if (value) registry.set(node, key, *std::move(value));
-}
+/// Made once: only the values are those of the input.
+struct Machine {
+    using Node = SimulatedRegistry::Node;
 
-}  // namespace
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Values values(fuzz::asInputBytes(data, size));
     ManualClock clock;
     SimulatedRegistry registry;
     Instruments instruments;
-    SimulatedIORegistry port(registry, instruments);
-    const auto services = registry.root(planes::service);
+    SimulatedIORegistry port{registry, instruments};
+    Node services = registry.root(planes::service);
+    Node device = registry.add(services, "disk", "IOBlockStorageDevice");
+    Node driver = registry.add(device, "driver", "IOBlockStorageDriver");
+    Node medium = registry.add(driver, "medium", "IOMedia");
+    Node accelerator = registry.add(services, "gpu", "IOAccelerator");
+    Node battery = registry.add(services, "battery", "AppleSmartBattery");
 
-    const auto device = registry.add(services, "disk", "IOBlockStorageDevice");
-    registry.set(device, "Device Characteristics", values.mapOf("Product Name"));
-    const auto driver = registry.add(device, "driver", "IOBlockStorageDriver");
-    const auto statistics = [&values] {
-        return values.mapOf("Bytes (Read)", "Bytes (Write)", "Operations (Read)",
-                            "Operations (Write)");
-    };
-    registry.set(driver, "Statistics", statistics());
-    const auto medium = registry.add(driver, "medium", "IOMedia");
-    setIf(registry, medium, "BSD Name", values.next());
-    DiskIOMonitor drives(port, clock);
-    for (int i = 0; i < 3; ++i) {
+    void set(Node node, const char* key, std::optional<Property> value) {
+        registry.unset(node, key);
+        if (value) registry.set(node, key, *std::move(value));
+    }
+};
+
+void tryDrive(Machine& machine, Values& values) {
+    machine.set(machine.device, "Device Characteristics", values.mapOf("Product Name"));
+    machine.set(machine.medium, "BSD Name", values.next());
+    DiskIOMonitor drives(machine.port, machine.clock);
+    for (int i = 0; i < 2; ++i) {
+        machine.set(machine.driver, "Statistics",
+                    values.mapOf("Bytes (Read)", "Bytes (Write)", "Operations (Read)",
+                                 "Operations (Write)"));
         drives.refresh();
         const DiskIOReading& reading = **drives.latest;
         fuzz::expect(reading.volumes.size() <= 1);
         for (const auto& rate : {reading.bytesReadPerSecond, reading.bytesWrittenPerSecond,
                                  reading.readIOPS, reading.writeIOPS})
             fuzz::expect(!rate || (std::isfinite(*rate) && *rate >= 0.0));
-        clock.advanceBy(std::chrono::seconds(1));
-        registry.set(driver, "Statistics", statistics());
+        machine.clock.advanceBy(std::chrono::seconds(1));
     }
+}
 
-    const auto accelerator = registry.add(services, "gpu", "IOAccelerator");
-    registry.set(
-        accelerator, "PerformanceStatistics",
+void tryGraphics(Machine& machine, Values& values) {
+    machine.set(
+        machine.accelerator, "PerformanceStatistics",
         values.mapOf("Device Utilization %", "Tiler Utilization %", "Renderer Utilization %"));
-    GPUMonitorEngine graphics(port, clock);
-    if (const auto stats = graphics.sample())
-        for (const auto& load : {std::optional(stats->deviceUtilization), stats->tilerUtilization,
-                                 stats->rendererUtilization})
-            fuzz::expect(!load || (*load >= 0.0 && *load <= 1.0));
+    GPUMonitorEngine graphics(machine.port, machine.clock);
+    const auto stats = graphics.sample();
+    if (!stats) return;
+    for (const auto& load : {std::optional(stats->deviceUtilization), stats->tilerUtilization,
+                             stats->rendererUtilization})
+        fuzz::expect(!load || (*load >= 0.0 && *load <= 1.0));
+}
 
-    const auto battery = registry.add(services, "battery", "AppleSmartBattery");
-    setIf(registry, battery, "Temperature", values.next());
-    const auto celsius = BatteryTemperatureReader::readFromAppleSmartBattery(port);
+void tryBattery(Machine& machine, Values& values) {
+    machine.set(machine.battery, "Temperature", values.next());
+    const auto celsius = BatteryTemperatureReader::readFromAppleSmartBattery(machine.port);
     fuzz::expect(!celsius || std::isfinite(*celsius));
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static Machine machine;
+    Values values(fuzz::asInputBytes(data, size));
+    tryDrive(machine, values);
+    tryGraphics(machine, values);
+    tryBattery(machine, values);
+    fuzz::expect(machine.instruments.handles.outstanding() == 0);
     return 0;
 }

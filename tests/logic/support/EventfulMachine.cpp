@@ -367,7 +367,8 @@ void EventfulMachine::processComes() {
     if (processes_.size() >= mostProcesses) return processGoes();
     SimulatedProcess process;
     // A number may come again, as another process.
-    process.pid = oneIn(3) && !processes_.empty() ? processes_.front() : nextPid_++;
+    const bool isNumberUsed = oneIn(3) && !processes_.empty();
+    process.pid = isNumberUsed ? processes_.front() : nextPid_++;
     if (bench_.mac.processes.find(process.pid)) bench_.mac.processes.remove(process.pid);
     std::erase(processes_, process.pid);
     process.uid = oneIn(2) ? SimulatedProcesses::user : 0;
@@ -375,8 +376,8 @@ void EventfulMachine::processComes() {
     if (!oneIn(4)) process.path = fmt::format("/Applications/Worker {}.app/worker", process.pid);
     process.residentBytes = upTo(std::uint64_t{1} << 33);
     process.load = oneIn(3) ? part() : 0.0;
-    // One that has run for ever begins anew. Not in the place of one that has just begun.
-    process.cpuNanoseconds = process.pid + 1 == nextPid_ && oneIn(5) ? ~0ULL - 1000 : 0;
+    // One that has run for ever begins anew; none does in the place of another.
+    process.cpuNanoseconds = !isNumberUsed && oneIn(5) ? ~0ULL - 1000 : 0;
     process.startTime = oneIn(2) ? std::optional<ProcessStartTime>(steps_) : std::nullopt;
     process.refusesName = oneIn(8);
     process.refusesTaskInfo = oneIn(8);
