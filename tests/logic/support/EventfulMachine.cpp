@@ -12,6 +12,7 @@
 
 #include "platform/shapes/SMCValue.h"
 #include "platform/simulated/Operations.h"
+#include "smc/IOHIDBridge.h"
 
 namespace vtx {
 namespace {
@@ -85,6 +86,8 @@ EventfulMachine::EventfulMachine(std::uint64_t seed)
     bench_.mac.live(seed);
     controller_.emplace(bench_.ports(), bench_.executors(), surfaces_);
     watch_.emplace(coordinator());
+    // What stands in for the SMC is opened when that first fails, and stays.
+    (void)IOHIDBridge::shared();
     bench_.settle();
     if (surfaces_.languagePicker->confirm) surfaces_.languagePicker->confirm(Language::en);
 }
@@ -509,9 +512,6 @@ void EventfulMachine::complain(std::string_view what) {
 }
 
 void EventfulMachine::comeToRest() {
-    // What stands in for another is opened when it is first needed, and stays.
-    bench_.failures.failAlways(operations::connectCallStructMethod);
-    bench_.advance(seconds(10));
     bench_.failures.healAll();
     bench_.platform.userDefaults.failsToStore = false;
     bench_.platform.userNotifications.answer();
