@@ -50,12 +50,17 @@ Bench::Subject::Subject(std::string shownName, const std::vector<std::string>& c
 Bench::Bench(const Options& options)
     : options_(options), programs_(fs::canonical("/proc/self/exe").parent_path()) {
     report_.machine = machineFacts();
+    if (options_.everySensorAlone) return;
     addFloors();
     for (const auto& command : options_.commands) add(command, subjects_.size() + 1);
     resident_ = add(resident);
 }
 
 CostReport Bench::measure() {
+    if (options_.everySensorAlone) {
+        measureEverySensor();
+        return std::move(report_);
+    }
     measureWindow("With every surface closed");
     if (!resident_) return std::move(report_);
     measurePopover();

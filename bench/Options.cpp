@@ -19,6 +19,7 @@ them at the same time, and prints what they cost.
   --settle N    seconds that pass before a window, 5 when not said
   --json FILE   saves the figures too
   --threads     tells the figures of each thread too
+  --sensors     measures alone what every tile costs where every sensor is there
   --help        shows this text
 )";
 
@@ -53,6 +54,8 @@ Options parse(const std::vector<std::string>& arguments) {
             options.json = value();
         } else if (argument == "--threads") {
             options.threads = ThreadDetail::shown;
+        } else if (argument == "--sensors") {
+            options.everySensorAlone = true;
         } else if (argument == "--help") {
             options.help = true;
         } else if (argument.starts_with("--")) {

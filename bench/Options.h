@@ -19,6 +19,8 @@ struct Options {
     int settle = 5;
     std::optional<std::filesystem::path> json;
     ThreadDetail threads = ThreadDetail::hidden;
+    /// Only where every sensor is there.
+    bool everySensorAlone = false;
     /// Further programs, each with its arguments and variables.
     std::vector<std::string> commands;
     bool help = false;

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "base/PostBurst.h"
+
 namespace vtx {
 namespace {
 
@@ -32,7 +34,7 @@ void SerialExecutor::post(Job job) {
         jobs_.push_back(std::move(job));
         if (!thread_.joinable() && !stopping_) thread_ = std::thread([this] { run(); });
     }
-    wake_.notify_one();
+    PostBurst::wake(wake_);
 }
 
 void SerialExecutor::tell(Executor& home, Job job) {

@@ -6,6 +6,7 @@
 
 #include "base/Fault.h"
 #include "base/Log.h"
+#include "base/PostBurst.h"
 #include "base/Sleep.h"
 #include "core/PassTable.h"
 #include "language/Localization.h"
@@ -127,10 +128,13 @@ Task<> MetricsCoordinator::refreshAll() {
     for (const PassRow& row : rows) needed.push_back(!row.isNeeded || row.isNeeded(*this));
     const bool keepsHistory = *pollingMode == PollingMode::active;
 
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (rows[i].phase != PassPhase::concurrent || !needed[i]) continue;
-        concurrent.push_back(rows[i].refresh(*this));
-        concurrent.back().start(main_);
+    {
+        const PostBurst burst;
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            if (rows[i].phase != PassPhase::concurrent || !needed[i]) continue;
+            concurrent.push_back(rows[i].refresh(*this));
+            concurrent.back().start(main_);
+        }
     }
     for (std::size_t i = 0; i < rows.size(); ++i)
         if (rows[i].phase == PassPhase::main && needed[i]) rows[i].refreshNow(*this);

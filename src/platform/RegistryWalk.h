@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
+#include <string_view>
 
 #include "platform/KernReturn.h"
 #include "platform/RegistryObject.h"
 
 namespace vtx {
 
-/// Which services a search is for.
+/// Which services a search is for. Made with each tick, it copies nothing: the name is that of the
+/// one who asked for it, a literal as a rule, and outlives it.
 struct ServiceMatch {
-    std::string className;
+    std::string_view className;
 };
 
 /// The answer of a search or of a walk to the children.

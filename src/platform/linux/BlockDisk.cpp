@@ -24,19 +24,22 @@ PropertyMap statistics(const BlockStat& stat) {
             {"Operations (Write)", number(stat.writeOperations)}};
 }
 
-/// Writes over the numbers that are there; false where the map is of another shape.
-bool renew(PropertyMap& map, const BlockStat& stat) {
-    if (map.size() != 4) return false;
-    auto at = map.begin();  // in the order of their keys
-    const auto set = [&at](std::string_view key, std::uint64_t value) {
-        if (at->first != key) return false;
-        auto* const kept = std::get_if<std::int64_t>(&(at++)->second.value());
-        if (kept) *kept = static_cast<std::int64_t>(value);
-        return kept != nullptr;
-    };
-    return set("Bytes (Read)", stat.bytesRead) && set("Bytes (Write)", stat.bytesWritten) &&
-           set("Operations (Read)", stat.readOperations) &&
-           set("Operations (Write)", stat.writeOperations);
+constexpr KeptProperty::Shape statisticsShape;
+
+void makeStatistics(KeptProperty& kept, const BlockStat& stat) {
+    kept.put(Property(statistics(stat)));
+    auto number = kept.numbers.begin();  // in the order of their keys
+    for (auto& [key, value] : std::get<PropertyMap>(kept.value->value()))
+        *number++ = &std::get<std::int64_t>(value.value());
+    kept.shape = &statisticsShape;
+}
+
+void renewStatistics(const KeptProperty& kept, const BlockStat& stat) {
+    const auto& [bytesRead, bytesWritten, readOperations, writeOperations] = kept.numbers;
+    *bytesRead = static_cast<std::int64_t>(stat.bytesRead);
+    *bytesWritten = static_cast<std::int64_t>(stat.bytesWritten);
+    *readOperations = static_cast<std::int64_t>(stat.readOperations);
+    *writeOperations = static_cast<std::int64_t>(stat.writeOperations);
 }
 
 }  // namespace
@@ -60,14 +63,16 @@ std::optional<PropertyMap> BlockDisk::properties() {
     return all;
 }
 
-bool BlockDisk::property(std::string_view key, std::optional<Property>& kept) {
+bool BlockDisk::property(std::string_view key, KeptProperty& kept) {
     if (key != "Statistics") return RegistryNode::property(key, kept);
     if (isRemoved_) return false;
     const std::lock_guard lock(mutex_);
     const auto stat = read();
     if (!stat) return false;
-    auto* const map = kept ? std::get_if<PropertyMap>(&kept->value()) : nullptr;
-    if (!map || !renew(*map, *stat)) kept = Property(statistics(*stat));
+    if (kept.shape == &statisticsShape)
+        renewStatistics(kept, *stat);
+    else
+        makeStatistics(kept, *stat);
     return true;
 }
 

@@ -27,7 +27,7 @@ public:
 
     [[nodiscard]] bool isThere() override { return !isRemoved_; }
     [[nodiscard]] std::optional<PropertyMap> properties() override;
-    [[nodiscard]] bool property(std::string_view key, std::optional<Property>& kept) override;
+    [[nodiscard]] bool property(std::string_view key, KeptProperty& kept) override;
 
     [[nodiscard]] const BlockDevice& device() const { return device_; }
     /// Whether the last reading failed, as it does for a disk that has gone.

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 
 namespace vtx {
@@ -11,16 +12,19 @@ namespace {
 
 constexpr std::size_t usualPart = 4096;
 
+alignas(64) constinit thread_local std::array<char, KeptFile::shortBytes> shortReads{};
+
 }  // namespace
 
 std::optional<std::string_view> KeptFile::read(std::size_t bytes) {
-    if (buffer_.size() < bytes) buffer_.resize(bytes);
+    if (bytes > shortBytes && buffer_.size() < bytes) buffer_.resize(bytes);
+    const auto into = std::span(bytes > shortBytes ? buffer_.data() : shortReads.data(), bytes);
     if (file_) {
-        if (const auto text = readOpened(bytes)) return text;
+        if (const auto text = readOpened(into)) return text;
     }
     file_ = FileDescriptor(::open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file_) return std::nullopt;
-    return readOpened(bytes);
+    return readOpened(into);
 }
 
 std::optional<std::string_view> KeptFile::readWhole(std::size_t limit) {
@@ -32,9 +36,9 @@ std::optional<std::string_view> KeptFile::readWhole(std::size_t limit) {
     return readOpenedWhole(limit);
 }
 
-std::optional<std::string_view> KeptFile::readOpened(std::size_t bytes) {
-    const ssize_t got = readAt(0, bytes);
-    if (got >= 0) return std::string_view(buffer_.data(), static_cast<std::size_t>(got));
+std::optional<std::string_view> KeptFile::readOpened(std::span<char> into) {
+    const ssize_t got = readAt(0, into);
+    if (got >= 0) return std::string_view(into.data(), static_cast<std::size_t>(got));
     file_.reset();
     return std::nullopt;
 }
@@ -44,7 +48,7 @@ std::optional<std::string_view> KeptFile::readOpenedWhole(std::size_t limit) {
     std::size_t size = 0;
     for (;;) {
         if (size == buffer_.size()) buffer_.resize(size * 2);
-        const ssize_t got = readAt(size, buffer_.size() - size);
+        const ssize_t got = readAt(size, std::span(buffer_).subspan(size));
         if (got == 0) return std::string_view(buffer_.data(), size);
         if (got > 0) size += static_cast<std::size_t>(got);
         if (got < 0 || size > limit) break;
@@ -53,10 +57,10 @@ std::optional<std::string_view> KeptFile::readOpenedWhole(std::size_t limit) {
     return std::nullopt;
 }
 
-ssize_t KeptFile::readAt(std::size_t offset, std::size_t bytes) {
+ssize_t KeptFile::readAt(std::size_t offset, std::span<char> into) const {
     ssize_t got = 0;
     do {
-        got = ::pread(file_.get(), buffer_.data() + offset, bytes, static_cast<off_t>(offset));
+        got = ::pread(file_.get(), into.data(), into.size(), static_cast<off_t>(offset));
     } while (got < 0 && errno == EINTR);
     return got;
 }

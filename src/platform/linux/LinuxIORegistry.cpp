@@ -36,7 +36,7 @@ RegistryEntry LinuxIORegistry::entryFromPath(std::string_view path) {
 }
 
 std::optional<ServiceMatch> LinuxIORegistry::serviceMatching(std::string_view className) {
-    return ServiceMatch{std::string(className)};
+    return ServiceMatch{className};
 }
 
 RegistryWalk LinuxIORegistry::getMatchingServices(const ServiceMatch& match) {
@@ -87,7 +87,8 @@ std::optional<std::string> LinuxIORegistry::entryGetName(const RegistryEntry& en
 }
 
 std::optional<std::uint64_t> LinuxIORegistry::entryGetRegistryEntryID(const RegistryEntry& entry) {
-    const Node node = nodeOf(entry);
+    Place* const place = find(entry);
+    RegistryNode* const node = place ? place->node.get() : nullptr;
     if (!node) return std::nullopt;
     if (const auto known = node->identifier.load()) return known;
     const std::lock_guard lock(mutex_);
@@ -103,21 +104,21 @@ EntryProperties LinuxIORegistry::entryCreateCFProperties(const RegistryEntry& en
 }
 
 EntryPropertiesView LinuxIORegistry::entryProperties(const RegistryEntry& entry) {
-    const auto [place, node] = find(entry);
+    Place* const place = find(entry);
     if (!place) return {};
-    auto properties = node ? node->properties() : std::nullopt;
+    auto properties = place->node ? place->node->properties() : std::nullopt;
     if (!properties) {
         place->kept.reset();
         return {};
     }
-    place->kept = Property(*std::move(properties));
-    return {kernSuccess, PropertyView(*place->kept)};
+    place->kept.put(Property(*std::move(properties)));
+    return {kernSuccess, PropertyView(*place->kept.value)};
 }
 
 PropertyView LinuxIORegistry::entryProperty(const RegistryEntry& entry, std::string_view key) {
-    const auto [place, node] = find(entry);
-    if (!place || !node || !node->property(key, place->kept)) return {};
-    return PropertyView(*place->kept);
+    Place* const place = find(entry);
+    if (!place || !place->node || !place->node->property(key, place->kept)) return {};
+    return PropertyView(*place->kept.value);
 }
 
 void LinuxIORegistry::objectRelease(IOObject object) noexcept {
@@ -156,7 +157,8 @@ RegistryWalk LinuxIORegistry::walkOf(SharedNodes nodes) {
 }
 
 LinuxIORegistry::Node LinuxIORegistry::nodeOf(const RegistryObject& object) {
-    return find(object).second;
+    const Place* const place = find(object);
+    return place ? place->node : nullptr;
 }
 
 LinuxIORegistry::Node LinuxIORegistry::takeNext(const RegistryIterator& iterator) {
@@ -187,11 +189,9 @@ LinuxIORegistry::Place* LinuxIORegistry::placeOf(IOObject object) {
     return place.object == object ? &place : nullptr;
 }
 
-std::pair<LinuxIORegistry::Place*, LinuxIORegistry::Node> LinuxIORegistry::find(
-    const RegistryObject& object) {
+LinuxIORegistry::Place* LinuxIORegistry::find(const RegistryObject& object) {
     const std::lock_guard lock(mutex_);
-    Place* const place = placeOf(object.get());
-    return {place, place ? place->node : nullptr};
+    return placeOf(object.get());
 }
 
 }  // namespace vtx

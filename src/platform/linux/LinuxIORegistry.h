@@ -71,8 +71,8 @@ private:
         IOObject object = ioObjectNull;  ///< the one that has it; null while it is free
         Node node;
         SharedNodes walk;
-        std::size_t next = 0;          ///< of the walk
-        std::optional<Property> kept;  ///< what the owner of the entry looks at
+        std::size_t next = 0;  ///< of the walk
+        KeptProperty kept;     ///< what the owner of the entry looks at
     };
 
     [[nodiscard]] SharedNodes servicesOf(std::string_view className);
@@ -85,8 +85,8 @@ private:
     // its object.
     [[nodiscard]] Place& takePlace();
     [[nodiscard]] Place* placeOf(IOObject object);
-    /// The object's place, its node with it.
-    [[nodiscard]] std::pair<Place*, Node> find(const RegistryObject& object);
+    /// The object's place, null where there is none. Without the lock.
+    [[nodiscard]] Place* find(const RegistryObject& object);
 
     std::map<std::string, Node, std::less<>> tree_;  ///< by path; no "cpus" on one level
     SharedNodes powerManagers_;                      ///< null on a machine without cpufreq

@@ -15,7 +15,7 @@ constexpr std::uint32_t structMethod = 2;
 }  // namespace
 
 std::optional<ServiceMatch> LinuxSMCUserClient::serviceMatching(std::string_view className) {
-    return ServiceMatch{std::string(className)};
+    return ServiceMatch{className};
 }
 
 RegistryWalk LinuxSMCUserClient::getMatchingServices(const ServiceMatch& match) {

@@ -9,6 +9,8 @@ namespace {
 
 /// Several times what kernels write today.
 constexpr std::size_t longestFile = 16'384;
+/// As much as kernels write.
+constexpr std::size_t usualFile = KeptFile::shortBytes;
 constexpr std::size_t longestLine = 512;
 constexpr Duration recently = std::chrono::milliseconds(20);
 
@@ -46,7 +48,8 @@ Subscription MemInfoReader::onRead(std::function<void()> handler) {
 }
 
 std::optional<MemInfoReader::Sample> MemInfoReader::readLocked() {
-    const auto text = file_.read(longestFile);
+    auto text = file_.read(usualFile);
+    if (text && text->size() == usualFile) text = file_.read(longestFile);
     const auto info = text ? text_.parse(*text) : std::nullopt;
     last_.reset();
     if (info) {

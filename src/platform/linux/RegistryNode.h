@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <atomic>
 #include <cstdint>
 #include <memory>
@@ -13,6 +14,28 @@
 #include "base/Property.h"
 
 namespace vtx {
+
+/// What the owner of an entry looks at. Its memory is used again for what is asked for next.
+struct KeptProperty {
+    /// Of the one who makes it and knows again what he made. Null where nobody does.
+    struct Shape {};
+
+    /// Puts another property there.
+    void put(Property property) {
+        value = std::move(property);
+        shape = nullptr;
+    }
+    void reset() {
+        value.reset();
+        shape = nullptr;
+    }
+
+    std::optional<Property> value;
+    const Shape* shape = nullptr;
+    /// Where in the value its numbers are, as the shape has them, so that they are renewed without
+    /// a search.
+    std::array<std::int64_t*, 4> numbers{};
+};
 
 /// A device of the registry, shared by those that hold entries for it and by the source that found
 /// it. What it is named and where it stands never changes. Any thread.
@@ -33,12 +56,12 @@ public:
     [[nodiscard]] virtual std::optional<PropertyMap> properties() = 0;
     /// One property as it is now, put into `kept`, whose memory is used again where it can be;
     /// false where the device does not tell it. One thread at a time for the same `kept`.
-    [[nodiscard]] virtual bool property(std::string_view key, std::optional<Property>& kept) {
+    [[nodiscard]] virtual bool property(std::string_view key, KeptProperty& kept) {
         auto all = properties();
         if (!all) return false;
         const auto found = all->find(key);
         if (found == all->end()) return false;
-        kept = std::move(found->second);
+        kept.put(std::move(found->second));
         return true;
     }
 

@@ -38,7 +38,7 @@ GraphicsLoad::Percent SlowGraphicsLoad::next() {
 }
 
 void SlowGraphicsLoad::letGo() {
-    if (std::exchange(isHeld_, false)) worker_.post([source = source_] { source->letGo(); });
+    if (std::exchange(isHeld_, false)) postSoon(worker_, [source = source_] { source->letGo(); });
 }
 
 }  // namespace vtx

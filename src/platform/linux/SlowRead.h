@@ -11,6 +11,7 @@
 
 #include "base/Clock.h"
 #include "base/Executor.h"
+#include "platform/linux/GatheringExecutor.h"
 
 namespace vtx {
 
@@ -52,7 +53,7 @@ public:
     [[nodiscard]] std::optional<T> read() {
         State& state = *state_;
         const auto seen = state.locked([&] { return state.answers; });
-        ask();
+        ask(Haste::awaited);
         std::unique_lock lock(state.mutex);
         const bool isAnswered =
             state.answered.wait_for(lock, patience_, [&] { return state.answers != seen; });
@@ -67,7 +68,7 @@ public:
             const bool isOld = state.clock->continuous() - state.time > longestAge;
             return isOld ? std::nullopt : state.value;
         });
-        ask();
+        ask(Haste::none);
         return value;
     }
 
@@ -95,10 +96,16 @@ private:
         Instant time{};  ///< when it came
     };
 
+    enum class Haste : std::uint8_t { none, awaited };
+
     /// Not with the state locked: a test's worker may run the read inside the call.
-    void ask() {
-        if (state_->locked([this] { return std::exchange(state_->isAsked, true); })) return;
-        worker_.post([state = state_] {
+    void ask(Haste haste) {
+        if (state_->locked([this] { return std::exchange(state_->isAsked, true); })) {
+            // The worker may still keep what nobody waited for until now.
+            if (haste == Haste::awaited) worker_.post([] {});
+            return;
+        }
+        auto job = [state = state_] {
             if (!state->locked([&] { return state->clock; })) return;
             auto value = state->function();
             const std::lock_guard lock(state->mutex);
@@ -108,7 +115,11 @@ private:
             state->isAsked = false;
             ++state->answers;
             state->answered.notify_all();
-        });
+        };
+        if (haste == Haste::awaited)
+            worker_.post(std::move(job));
+        else
+            postSoon(worker_, std::move(job));
     }
 
     Executor& worker_;

@@ -21,7 +21,7 @@ RegistryEntry SimulatedIORegistry::entryFromPath(std::string_view path) {
 
 std::optional<ServiceMatch> SimulatedIORegistry::serviceMatching(std::string_view className) {
     if (instruments_.enter(operations::serviceMatching)) return std::nullopt;
-    return ServiceMatch{std::string(className)};
+    return ServiceMatch{className};
 }
 
 RegistryWalk SimulatedIORegistry::getMatchingServices(const ServiceMatch& match) {

@@ -19,7 +19,7 @@ constexpr std::size_t longestName = 127;
 
 std::optional<ServiceMatch> SimulatedSMCUserClient::serviceMatching(std::string_view className) {
     if (instruments_.enter(operations::serviceMatching)) return std::nullopt;
-    return ServiceMatch{std::string(className)};
+    return ServiceMatch{className};
 }
 
 RegistryWalk SimulatedSMCUserClient::getMatchingServices(const ServiceMatch& match) {

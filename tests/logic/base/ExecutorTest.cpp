@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/PostBurst.h"
 #include "base/QueueExecutor.h"
 #include "base/SerialExecutor.h"
 
@@ -122,6 +123,44 @@ TEST(SerialExecutor, jobs_run_in_order_on_one_other_thread) {
     EXPECT_EQ(ran.size(), 100u);
     EXPECT_EQ(std::ranges::count(threads, threads.front()), 100);
     EXPECT_NE(threads.front(), std::this_thread::get_id());
+}
+
+TEST(PostBurst, wakes_each_executor_once_however_many_jobs_it_got) {
+    SerialExecutor first, second;
+    std::promise<void> done[2];
+    {
+        const PostBurst burst;
+        for (int i = 0; i < 3; ++i) first.post([] {});
+        EXPECT_EQ(burst.size(), 1u);
+        first.post([&] { done[0].set_value(); });
+        second.post([&] { done[1].set_value(); });
+        EXPECT_EQ(burst.size(), 2u);
+    }
+    for (auto& each : done) each.get_future().wait();
+}
+
+TEST(PostBurst, within_another_leaves_the_waking_to_that_one) {
+    SerialExecutor executor;
+    std::promise<void> done;
+    {
+        const PostBurst outer;
+        {
+            const PostBurst inner;
+            executor.post([&] { done.set_value(); });
+            EXPECT_EQ(outer.size(), 0u);
+        }
+        EXPECT_EQ(outer.size(), 1u);
+    }
+    done.get_future().wait();
+}
+
+TEST(PostBurst, is_of_its_own_thread_alone) {
+    SerialExecutor executor;
+    const PostBurst burst;
+    std::promise<void> done;
+    std::thread([&] { executor.post([&] { done.set_value(); }); }).join();
+    EXPECT_EQ(burst.size(), 0u);
+    done.get_future().wait();
 }
 
 /// What jobs of a thread tell, on a queue that the test steps.

@@ -194,6 +194,56 @@ TEST_F(BlockStorage, rates_are_those_of_all_whole_disks) {
     EXPECT_EQ(reading.writeIOPS, 4.0);
 }
 
+TEST_F(BlockStorage, each_disk_keeps_its_own_figures_over_many_refreshes) {
+    Machine machine(tree.path());
+    for (int second = 1; second < 4; ++second) {
+        add("sda", std::to_string(second) + " 0 2 0 3 0 4 0\n");
+        add("sdb", std::to_string(10 * second) + " 0 20 0 30 0 40 0\n");
+        ++machine.changes.now;
+        const auto volumes = machine.refresh().volumes;
+        ASSERT_EQ(volumes.size(), 2U);
+        EXPECT_EQ(volumes[0].readOps, static_cast<std::uint64_t>(second));
+        EXPECT_EQ(volumes[0].bytesRead, 1024U);
+        EXPECT_EQ(volumes[0].writeOps, 3U);
+        EXPECT_EQ(volumes[0].bytesWritten, 2048U);
+        EXPECT_EQ(volumes[1].readOps, static_cast<std::uint64_t>(10 * second));
+        EXPECT_EQ(volumes[1].bytesWritten, 20'480U);
+    }
+}
+
+TEST_F(BlockStorage, a_disk_that_goes_between_the_search_and_the_reading_is_left_out) {
+    add("sda");
+    add("sdb");
+    Machine machine(tree.path());
+    EXPECT_EQ(machine.found(), "sda:sda sdb:sdb ");
+    LinuxIORegistry& registry = machine.registry;
+    const auto walk = registry.getMatchingServices({"IOBlockStorageDriver"});
+    const auto entry = registry.iteratorNext(walk.iterator);
+    EXPECT_TRUE(registry.entryProperty(entry, "Statistics").exists());
+    set("sda/stat", "");  // the kernel refuses to read, and gives no numbers
+    EXPECT_FALSE(registry.entryProperty(entry, "Statistics").exists());
+    EXPECT_TRUE(registry.iteratorNext(walk.iterator));
+    EXPECT_EQ(machine.found(), "sdb:sdb ");
+    add("sda");
+    EXPECT_EQ(machine.found(), "sda:sda sdb:sdb ");
+}
+
+TEST_F(BlockStorage, an_owner_looks_at_one_property_after_another) {
+    add("sda");
+    set("sda/device/model", "One\n");
+    Machine machine(tree.path());
+    LinuxIORegistry& registry = machine.registry;
+    const auto driver = registry.getMatchingService({"IOBlockStorageDriver"});
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(registry.entryProperty(driver, "Statistics")["Bytes (Write)"].number(), 2048);
+        EXPECT_EQ(registry.entryProperty(driver, "Device Characteristics")["Product Name"].text(),
+                  "One");
+        EXPECT_EQ(
+            registry.entryProperties(driver).properties["Statistics"]["Operations (Read)"].number(),
+            1);
+    }
+}
+
 TEST_F(BlockStorage, a_medium_knows_its_driver) {
     add("sda");
     Machine machine(tree.path());

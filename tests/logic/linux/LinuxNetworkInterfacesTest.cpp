@@ -37,6 +37,29 @@ TEST(NetDevice, headings_and_damaged_lines_are_none) {
         EXPECT_FALSE(parseNetDeviceLine(line)) << line;
 }
 
+TEST(KeptFile, a_short_text_stays_until_its_own_thread_reads_the_next_file) {
+    const TemporaryTree tree;
+    tree.write("/one", "first");
+    tree.write("/two", "other");
+    KeptFile one(tree.path() + "/one"), two(tree.path() + "/two");
+    const auto text = one.read(KeptFile::shortBytes);
+    std::thread([&] { EXPECT_EQ(two.read(KeptFile::shortBytes), "other"); }).join();
+    EXPECT_EQ(text, "first");
+    const auto next = two.read(64);
+    ASSERT_TRUE(text && next);
+    EXPECT_EQ(next->data(), text->data());
+}
+
+TEST(KeptFile, a_long_text_has_a_place_of_its_own) {
+    const TemporaryTree tree;
+    tree.write("/one", std::string(10'000, 'x'));
+    tree.write("/two", "other");
+    KeptFile one(tree.path() + "/one"), two(tree.path() + "/two");
+    const auto text = one.read(KeptFile::shortBytes + 1);
+    EXPECT_EQ(two.read(64), "other");
+    EXPECT_EQ(text, std::string(KeptFile::shortBytes + 1, 'x'));
+}
+
 TEST(KeptFile, gives_a_file_whole_whatever_its_size_and_follows_it) {
     const TemporaryTree tree;
     KeptFile file(tree.path() + "/file");

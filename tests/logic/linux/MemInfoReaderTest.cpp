@@ -113,6 +113,14 @@ TEST(MemInfoReader, a_damaged_file_fails_both_ports_until_it_is_whole) {
     EXPECT_EQ(m.host.statistics64(hostVMInfo64, words).result, kernSuccess);
 }
 
+TEST(MemInfoReader, a_longer_file_than_kernels_write_is_read_to_its_end) {
+    Machine m;
+    std::string lines;
+    while (lines.size() < 8000) lines += "Unknown: 1 kB\n";
+    m.tree.write(path, lines + memory(350));
+    EXPECT_EQ(m.freeKB(m.reader.read()), 350U);
+}
+
 TEST(MemInfoReader, the_pools_of_compressed_swap_devices_are_found_as_they_come_and_go) {
     Machine m;
     EXPECT_EQ(m.reader.read()->zramBytes, 0U);

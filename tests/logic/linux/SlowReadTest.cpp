@@ -6,6 +6,7 @@
 #include <future>
 #include <memory>
 #include <thread>
+#include <vector>
 
 #include "base/QueueExecutor.h"
 #include "platform/linux/SlowReadThread.h"
@@ -136,7 +137,7 @@ TEST(SlowRead, that_hangs_outlives_its_owner_its_thread_and_the_clock) {
     std::promise<void>* const release = &hanging->released;
     {
         const auto clock = std::make_unique<ManualClock>();
-        SlowReadThread thread({}, Duration(0));
+        SlowReadThread thread({}, {.patience = Duration(0)});
         SlowRead<int> source(thread, *clock, [hanging = std::move(hanging)] {
             hanging->begun.set_value();
             hanging->released.get_future().wait();
@@ -154,12 +155,12 @@ TEST(SlowRead, that_hangs_outlives_its_owner_its_thread_and_the_clock) {
 TEST(SlowReadThread, starts_with_its_first_job_and_ends_with_its_owner) {
     bool hasStarted = false;
     {
-        const SlowReadThread thread([&] { hasStarted = true; }, hours(1));
+        const SlowReadThread thread([&] { hasStarted = true; }, {.patience = hours(1)});
     }
     EXPECT_FALSE(hasStarted);
     bool isCurrent = false;
     {
-        SlowReadThread thread([&] { hasStarted = true; }, hours(1));
+        SlowReadThread thread([&] { hasStarted = true; }, {.patience = hours(1)});
         std::promise<void> done;
         thread.post([&] {
             isCurrent = hasStarted && thread.isCurrent();
@@ -177,7 +178,7 @@ TEST(SlowReadThread, its_end_drops_what_is_queued_behind_a_job_that_hangs) {
     auto owned = std::make_shared<int>(1);
     const std::weak_ptr<int> queued = owned;
     {
-        SlowReadThread thread({}, Duration(0));
+        SlowReadThread thread({}, {.patience = Duration(0)});
         thread.post([release, &begun] {
             const auto kept = release;
             begun.set_value();
@@ -188,6 +189,70 @@ TEST(SlowReadThread, its_end_drops_what_is_queued_behind_a_job_that_hangs) {
     }
     EXPECT_TRUE(queued.expired());
     release->set_value();
+}
+
+/// A thread that gathers for ever, at rest.
+struct GatheringThread : testing::Test {
+    GatheringThread() {
+        thread.post([] {});
+        while (!thread.isAtRest()) std::this_thread::yield();
+    }
+    /// A job that notes its number.
+    [[nodiscard]] Job noting(int number) {
+        return [this, number] { ran.push_back(number); };
+    }
+    void waitForAll() {
+        std::promise<void> done;
+        thread.post([&] { done.set_value(); });
+        done.get_future().wait();
+    }
+
+    std::vector<int> ran;  ///< of the thread's jobs alone, once they were waited for
+    SlowReadThread thread{{}, {.patience = hours(1), .gathering = hours(1)}};
+};
+
+TEST_F(GatheringThread, is_not_woken_for_what_nobody_waits_for) {
+    thread.postSoon(noting(1));
+    thread.postSoon(noting(2));
+    EXPECT_TRUE(thread.isAtRest());
+    EXPECT_TRUE(ran.empty());
+}
+
+TEST_F(GatheringThread, runs_what_it_gathered_in_order_once_somebody_waits) {
+    thread.postSoon(noting(1));
+    thread.postSoon(noting(2));
+    thread.post(noting(3));
+    waitForAll();
+    EXPECT_EQ(ran, (std::vector{1, 2, 3}));
+}
+
+TEST_F(GatheringThread, reads_at_once_what_was_gathered_when_somebody_waits_for_it) {
+    const ManualClock clock;
+    SlowRead<int> source(thread, clock, [] { return std::optional(7); }, hours(1));
+    EXPECT_EQ(source.latest(), std::nullopt);
+    EXPECT_TRUE(thread.isAtRest());
+    EXPECT_EQ(source.read(), 7);
+}
+
+TEST_F(GatheringThread, drops_what_it_gathered_when_it_ends) {
+    auto owned = std::make_shared<int>(1);
+    const std::weak_ptr<int> queued = owned;
+    {
+        SlowReadThread other({}, {.patience = hours(1), .gathering = hours(1)});
+        other.post([] {});
+        while (!other.isAtRest()) std::this_thread::yield();
+        other.postSoon([owned = std::move(owned)] { FAIL() << "it ran"; });
+    }
+    EXPECT_TRUE(queued.expired());
+}
+
+TEST(SlowReadThread, runs_by_itself_what_it_gathered_a_while) {
+    SlowReadThread thread({}, {.patience = hours(1), .gathering = milliseconds(1)});
+    thread.post([] {});
+    while (!thread.isAtRest()) std::this_thread::yield();
+    std::promise<void> done;
+    thread.postSoon([&] { done.set_value(); });
+    done.get_future().wait();
 }
 
 }  // namespace
