@@ -91,8 +91,12 @@ Holding readHolding(pid_t process) {
     const fs::path folder = folderOf(process);
     const auto memory = figuresOf(folder / "smaps_rollup");
     if (!memory.contains("Pss")) gone(process);
-    return {memory.at("Pss"), memory.at("Private_Clean") + memory.at("Private_Dirty"),
-            memory.at("Rss"), entryCount(folder / "task"), entryCount(folder / "fd")};
+    return {memory.at("Pss"),
+            memory.at("Private_Clean") + memory.at("Private_Dirty"),
+            memory.at("Rss"),
+            memory.at("Pss_Anon") + memory.at("Pss_Shmem"),
+            entryCount(folder / "task"),
+            entryCount(folder / "fd")};
 }
 
 CostSpan between(const CostReading& begin, const CostReading& end) {

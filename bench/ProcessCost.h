@@ -47,6 +47,8 @@ struct Holding {
     std::uint64_t pssKiB = 0;
     std::uint64_t ussKiB = 0;
     std::uint64_t rssKiB = 0;
+    /// The part of `pss` that is no file's: other programs that come and go do not change it.
+    std::uint64_t ownKiB = 0;
     std::size_t threads = 0;
     std::size_t descriptors = 0;
 };

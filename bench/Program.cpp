@@ -56,20 +56,27 @@ Program::Program(const std::vector<std::string>& command, const Environment& env
 }
 
 Program::~Program() {
-    if (!isRunning()) return;
-    kill(process_, SIGTERM);
-    const auto limit = std::chrono::steady_clock::now() + patience;
-    while (isRunning() && std::chrono::steady_clock::now() < limit) {
-        std::this_thread::sleep_for(glance);
-    }
+    (void)end();
     if (!isRunning()) return;
     kill(process_, SIGKILL);
     waitpid(process_, nullptr, 0);
 }
 
 bool Program::isRunning() {
-    if (process_ > 0 && waitpid(process_, nullptr, WNOHANG) != 0) process_ = -1;
+    if (process_ > 0 && waitpid(process_, &status_, WNOHANG) != 0) process_ = -1;
     return process_ > 0;
+}
+
+std::optional<int> Program::end() {
+    if (!isRunning()) return std::nullopt;
+    kill(process_, SIGTERM);
+    const auto limit = std::chrono::steady_clock::now() + patience;
+    while (isRunning()) {
+        if (std::chrono::steady_clock::now() > limit) return std::nullopt;
+        std::this_thread::sleep_for(glance);
+    }
+    constexpr int bySignal = 128;
+    return WIFEXITED(status_) ? WEXITSTATUS(status_) : bySignal + WTERMSIG(status_);
 }
 
 }  // namespace vtx::bench

@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,9 +29,13 @@ public:
     [[nodiscard]] pid_t process() const { return process_; }
     /// Whether it has not ended by itself.
     [[nodiscard]] bool isRunning();
+    /// Asks it to end: its exit status, or 128 and the signal that ended it. Absent where it does
+    /// not within some seconds, or ended before.
+    std::optional<int> end();
 
 private:
     pid_t process_;
+    int status_ = 0;  // as waitpid gives it, once it has ended
 };
 
 }  // namespace vtx::bench

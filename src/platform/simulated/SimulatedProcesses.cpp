@@ -11,11 +11,6 @@
 #include "platform/simulated/SimulatedProcessors.h"
 
 namespace vtx {
-namespace {
-
-constexpr std::uint64_t nanosecondsPerTick = 10'000'000;
-
-}  // namespace
 
 SimulatedProcesses::SimulatedProcesses(const Clock& clock, SimulatedProcessors& processors)
     : clock_(clock),
@@ -117,9 +112,10 @@ void SimulatedProcesses::shareOut(std::uint64_t nanoseconds, Duration sinceStart
 }
 
 std::uint64_t SimulatedProcesses::coresBusy() const {
-    std::uint64_t ticks = 0;
-    for (const auto& core : processors_.ticks()) ticks += core[0] + core[1] + core[3];
-    return ticks * nanosecondsPerTick;
+    // Not by their ticks, which begin anew.
+    std::uint64_t busy = 0;
+    for (const auto core : processors_.busyNanoseconds()) busy += static_cast<std::uint64_t>(core);
+    return busy;
 }
 
 }  // namespace vtx

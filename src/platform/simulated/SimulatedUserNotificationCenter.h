@@ -25,6 +25,8 @@ public:
 
     /// Every notification that was taken, oldest first.
     [[nodiscard]] const std::vector<NotificationRequest>& posted() const { return posted_; }
+    /// Forgets them: the user has cleared the list.
+    void forget() { posted_.clear(); }
     /// What stands in the user's list: of each identifier the newest.
     [[nodiscard]] std::vector<NotificationRequest> shown() const;
 

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "SoakReport.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <stdexcept>
+
+namespace vtx::bench {
+namespace {
+
+constexpr std::size_t parts = 6;
+constexpr double kibPerMib = 1024;
+constexpr double mostGrowthMib = 1.0;
+/// Shorter ones have no calm samples in each part, or are not at rest by then.
+constexpr std::chrono::minutes leastLength(12);
+/// Of the strip, in the time for which it is watched under an uneven load.
+constexpr std::size_t leastStripChanges = 5;
+
+using Figure = std::function<double(const Holding&)>;
+
+double pss(const Holding& holding) { return static_cast<double>(holding.pssKiB) / kibPerMib; }
+double rss(const Holding& holding) { return static_cast<double>(holding.rssKiB) / kibPerMib; }
+double own(const Holding& holding) { return static_cast<double>(holding.ownKiB) / kibPerMib; }
+double descriptors(const Holding& holding) { return static_cast<double>(holding.descriptors); }
+double threads(const Holding& holding) { return static_cast<double>(holding.threads); }
+
+std::size_t partOf(const SoakSample& sample, const SoakReport& report) {
+    const double passed = sample.at / report.length;
+    return std::min(static_cast<std::size_t>(passed * parts), parts - 1);
+}
+
+/// The figures of a part, in their order of size.
+std::vector<double> sorted(const SoakReport& report, std::size_t part, bool calmAlone,
+                           const Figure& figure) {
+    std::vector<double> values;
+    for (const auto& sample : report.samples) {
+        if (partOf(sample, report) != part || (calmAlone && !sample.isCalm)) continue;
+        values.push_back(figure(sample.holding));
+    }
+    std::ranges::sort(values);
+    return values;
+}
+
+/// Absent where there are no calm samples.
+std::optional<double> median(const SoakReport& report, std::size_t part, const Figure& figure) {
+    const auto values = sorted(report, part, true, figure);
+    if (values.empty()) return std::nullopt;
+    return values[values.size() / 2];
+}
+
+std::optional<double> most(const SoakReport& report, std::size_t part, const Figure& figure) {
+    const auto values = sorted(report, part, false, figure);
+    if (values.empty()) return std::nullopt;
+    return values.back();
+}
+
+std::string cell(std::optional<double> value, int decimals) {
+    return value ? fmt::format("{:.{}f}", *value, decimals) : "—";
+}
+
+/// How much more there is in the last part than in the second.
+std::optional<double> growth(const SoakReport& report, const Figure& figure) {
+    const auto before = median(report, 1, figure);
+    const auto after = median(report, parts - 1, figure);
+    if (!before || !after) return std::nullopt;
+    return *after - *before;
+}
+
+std::string namesAndCounts(const SoakReport& report) {
+    std::string text;
+    for (const auto& [name, count] : report.uses) {
+        text += fmt::format("{}{} {}", text.empty() ? "" : ", ", name, count);
+    }
+    return text;
+}
+
+}  // namespace
+
+std::string table(const SoakReport& report) {
+    std::string text = fmt::format("{:.0f} min, seed {}: {} steps ({}), {} repetitions\n\n",
+                                   report.length.count() / 60, report.seed, report.steps,
+                                   namesAndCounts(report), report.repeats);
+    text += fmt::format("{:<14}{:>8}{:>10}{:>10}{:>10}{:>8}{:>9}{:>14}{:>9}{:>11}\n", "", "samples",
+                        "PSS MiB", "RSS MiB", "own MiB", "fds", "threads", "most PSS MiB",
+                        "most fds", "most thr.");
+    for (std::size_t part = 0; part < parts; ++part) {
+        const auto from = report.length.count() * static_cast<double>(part) / parts / 60;
+        text += fmt::format(
+            "from {:>5.1f} min{:>8}{:>10}{:>10}{:>10}{:>8}{:>9}{:>14}{:>9}{:>11}\n", from,
+            sorted(report, part, false, pss).size(), cell(median(report, part, pss), 2),
+            cell(median(report, part, rss), 2), cell(median(report, part, own), 2),
+            cell(median(report, part, descriptors), 0), cell(median(report, part, threads), 0),
+            cell(most(report, part, pss), 2), cell(most(report, part, descriptors), 0),
+            cell(most(report, part, threads), 0));
+    }
+    text += fmt::format("{:<22}{:>10}{:>10}{:>10}{:>8}{:>9}\n", "last less second",
+                        cell(growth(report, pss), 2), cell(growth(report, rss), 2),
+                        cell(growth(report, own), 2), cell(growth(report, descriptors), 0),
+                        cell(growth(report, threads), 0));
+    text += fmt::format(
+        "\nMedians are those with every surface closed. The strip showed something else {} times "
+        "in {:.0f} s.\n",
+        report.stripChanges, report.stripWatched.count());
+    if (report.length < leastLength) text += "That was too short to judge what it held.\n";
+    return text;
+}
+
+std::vector<std::string> complaints(const SoakReport& report) {
+    std::vector<std::string> found;
+    const auto judge = [&](const char* what, const Figure& figure, double mostGrowth) {
+        const auto grown = growth(report, figure);
+        if (!grown) {
+            found.push_back(fmt::format("{}: too short to tell", what));
+        } else if (*grown > mostGrowth) {
+            found.push_back(
+                fmt::format("{}: {:.2f} more than after the first sixth", what, *grown));
+        }
+    };
+    if (report.length >= leastLength) {
+        judge("resident memory in MiB", rss, mostGrowthMib);
+        judge("memory that no file holds in MiB", own, mostGrowthMib);
+        judge("descriptors", descriptors, 0);
+        judge("threads", threads, 0);
+    }
+    if (report.stripChanges < leastStripChanges) found.emplace_back("the strip stands still");
+    if (!report.hasEndedInOrder) found.emplace_back("the program did not end as it was asked to");
+    return found;
+}
+
+void saveCsv(const SoakReport& report, const std::filesystem::path& file) {
+    std::ofstream out(file);
+    out << "seconds,calm,pssKiB,ussKiB,rssKiB,ownKiB,descriptors,threads\n";
+    for (const auto& [at, isCalm, holding] : report.samples) {
+        out << fmt::format("{:.1f},{:d},{},{},{},{},{},{}\n", at.count(), isCalm, holding.pssKiB,
+                           holding.ussKiB, holding.rssKiB, holding.ownKiB, holding.descriptors,
+                           holding.threads);
+    }
+    if (!out.flush()) throw std::runtime_error(fmt::format("{} cannot be written", file.string()));
+}
+
+}  // namespace vtx::bench

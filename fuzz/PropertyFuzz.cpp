@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// Values of the registry, of any kind in any place: what drives, the graphics and the battery are
+// said to have done.
+#include <cmath>
+#include <cstring>
+
+#include "Fuzz.h"
+#include "platform/simulated/Instruments.h"
+#include "platform/simulated/ManualClock.h"
+#include "platform/simulated/SimulatedIORegistry.h"
+#include "smc/BatteryTemperatureReader.h"
+#include "telemetry/DiskIOMonitor.h"
+#include "telemetry/GPUMonitorEngine.h"
+
+using namespace vtx;
+
+namespace {
+
+constexpr int deepest = 3;
+
+/// Takes values off the input; an absent one where that says so, or is used up.
+class Values {
+public:
+    explicit Values(std::span<const std::byte> input) : input_(input) {}
+
+    std::optional<Property> next(int depth = 0) {
+        switch (byte() % 9) {
+            case 0:
+                return Property(byte() % 2 == 0);
+            case 1:
+                return Property(number<std::int64_t>());
+            case 2:
+                return Property(number<double>());
+            case 3:
+                return Property(text());
+            case 4:
+                return Property(toData(text()));
+            case 5:
+                return depth == deepest ? Property(0) : Property(list(depth));
+            case 6:
+                return depth == deepest ? Property(1.5) : Property(map(depth));
+            case 7:
+                return Property(static_cast<std::int64_t>(byte()));
+            default:
+                return std::nullopt;
+        }
+    }
+    /// A map with these keys, where the values are there.
+    template <class... Keys>
+    Property mapOf(Keys... keys) {
+        PropertyMap made;
+        const auto add = [&](const char* key) {
+            if (auto value = next(1)) made.emplace(key, *std::move(value));
+        };
+        (add(keys), ...);
+        // Not always a map.
+        return byte() % 16 == 0 ? next().value_or(Property(0)) : Property(std::move(made));
+    }
+
+private:
+    unsigned byte() {
+        if (input_.empty()) return 8;
+        const auto first = std::to_integer<unsigned>(input_.front());
+        input_ = input_.subspan(1);
+        return first;
+    }
+    template <class Number>
+    Number number() {
+        Number value{};
+        const auto bytes = input_.first(std::min(sizeof value, input_.size()));
+        std::memcpy(&value, bytes.data(), bytes.size());
+        input_ = input_.subspan(bytes.size());
+        return value;
+    }
+    std::string text() {
+        const auto bytes = input_.first(std::min<std::size_t>(byte() % 12, input_.size()));
+        input_ = input_.subspan(bytes.size());
+        return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+    }
+    PropertyList list(int depth) {
+        PropertyList made;
+        for (auto count = byte() % 4; count > 0; --count)
+            if (auto value = next(depth + 1)) made.push_back(*std::move(value));
+        return made;
+    }
+    PropertyMap map(int depth) {
+        PropertyMap made;
+        for (auto count = byte() % 4; count > 0; --count)
+            if (auto value = next(depth + 1)) made.emplace(text(), *std::move(value));
+        return made;
+    }
+
+    std::span<const std::byte> input_;
+};
+
+/// Made once: only the values are those of the input.
+struct Machine {
+    using Node = SimulatedRegistry::Node;
+
+    ManualClock clock;
+    SimulatedRegistry registry;
+    Instruments instruments;
+    SimulatedIORegistry port{registry, instruments};
+    Node services = registry.root(planes::service);
+    Node device = registry.add(services, "disk", "IOBlockStorageDevice");
+    Node driver = registry.add(device, "driver", "IOBlockStorageDriver");
+    Node medium = registry.add(driver, "medium", "IOMedia");
+    Node accelerator = registry.add(services, "gpu", "IOAccelerator");
+    Node battery = registry.add(services, "battery", "AppleSmartBattery");
+
+    void set(Node node, const char* key, std::optional<Property> value) {
+        registry.unset(node, key);
+        if (value) registry.set(node, key, *std::move(value));
+    }
+};
+
+void tryDrive(Machine& machine, Values& values) {
+    machine.set(machine.device, "Device Characteristics", values.mapOf("Product Name"));
+    machine.set(machine.medium, "BSD Name", values.next());
+    DiskIOMonitor drives(machine.port, machine.clock);
+    for (int i = 0; i < 2; ++i) {
+        machine.set(machine.driver, "Statistics",
+                    values.mapOf("Bytes (Read)", "Bytes (Write)", "Operations (Read)",
+                                 "Operations (Write)"));
+        drives.refresh();
+        const DiskIOReading& reading = **drives.latest;
+        fuzz::expect(reading.volumes.size() <= 1);
+        for (const auto& rate : {reading.bytesReadPerSecond, reading.bytesWrittenPerSecond,
+                                 reading.readIOPS, reading.writeIOPS})
+            fuzz::expect(!rate || (std::isfinite(*rate) && *rate >= 0.0));
+        machine.clock.advanceBy(std::chrono::seconds(1));
+    }
+}
+
+void tryGraphics(Machine& machine, Values& values) {
+    machine.set(
+        machine.accelerator, "PerformanceStatistics",
+        values.mapOf("Device Utilization %", "Tiler Utilization %", "Renderer Utilization %"));
+    GPUMonitorEngine graphics(machine.port, machine.clock);
+    const auto stats = graphics.sample();
+    if (!stats) return;
+    for (const auto& load : {std::optional(stats->deviceUtilization), stats->tilerUtilization,
+                             stats->rendererUtilization})
+        fuzz::expect(!load || (*load >= 0.0 && *load <= 1.0));
+}
+
+void tryBattery(Machine& machine, Values& values) {
+    machine.set(machine.battery, "Temperature", values.next());
+    const auto celsius = BatteryTemperatureReader::readFromAppleSmartBattery(machine.port);
+    fuzz::expect(!celsius || std::isfinite(*celsius));
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static Machine machine;
+    Values values(fuzz::asInputBytes(data, size));
+    tryDrive(machine, values);
+    tryGraphics(machine, values);
+    tryBattery(machine, values);
+    fuzz::expect(machine.instruments.handles.outstanding() == 0);
+    return 0;
+}

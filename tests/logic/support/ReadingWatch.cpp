@@ -1,0 +1,256 @@
+// SPDX-License-Identifier: MIT
+#include "support/ReadingWatch.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <memory>
+#include <set>
+
+namespace vtx {
+namespace {
+
+constexpr double historyWindowSeconds = 3600.0;
+constexpr std::size_t historySlack = 64;
+constexpr double shortestPass = DisplayPreferences::minRefreshIntervalSeconds;
+/// Of points, were a pass begun whenever one is due; a tenth more for those that are asked for.
+constexpr auto mostPoints =
+    static_cast<std::size_t>(1.1 * historyWindowSeconds / shortestPass) + historySlack;
+
+bool isNone(const ThermalStats& /*reading*/) { return false; }
+/// The one reading without fans has the time of its first use.
+bool isNone(const FanStats& reading) { return reading.fans.empty(); }
+
+double since(const std::optional<Date>& last, Date now) {
+    return last ? toSeconds(now - *last) : 0.0;
+}
+
+}  // namespace
+
+ReadingWatch::ReadingWatch(MetricsCoordinator& coordinator) : coordinator_(coordinator) {
+    follow("processor", coordinator.cpu.latest);
+    follow("graphics", coordinator.gpu.latest);
+    follow("memory", coordinator.memory.latest);
+    follow("thermal level", coordinator.thermal.latest);
+    follow("temperature", coordinator.temperature.latest);
+    follow("battery", coordinator.battery.latest);
+    follow("drives", coordinator.diskIO.latest);
+    follow("network", coordinator.network.latest);
+    follow("fans", coordinator.fan.latest);
+    followHistory("history of the processor", coordinator.cpuHistory, 1.0);
+    followHistory("history of performance cores", coordinator.pCoreHistory, 1.0);
+    followHistory("history of efficiency cores", coordinator.eCoreHistory, 1.0);
+    followHistory("history of the graphics", coordinator.gpuHistory, 1.0);
+    followHistory("history of the memory", coordinator.memoryHistory, 1.0);
+    followHistory("history of reading", coordinator.diskReadHistory, HUGE_VAL);
+    followHistory("history of writing", coordinator.diskWriteHistory, HUGE_VAL);
+    followHistory("history of the Neural Engine", coordinator.aneHistory, 1.0);
+}
+
+template <class Reading>
+void ReadingWatch::follow(std::string_view name, const Published<std::optional<Reading>>& latest) {
+    subscriptions_.push_back(latest.subscribe(
+        [this, name, last = distantPast, was = false](const std::optional<Reading>& now) mutable {
+            demand(now || !was, fmt::format("{}: there was a reading, and there is none", name));
+            if (!now) return;
+            was = true;
+            inOrder(name, now->timestamp, last);
+            look(*now);
+        }));
+}
+
+template <class Reading>
+void ReadingWatch::follow(std::string_view name, const Published<Reading>& latest) {
+    subscriptions_.push_back(
+        latest.subscribe([this, name, last = distantPast](const Reading& now) mutable {
+            if (!isNone(now)) inOrder(name, now.timestamp, last);
+            look(now);
+        }));
+}
+
+void ReadingWatch::followHistory(std::string_view name, const Published<HistorySeries>& history,
+                                 double most) {
+    subscriptions_.push_back(history.subscribe([this, name, most](const HistorySeries& series) {
+        if (series.empty()) return;
+        // The one that came: all others were looked at when they did.
+        const auto& [now, value] = series.back();
+        demand(value >= 0.0 && value <= most && std::isfinite(value),
+               fmt::format("{}: {}", name, value));
+        demand(series.size() <= mostPoints, fmt::format("{}: {} points", name, series.size()));
+        if (series.size() > historySlack)
+            demand(toSeconds(now - series[historySlack].timestamp) <= historyWindowSeconds,
+                   fmt::format("{}: keeps what is too old", name));
+        if (series.size() > 1)
+            demand(now >= series[series.size() - 2].timestamp,
+                   fmt::format("{}: time goes back", name));
+    }));
+}
+
+void ReadingWatch::inOrder(std::string_view name, Date now, Date& last) {
+    ++readings_;
+    demand(now >= last, fmt::format("{}: its time goes back", name));
+    last = now;
+}
+
+void ReadingWatch::demand(bool holds, std::string_view what) {
+    if (!holds && !complaint_) complaint_ = what;
+}
+
+void ReadingWatch::rate(std::optional<double> perSecond, double counted, double interval,
+                        std::string_view what) {
+    if (!perSecond) return;
+    demand(std::isfinite(*perSecond) && *perSecond >= 0.0, what);
+    // What came in that time is within what was counted since ever.
+    demand(*perSecond * interval <= counted * 1.000001 + 1.0, what);
+}
+
+void ReadingWatch::look(const CPUStats& reading) {
+    fraction(reading.totalUsage, "processor: the load of all cores");
+    fraction(reading.pCoreUsage, "processor: the load of the performance cores");
+    fraction(reading.eCoreUsage, "processor: the load of the efficiency cores");
+    for (const auto* cores : {&reading.perCoreUsage, &reading.pPerCore, &reading.ePerCore})
+        for (const double load : *cores) fraction(load, "processor: the load of a core");
+    demand(reading.pPerCore.size() + reading.ePerCore.size() == reading.perCoreUsage.size(),
+           "processor: cores are missing");
+    constexpr double fastestMHz = 10'000.0;
+    for (const auto& clock : {reading.pCoreCurrentFrequencyMHz, reading.eCoreCurrentFrequencyMHz})
+        demand(!clock || (*clock > 0.0 && *clock < fastestMHz), "processor: a clock");
+}
+
+void ReadingWatch::look(const GPUStats& reading) {
+    fraction(reading.deviceUtilization, "graphics: the load");
+    fraction(reading.tilerUtilization, "graphics: the tiler's load");
+    fraction(reading.rendererUtilization, "graphics: the renderer's load");
+}
+
+void ReadingWatch::look(const MemoryStats& reading) {
+    fraction(reading.usedFraction(), "memory: the part in use");
+    for (const auto bytes : {reading.usedBytes, reading.freeBytes, reading.activeBytes,
+                             reading.wiredBytes, reading.inactiveBytes, reading.compressedBytes})
+        demand(bytes <= reading.totalBytes, "memory: a part is more than all");
+    demand(reading.activeBytes + reading.wiredBytes + reading.compressedBytes == reading.usedBytes,
+           "memory: the parts in use");
+    demand(reading.swapUsedBytes <= reading.swapTotalBytes, "memory: swap in use");
+}
+
+void ReadingWatch::look(const ThermalStats& reading) {
+    demand(
+        std::ranges::find(ThermalStats::allLevels, reading.level) != ThermalStats::allLevels.end(),
+        "thermal level: one that there is not");
+}
+
+void ReadingWatch::look(const TemperatureReading& reading) {
+    constexpr double meltsC = 150.0, coldestC = -40.0;
+    demand(!reading.cpuMaxC || (*reading.cpuMaxC > 0.0 && *reading.cpuMaxC < meltsC),
+           "temperature: the processor's");
+    demand(!reading.batteryC || (*reading.batteryC > coldestC && *reading.batteryC < meltsC),
+           "temperature: the battery's");
+}
+
+void ReadingWatch::look(const BatteryReading& reading) {
+    constexpr double aLittleMoreThanFull = 1.5;
+    if (reading.chargeFraction)
+        demand(*reading.chargeFraction >= 0.0 && *reading.chargeFraction <= aLittleMoreThanFull,
+               "battery: the charge");
+    for (const auto& figure : {reading.minutesUntilFull, reading.minutesRemaining,
+                               reading.currentCapacityMAh, reading.maxCapacityMAh})
+        demand(!figure || *figure >= 0, "battery: a figure below 0");
+    demand(!reading.temperatureC || std::isfinite(*reading.temperatureC),
+           "battery: the temperature");
+}
+
+void ReadingWatch::look(const DiskIOReading& reading) {
+    const int rates = reading.bytesReadPerSecond.has_value() +
+                      reading.bytesWrittenPerSecond.has_value() + reading.readIOPS.has_value() +
+                      reading.writeIOPS.has_value();
+    demand(rates == 0 || rates == 4, "drives: some of the rates are missing");
+    double read = 0.0, written = 0.0, reads = 0.0, writes = 0.0;
+    for (const auto& volume : reading.volumes) {
+        demand(!volume.name.empty(), "drives: one has no name");
+        read += static_cast<double>(volume.bytesRead);
+        written += static_cast<double>(volume.bytesWritten);
+        reads += static_cast<double>(volume.readOps);
+        writes += static_cast<double>(volume.writeOps);
+    }
+    const double interval = since(lastDisk_, reading.timestamp);
+    rate(reading.bytesReadPerSecond, read, interval, "drives: what is read");
+    rate(reading.bytesWrittenPerSecond, written, interval, "drives: what is written");
+    rate(reading.readIOPS, reads, interval, "drives: reads");
+    rate(reading.writeIOPS, writes, interval, "drives: writes");
+    lastDisk_ = reading.timestamp;
+}
+
+void ReadingWatch::look(const NetworkReading& reading) {
+    demand(reading.bytesInPerSecond.has_value() == reading.bytesOutPerSecond.has_value(),
+           "network: one of the rates is missing");
+    demand(std::ranges::is_sorted(reading.interfaces, {}, &NetworkInterfaceSnapshot::bsdName),
+           "network: the interfaces are not by name");
+    std::uint64_t in = 0, out = 0;
+    for (const auto& each : reading.interfaces) {
+        demand(!each.bsdName.empty(), "network: an interface has no name");
+        if (!each.isActive) continue;
+        in += each.bytesIn;
+        out += each.bytesOut;
+    }
+    demand(in == reading.totalBytesIn && out == reading.totalBytesOut, "network: the totals");
+    if (reading.primary)
+        demand(
+            reading.primary->isActive &&
+                std::ranges::find(reading.interfaces, *reading.primary) != reading.interfaces.end(),
+            "network: the first interface is none that is used");
+    const double interval = since(lastNetwork_, reading.timestamp);
+    rate(reading.bytesInPerSecond, static_cast<double>(in), interval, "network: what comes in");
+    rate(reading.bytesOutPerSecond, static_cast<double>(out), interval, "network: what goes out");
+    lastNetwork_ = reading.timestamp;
+}
+
+void ReadingWatch::look(const FanStats& reading) {
+    constexpr int fastest = 12'000;
+    for (const FanReading& fan : reading.fans) {
+        demand(fan.currentRPM >= 0 && fan.currentRPM <= fastest, "fans: a speed");
+        for (const auto& bound : {fan.minRPM, fan.maxRPM, fan.targetRPM})
+            demand(!bound || (*bound >= 0 && *bound <= fastest), "fans: a bound");
+    }
+    fraction(reading.averageLoad(), "fans: their place between the bounds");
+}
+
+void ReadingWatch::lookAtTheRest() {
+    const MetricsCoordinator& c = coordinator_;
+    demand(!c.ane.latest->utilization && !c.ane.latest->watts && !c.ane.latest->activeJobs,
+           "Neural Engine: a figure without a source");
+    demand(std::ranges::find(DisplayPreferences::knownTileIDs, *c.criticalMetric) !=
+               DisplayPreferences::knownTileIDs.end(),
+           "critical metric: no tile");
+    demand(c.memoryPressure.events->size() <= MemoryPressureService::eventLimit,
+           "pressure: too many changes are kept");
+    demand(std::ranges::is_sorted(*c.memoryPressure.events, std::greater<>(),
+                                  &MemoryPressureService::Event::timestamp),
+           "pressure: the newest change is not first");
+    for (const auto& event : *c.memoryPressure.events)
+        fraction(event.usedFraction, "pressure: the part in use");
+
+    std::set<std::int32_t> pids;
+    const auto& reading = *c.cpu.latest;
+    const double cores = reading ? static_cast<double>(reading->perCoreUsage.size()) : 1e3;
+    for (const ProcessSnapshot& process : *c.processes.processes) {
+        demand(pids.insert(process.pid).second, "processes: one is there twice");
+        demand(process.cpuPercent >= 0.0 && process.cpuPercent <= cores + 1.0,
+               fmt::format("processes: {} keeps {} cores busy", process.pid, process.cpuPercent));
+    }
+    for (const auto& [pid, impact] : *c.energyByPID)
+        demand(std::isfinite(impact.score) && impact.score >= 0.0 &&
+                   std::isfinite(impact.wakeupsPerSecond) && impact.wakeupsPerSecond >= 0.0,
+               "energy: a score");
+    const double window = c.hogDetector.configuration->windowSeconds;
+    constexpr double rounding = 1e-6;
+    for (const HogReport& hog : *c.hogDetector.hogs)
+        demand(hog.activeSeconds >= 0.0 && hog.activeSeconds <= window + rounding &&
+                   hog.averageCPU >= 0.0 && hog.averageCPU <= hog.peakCPU + rounding &&
+                   hog.firstObserved <= hog.lastObserved,
+               fmt::format("busy in the background: {} s of {}, {} of {}", hog.activeSeconds,
+                           window, hog.averageCPU, hog.peakCPU));
+}
+
+}  // namespace vtx
