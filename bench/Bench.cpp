@@ -28,6 +28,18 @@ constexpr auto betweenOpenings = std::chrono::milliseconds(730);
 
 constexpr auto resident = "vantrix";
 
+void store(Settings settings, const fs::path& configFolder) {
+    switch (settings) {
+        case Settings::everyTile:
+            return storeEveryTile(configFolder);
+        case Settings::widget:
+            return storeWidget(configFolder);
+        case Settings::ofAFirstStart:
+            break;
+    }
+    storeFirstStart(configFolder);
+}
+
 Program::Environment complete(Program::Environment environment, const fs::path& home) {
     environment.insert({{"HOME", home},
                         {"XDG_CONFIG_HOME", home / "config"},
@@ -40,10 +52,9 @@ Program::Environment complete(Program::Environment environment, const fs::path& 
 }  // namespace
 
 Bench::Subject::Subject(std::string shownName, const std::vector<std::string>& command,
-                        Program::Environment environment, Tiles tiles)
+                        Program::Environment environment, Settings settings)
     : name(std::move(shownName)), program(command, [&] {
-          const auto settings = home.path() / "config/vantrix";
-          tiles == Tiles::all ? storeEveryTile(settings) : storeFirstStart(settings);
+          store(settings, home.path() / "config/vantrix");
           return complete(std::move(environment), home.path());
       }()) {}
 
@@ -60,6 +71,7 @@ CostReport Bench::measure() {
     if (!resident_) return std::move(report_);
     measurePopover();
     if (useSurfaces()) measureWindow("After each surface was opened and closed once");
+    measureAlone("With the mini widget shown", {programs_ / resident}, Settings::widget);
     measureEveryTile();
     measureEverySensor();
     return std::move(report_);
@@ -70,7 +82,7 @@ void Bench::measureEveryTile() {
     for (const auto& tile : tilesWithoutSource())
         missing += fmt::format("{}{}", missing.empty() ? "; none here for: " : ", ", tile);
     measureAlone("With every surface closed and every tile in the strip" + missing,
-                 {programs_ / resident});
+                 {programs_ / resident}, Settings::everyTile);
 }
 
 void Bench::measureEverySensor() {
@@ -80,14 +92,15 @@ void Bench::measureEverySensor() {
         return;
     }
     measureAlone("The same where every sensor is there, told by ordinary files",
-                 sensors.command(programs_ / resident));
+                 sensors.command(programs_ / resident), Settings::everyTile);
 }
 
-void Bench::measureAlone(std::string title, const std::vector<std::string>& command) {
+void Bench::measureAlone(std::string title, const std::vector<std::string>& command,
+                         Settings settings) {
     resident_ = nullptr;
     subjects_.clear();
     addFloors();
-    resident_ = start(resident, command, {}, Tiles::all);
+    resident_ = start(resident, command, {}, settings);
     measureWindow(std::move(title));
 }
 
@@ -125,8 +138,8 @@ void Bench::add(const std::string& command, std::size_t number) {
 }
 
 Bench::Subject* Bench::start(const std::string& name, const std::vector<std::string>& command,
-                             Program::Environment environment, Tiles tiles) {
-    subjects_.push_back(std::make_unique<Subject>(name, command, std::move(environment), tiles));
+                             Program::Environment environment, Settings settings) {
+    subjects_.push_back(std::make_unique<Subject>(name, command, std::move(environment), settings));
     return subjects_.back().get();
 }
 

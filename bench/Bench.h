@@ -15,6 +15,9 @@
 
 namespace vtx::bench {
 
+/// What a program that is measured finds stored.
+enum class Settings { ofAFirstStart, everyTile, widget };
+
 /// Every program that is measured, started together and ended with this.
 class Bench {
 public:
@@ -22,18 +25,16 @@ public:
     explicit Bench(const Options& options);
 
     /// Measures once with every surface of the resident program closed, with the popover open,
-    /// after each surface was used, and then with every tile of the strip: on this machine's
-    /// figures, and on those of a machine that has them all. Throws `std::runtime_error` when a
-    /// program ends by itself. Once only.
+    /// after each surface was used, then with the mini widget shown, and then with every tile of
+    /// the strip: on this machine's figures, and on those of a machine that has them all. Throws
+    /// `std::runtime_error` when a program ends by itself. Once only.
     [[nodiscard]] CostReport measure();
 
 private:
-    enum class Tiles { ofAFirstStart, all };
-
     /// A program with settings and a runtime folder that no other shares.
     struct Subject {
         Subject(std::string shownName, const std::vector<std::string>& command,
-                Program::Environment environment, Tiles tiles);
+                Program::Environment environment, Settings settings);
 
         TemporaryFolder home;  // first: the program writes in it until it ends
         std::string name;
@@ -45,11 +46,13 @@ private:
     Subject* add(const std::string& name);
     void add(const std::string& command, std::size_t number);
     Subject* start(const std::string& name, const std::vector<std::string>& command,
-                   Program::Environment environment = {}, Tiles tiles = Tiles::ofAFirstStart);
+                   Program::Environment environment = {},
+                   Settings settings = Settings::ofAFirstStart);
     void measureEveryTile();
     void measureEverySensor();
     /// One resident program at a time: two would share their pages, and each seem smaller.
-    void measureAlone(std::string title, const std::vector<std::string>& command);
+    void measureAlone(std::string title, const std::vector<std::string>& command,
+                      Settings settings);
     [[nodiscard]] std::vector<CostReading> readAll();
     void measureWindow(std::string title);
     /// Lets the window of time pass; how often the strip showed something else meanwhile.
