@@ -50,6 +50,10 @@ void UserInput::pressWith(std::uint32_t modifier, std::uint32_t key) const {
     letGo(modifier);
 }
 
+void UserInput::type(const std::string& text) const {
+    for (const char letter : text) press(static_cast<unsigned char>(letter));
+}
+
 void UserInput::hold(std::uint32_t key) const { send(XCB_KEY_PRESS, codeOf(key)); }
 
 void UserInput::letGo(std::uint32_t key) const { send(XCB_KEY_RELEASE, codeOf(key)); }
