@@ -9,7 +9,6 @@
 #include "ui/kit/Button.h"
 #include "ui/kit/Switch.h"
 #include "ui/support/FixedTheme.h"
-#include "ui/support/Heard.h"
 #include "ui/support/Shown.h"
 
 namespace vtx {
@@ -72,7 +71,7 @@ protected:
     std::vector<std::pair<QString, TileStep>> steps;
 };
 
-TEST_F(TileListTest, a_screen_reader_finds_the_rows_in_their_order_and_is_told_of_another) {
+TEST_F(TileListTest, a_screen_reader_finds_the_rows_in_their_order) {
     QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(list);
     const auto names = [spoken] {
         QStringList all;
@@ -81,10 +80,8 @@ TEST_F(TileListTest, a_screen_reader_finds_the_rows_in_their_order_and_is_told_o
         return all;
     };
     ASSERT_EQ(names(), (QStringList{"CPU", "GPU", "DISK", "ANE"}));
-    const test::Heard heard;
     list->setTiles(tiles({"gpu", "ane", "cpu", "disk"}));
     EXPECT_EQ(names(), (QStringList{"GPU", "ANE", "CPU", "DISK"}));
-    EXPECT_EQ(test::Heard::of(QAccessible::ObjectReorder).size(), 1U);
 }
 
 TEST_F(TileListTest, rows_are_34_high_in_their_order) {

@@ -6,7 +6,6 @@
 #include "SurfaceBench.h"
 #include "ui/kit/Button.h"
 #include "ui/models/LanguagePickerModel.h"
-#include "ui/support/Heard.h"
 #include "ui/surfaces/LanguageCards.h"
 #include "ui/surfaces/LanguagePickerView.h"
 #include "ui/surfaces/LanguagePickerWindowController.h"
@@ -161,18 +160,6 @@ TEST_F(LanguagePickerTest, its_cards_are_radio_buttons_for_a_screen_reader) {
     EXPECT_FALSE(german->state().checked);
     cards().pressPart(1);
     EXPECT_TRUE(german->state().checked);
-}
-
-TEST_F(LanguagePickerTest, a_screen_reader_is_told_which_card_is_marked_and_which_no_longer) {
-    present(Language::en);
-    const test::Heard heard;
-    test::click(cards(), cards().partRect(1).center());
-    const auto told = test::Heard::of(QAccessible::StateChanged);
-    ASSERT_EQ(told.size(), 2U);
-    EXPECT_EQ(told[0].name, "English");
-    EXPECT_FALSE(told[0].isChecked);
-    EXPECT_EQ(told[1].name, "Deutsch");
-    EXPECT_TRUE(told[1].isChecked);
 }
 
 TEST_F(LanguagePickerTest, presented_again_it_comes_before_what_the_user_turned_to) {
