@@ -7,8 +7,8 @@
 #include <fstream>
 #include <regex>
 
+#include "support/DesktopTest.h"
 #include "support/KernelFigures.h"
-#include "support/PageTest.h"
 #include "support/ProcStat.h"
 
 namespace vtx::e2e {
@@ -17,6 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr double mib = 1048576.0;
+constexpr Span steady{150};
 
 /// "21.4 GB" in bytes, with the part that the text cannot tell; absent where there is none.
 struct SpokenBytes {
@@ -46,7 +47,7 @@ testing::AssertionResult isBetween(const std::optional<SpokenBytes>& spoken, std
                                                 << before << " and " << after;
 }
 
-class SectionE2E : public PageTest {
+class SectionE2E : public DesktopTest {
 protected:
     void openEverySection() {
         // As the user has them who shows the tile of the drives.
@@ -55,6 +56,55 @@ protected:
             << R"({"displayPreferences.v3": "{\"showDiskIO\":true,\"showFan\":true}"})";
         ASSERT_NO_FATAL_FAILURE(startVantrix());
         ASSERT_NO_FATAL_FAILURE(open());
+    }
+    void open() {
+        // It grows once when the first readings are there.
+        ASSERT_TRUE(eventually([this] {
+            const Place before = stripPlace();
+            watchFor(steady, [] {});
+            return before.width > 0 && before == stripPlace();
+        })) << "the strip does not come to rest";
+        user().click(stripPlace());
+        ASSERT_TRUE(eventually([this] { return isPopoverOpen(); })) << "it did not open";
+        ASSERT_TRUE(eventually([this] {
+            const xcb_window_t window = display().clientOfType("UTILITY");
+            return window != 0 && display().activeWindow() == window;
+        })) << "it has no keyboard";
+    }
+    /// What the bar offers, in its order.
+    [[nodiscard]] std::vector<std::string> sections() {
+        std::vector<std::string> names;
+        (void)popover()->find([&names](const Accessible& one) {
+            if (one.role() == "page tab") names.push_back(one.name());
+            return false;
+        });
+        return names;
+    }
+    /// By the digit of its place on the bar.
+    void choose(const std::string& section) {
+        const auto names = sections();
+        const auto at = std::ranges::find(names, section);
+        ASSERT_NE(at, names.end()) << section << " is not offered";
+        user().press(key::digit(static_cast<unsigned>(at - names.begin()) + 1));
+        ASSERT_TRUE(eventually([this, &section] {
+            const auto tab = popover()->findNamed(section);
+            return tab && tab->isSelected();
+        })) << section
+            << " was not chosen";
+    }
+    /// What is said of the element of that name; empty while there is none.
+    [[nodiscard]] std::string said(const std::string& name, const std::string& role) {
+        const auto found = popover()->find(
+            [&](const Accessible& one) { return one.role() == role && one.name() == name; });
+        return found ? found->description() : "";
+    }
+    [[nodiscard]] std::vector<Accessible> every(const std::string& role) {
+        std::vector<Accessible> found;
+        (void)popover()->find([&](const Accessible& one) {
+            if (one.role() == role) found.push_back(one);
+            return false;
+        });
+        return found;
     }
 };
 
