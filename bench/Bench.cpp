@@ -48,6 +48,7 @@ CostReport Bench::measure() {
     if (!resident_) return std::move(report_);
     measurePopover();
     if (useSurfaces()) measureWindow("After each surface was opened and closed once");
+    measureAlone("With the mini widget shown", {programs_ / resident}, Stored::widget);
     measureEveryTile();
     measureEverySensor();
     return std::move(report_);
@@ -58,7 +59,7 @@ void Bench::measureEveryTile() {
     for (const auto& tile : tilesWithoutSource())
         missing += fmt::format("{}{}", missing.empty() ? "; none here for: " : ", ", tile);
     measureAlone("With every surface closed and every tile in the strip" + missing,
-                 {programs_ / resident});
+                 {programs_ / resident}, Stored::everyTile);
 }
 
 void Bench::measureEverySensor() {
@@ -68,14 +69,15 @@ void Bench::measureEverySensor() {
         return;
     }
     measureAlone("The same where every sensor is there, told by ordinary files",
-                 sensors.command(programs_ / resident));
+                 sensors.command(programs_ / resident), Stored::everyTile);
 }
 
-void Bench::measureAlone(std::string title, const std::vector<std::string>& command) {
+void Bench::measureAlone(std::string title, const std::vector<std::string>& command,
+                         Stored stored) {
     resident_ = nullptr;
     subjects_.clear();
     addFloors();
-    resident_ = start(resident, command, {}, Tiles::all);
+    resident_ = start(resident, command, {}, settings);
     measureWindow(std::move(title));
 }
 
@@ -113,8 +115,8 @@ void Bench::add(const std::string& command, std::size_t number) {
 }
 
 Subject* Bench::start(const std::string& name, const std::vector<std::string>& command,
-                      Program::Environment environment, Tiles tiles) {
-    subjects_.push_back(std::make_unique<Subject>(name, command, std::move(environment), tiles));
+                      Program::Environment environment, Stored stored) {
+    subjects_.push_back(std::make_unique<Subject>(name, command, std::move(environment), stored));
     return subjects_.back().get();
 }
 

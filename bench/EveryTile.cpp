@@ -69,6 +69,12 @@ void storeEveryTile(const std::filesystem::path& configFolder) {
 
 void storeFirstStart(const std::filesystem::path& configFolder) { storeStarted({}, configFolder); }
 
+void storeWidget(const std::filesystem::path& configFolder) {
+    DisplayPreferences preferences;
+    preferences.miniWidgetEnabled = true;
+    storeStarted(std::move(preferences), configFolder);
+}
+
 std::vector<std::string> tilesWithoutSource() {
     const TemporaryFolder settings;
     storeEveryTile(settings.path());

@@ -15,6 +15,9 @@ void storeEveryTile(const std::filesystem::path& configFolder);
 /// asked for.
 void storeFirstStart(const std::filesystem::path& configFolder);
 
+/// The same with the mini widget shown.
+void storeWidget(const std::filesystem::path& configFolder);
+
 /// The tiles for which this machine has no figure, as words. Takes two seconds.
 [[nodiscard]] std::vector<std::string> tilesWithoutSource();
 

@@ -20,6 +20,18 @@ Program::Environment complete(Program::Environment environment, const fs::path& 
     return environment;
 }
 
+void store(Subject::Stored stored, const fs::path& folder) {
+    switch (stored) {
+        case Subject::Stored::everyTile:
+            return storeEveryTile(folder);
+        case Subject::Stored::widget:
+            return storeWidget(folder);
+        case Subject::Stored::ofAFirstStart:
+            break;
+    }
+    storeFirstStart(folder);
+}
+
 void store(const Subject::Settings& settings, const fs::path& folder) {
     for (const auto& [path, text] : settings) {
         fs::create_directories((folder / path).parent_path());
@@ -30,7 +42,7 @@ void store(const Subject::Settings& settings, const fs::path& folder) {
 }  // namespace
 
 Subject::Subject(std::string shownName, const std::vector<std::string>& command,
-                 Program::Environment environment, Tiles tiles, Output output,
+                 Program::Environment environment, Stored stored, Output output,
                  const Settings& settings)
     : terminal(output == Output::terminal ? std::make_unique<PseudoTerminal>() : nullptr),
       name(std::move(shownName)),
@@ -38,7 +50,7 @@ Subject::Subject(std::string shownName, const std::vector<std::string>& command,
           command,
           [&] {
               const auto ours = home.path() / "config/vantrix";
-              tiles == Tiles::all ? storeEveryTile(ours) : storeFirstStart(ours);
+              store(stored, ours);
               store(settings, home.path() / "config");
               return complete(std::move(environment), home.path());
           }(),

@@ -15,15 +15,16 @@ namespace vtx::bench {
 
 /// A program that is measured, with settings and a runtime folder that no other shares.
 struct Subject {
-    enum class Tiles { ofAFirstStart, all };
+    /// What our own program finds stored.
+    enum class Stored { ofAFirstStart, everyTile, widget };
     enum class Output { nowhere, terminal };
 
-    /// What the program finds among its settings, by the path below their folder.
+    /// What another program finds among its settings, by the path below their folder.
     using Settings = std::map<std::filesystem::path, std::string>;
 
     /// Starts it. Throws `std::system_error` where that cannot be.
     Subject(std::string shownName, const std::vector<std::string>& command,
-            Program::Environment environment = {}, Tiles tiles = Tiles::ofAFirstStart,
+            Program::Environment environment = {}, Stored stored = Stored::ofAFirstStart,
             Output output = Output::nowhere, const Settings& settings = {});
 
     // In this order: the program uses the first two until it ends.

@@ -161,7 +161,7 @@ bool Comparer::useEverySurface(SurfaceDriver& driver) {
 
 void Comparer::measureOther(const OtherMonitor& monitor, Crowd crowd) {
     Subject subject(monitor.program(), monitor.command, {{"TERM", "xterm-256color"}},
-                    Subject::Tiles::ofAFirstStart, monitor.output, monitor.settings);
+                    Subject::Stored::ofAFirstStart, monitor.output, monitor.settings);
     interruption_.sleepFor(std::chrono::seconds(options_.settle));
     const auto writtenBefore = subject.terminal ? subject.terminal->written() : 0;
     const auto samples = samplesOf({subject});

@@ -95,6 +95,18 @@ TEST_F(MenuE2E, settings_opens_the_popover) {
     EXPECT_TRUE(eventually([this] { return isPopoverOpen(); }));
 }
 
+TEST_F(MenuE2E, settings_closes_the_popover_that_is_open) {
+    startVantrix();
+    user().click(stripPlace());
+    ASSERT_TRUE(eventually([this] { return isPopoverOpen(); }));
+    choose("Settings…");
+    EXPECT_TRUE(eventually([this] { return !isPopoverOpen(); }));
+    bool opened = false;
+    constexpr Span aftermath{600};
+    watchFor(aftermath, [&] { opened = opened || isPopoverOpen(); });
+    EXPECT_FALSE(opened);
+}
+
 TEST_F(MenuE2E, about_opens_a_panel_that_names_the_version) {
     startVantrix();
     choose("About Vantrix");

@@ -2,7 +2,10 @@
 // The mini widget on a desktop: above all else, out of the way, and where it was put.
 #include <gmock/gmock.h>
 
+#include <array>
 #include <csignal>
+#include <ctime>
+#include <regex>
 
 #include "support/DesktopTest.h"
 
@@ -54,6 +57,40 @@ TEST_F(MiniWidgetE2E, its_figures_are_read_and_a_click_leaves_the_active_window_
     constexpr Span aftermath{400};
     watchFor(aftermath, [&] { stayed = stayed && display().activeWindow() == dashboard(); });
     EXPECT_TRUE(stayed);
+}
+
+TEST_F(MiniWidgetE2E, tells_the_second_of_its_readings_and_the_loads_of_the_clusters) {
+    start(VANTRIX_SIMULATED_PROGRAM, "vantrix-simulated");
+    choose("Show Mini Widget");
+    ASSERT_TRUE(isWidgetShown());
+    const auto said = [this](const char* name) {
+        const auto element = elementOf(widget())->findNamed(name);
+        return element ? element->description() : "";
+    };
+    for (const char* chip : {"P", "E"})
+        EXPECT_TRUE(eventually([&] {
+            return std::regex_match(said(chip), std::regex(R"(\d|[1-9]\d|100)"));
+        })) << chip
+            << " says " << said(chip);
+    // Readings are a second apart, and the machine may be busy.
+    constexpr std::time_t latest = 4;
+    const auto isOfThisSecond = [&] {
+        const std::string time = said("Live");
+        const std::time_t now = std::time(nullptr);
+        for (std::time_t age = 0; age <= latest; ++age) {
+            const std::time_t second = now - age;
+            std::tm parts{};
+            ::localtime_r(&second, &parts);
+            std::array<char, 16> written{};
+            std::strftime(written.data(), written.size(), "%H:%M:%S", &parts);
+            if (time == written.data()) return true;
+        }
+        return false;
+    };
+    int agreed = 0;
+    constexpr Span threeReadings{3'000};
+    watchFor(threeReadings, [&] { agreed += isOfThisSecond() ? 1 : -1000; });
+    EXPECT_GT(agreed, 0) << "it said " << said("Live");
 }
 
 TEST_F(MiniWidgetE2E, it_stands_where_it_was_dragged_after_a_restart_too) {

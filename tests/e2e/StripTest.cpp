@@ -23,6 +23,17 @@ TEST_F(StripE2E, stands_at_the_top_right_and_tells_where_it_is) {
     EXPECT_TRUE(strip()->isShowing());
 }
 
+TEST_F(StripE2E, is_all_that_a_start_shows_and_in_no_list_of_windows) {
+    startVantrix();
+    constexpr Span aftermath{600};
+    watchFor(aftermath, [] {});
+    const xcb_window_t dock = display().clientOfType("DOCK");
+    EXPECT_THAT(display().clients(), testing::ElementsAre(dock));
+    const auto states = display().numbers(dock, "_NET_WM_STATE");
+    for (const char* state : {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"})
+        EXPECT_THAT(states, testing::Contains(display().atom(state))) << state;
+}
+
 TEST_F(StripE2E, is_a_dock_that_reserves_its_height) {
     startVantrix();
     const xcb_window_t window = display().clientOfType("DOCK");

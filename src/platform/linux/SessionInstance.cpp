@@ -82,7 +82,10 @@ SessionInstance::Claim SessionInstance::claim() {
     hasClaimed_ = true;
     const int result = connect() ? sd_bus_request_name(bus_, name_.c_str(), 0) : -ENOTCONN;
     if (result >= 0) return Claim::first;
-    const Claim claim = result == -EEXIST ? askFirst() : Claim::noBus;
+    Claim claim = result == -EEXIST ? askFirst() : Claim::noBus;
+    // One that was just ending answers no more, and leaves the name.
+    if (claim == Claim::unanswered && sd_bus_request_name(bus_, name_.c_str(), 0) >= 0)
+        return Claim::first;
     close();
     return claim;
 }

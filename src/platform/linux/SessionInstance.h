@@ -20,7 +20,7 @@ namespace vtx {
 class SessionInstance {
 public:
     enum class Claim {
-        first,       ///< nobody else runs; the name is held until the object goes
+        first,       ///< nobody else runs any more; the name is held until the object goes
         handedOver,  ///< another one runs and was asked to show itself
         unanswered,  ///< another one runs and did not answer
         noBus,       ///< nobody can tell

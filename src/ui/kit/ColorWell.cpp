@@ -44,6 +44,8 @@ void ColorWell::pressWhole() {
     dialog_->setOptions(QColorDialog::DontUseNativeDialog);
     connect(dialog_, &QColorDialog::currentColorChanged, this, &ColorWell::chosen);
     connect(dialog_, &QColorDialog::rejected, this, &ColorWell::givenUp);
+    // Not every window manager gives the keyboard back to the window from which it came.
+    connect(dialog_, &QDialog::finished, this, [this] { window()->activateWindow(); });
     Q_EMIT opened();
     dialog_->open();
 }

@@ -49,6 +49,15 @@ void KitWidget::focusInEvent(QFocusEvent* event) {
             focusByKeyboard_ = false;
     }
     update();
+    if (!QAccessible::isActive()) return;
+    // The toolkit is about to say that the whole of it has the focus. What the keyboard acts on is
+    // said after that, to be what is heard.
+    const auto tell = [this] {
+        const int part = focusedPart();
+        if (hasFocus() && part >= 0 && part < partCount())
+            accessibility::announceFocus(*this, part);
+    };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 void KitWidget::focusOutEvent(QFocusEvent*) { update(); }

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <utility>
 
+#include "ui/kit/AccessibleChoice.h"
 #include "ui/kit/Metrics.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/Type.h"
@@ -54,8 +55,11 @@ void SegmentedControl::setSegments(std::vector<QString> labels) {
 
 void SegmentedControl::setCurrent(int index) {
     if (current_ == index) return;
-    slideFrom(std::exchange(current_, index));
+    const int before = std::exchange(current_, index);
+    slideFrom(before);
     update();
+    for (const int changed : {before, index})
+        if (isPart(changed)) accessibility::announceChoice(*this, changed);
 }
 
 void SegmentedControl::slideFrom(int index) {

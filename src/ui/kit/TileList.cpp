@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/kit/AccessibleReorder.h"
 #include "ui/kit/Button.h"
 #include "ui/kit/LiftedTile.h"
 #include "ui/kit/Metrics.h"
@@ -84,6 +85,9 @@ void TileList::setTiles(const std::vector<TileContent>& tiles) {
     for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i]->setSteps(i > 0, i + 1 < rows_.size());
     if (rows_ == order) return;
     orderFocus();
+    // A screen reader goes through them as they lie over one another.
+    for (TileRow* row : rows_) row->raise();
+    accessibility::announceReorder(*this);
     slideToPlaces();
     if (rows_.size() != order.size()) updateGeometry();
 }

@@ -39,9 +39,12 @@ AnchoredWindow::AnchoredWindow(WindowSystem& system)
     patience_.setSingleShot(true);
     patience_.setTimerType(Qt::PreciseTimer);
     patience_.setInterval(patienceMs);
-    connect(&patience_, &QTimer::timeout, this, [this] {
-        if (!anchorHeld_ && !isActiveWindow()) dismiss();
-    });
+    const auto giveUp = [this] {
+        if (!patience_.isActive() && !anchorHeld_ && !isActiveWindow()) dismiss();
+    };
+    // Timers come before the window system's events: on a busy machine the keyboard may be back
+    // without having been heard.
+    connect(&patience_, &QTimer::timeout, this, giveUp, Qt::QueuedConnection);
     connect(&Theme::current(), &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 

@@ -8,11 +8,11 @@
 #include <QPainterPath>
 #include <QScreen>
 #include <QWindow>
+#include <utility>
 
 #include "ui/kit/Metrics.h"
 #include "ui/kit/Theme.h"
 #include "ui/shell/FloatingPlacement.h"
-#include "ui/shell/ScreenList.h"
 #include "ui/shell/ShellShape.h"
 #include "ui/shell/WindowSystem.h"
 
@@ -48,8 +48,10 @@ void FloatingWindow::setContent(QWidget* content) {
 void FloatingWindow::showAt(std::optional<QPoint> saved) {
     winId();
     system_.makeFloating(*this);
-    if (const auto place = FloatingPlacement::place(saved, size(), screenList::shellScreens()))
+    if (const auto place = FloatingPlacement::place(saved, size(), system_.screens())) {
+        home_ = saved.value_or(*place);
         placeAt(*place);
+    }
     ShellShape::cut(*this, shape(0), system_);
     show();
     raise();
@@ -62,18 +64,30 @@ void FloatingWindow::placeAt(QPoint place) {
 
 void FloatingWindow::followScreens() {
     const auto follow = [this](QScreen* screen) {
-        connect(screen, &QScreen::geometryChanged, this, [this] { bringIntoView(); });
+        connect(screen, &QScreen::geometryChanged, this, &FloatingWindow::screensChanged);
+        connect(screen, &QScreen::logicalDotsPerInchChanged, this, &FloatingWindow::screensChanged);
     };
     for (QScreen* screen : QGuiApplication::screens()) follow(screen);
-    connect(qGuiApp, &QGuiApplication::screenAdded, this, follow);
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this] { bringIntoView(); });
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, [this, follow](QScreen* screen) {
+        follow(screen);
+        screensChanged();
+    });
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &FloatingWindow::screensChanged);
 }
 
-void FloatingWindow::bringIntoView() {
-    const auto screens = screenList::shellScreens();
+// One change of the desktop is told screen by screen, and only then looked at.
+void FloatingWindow::screensChanged() {
+    if (std::exchange(isLookPending_, true)) return;
+    QMetaObject::invokeMethod(this, &FloatingWindow::comeHome, Qt::QueuedConnection);
+}
+
+void FloatingWindow::comeHome() {
+    isLookPending_ = false;
+    const auto screens = system_.screens();
     if (screens.empty() || !isVisible()) return;
-    if (const QPoint place = FloatingPlacement::inView(geometry(), screens); place != pos())
-        placeAt(place);
+    ShellShape::cut(*this, shape(0), system_);  // for another scale
+    const QPoint place = FloatingPlacement::inView(QRect(home_, size()), screens);
+    if (!seized_ && place != pos()) placeAt(place);
 }
 
 QPainterPath FloatingWindow::shape(double inset) const {
@@ -126,7 +140,8 @@ void FloatingWindow::leaveEvent(QEvent*) { update(); }
 void FloatingWindow::moveEvent(QMoveEvent* event) {
     if (!isVisible() || event->pos() == placed_) return;
     placed_.reset();
-    if (onMove) onMove(event->pos());
+    home_ = event->pos();
+    if (onMove) onMove(home_);
 }
 
 void FloatingWindow::closeEvent(QCloseEvent* event) { event->setAccepted(!event->spontaneous()); }

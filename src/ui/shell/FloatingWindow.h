@@ -12,7 +12,8 @@ namespace vtx {
 class WindowSystem;
 
 /// A rounded panel without a frame that floats above the windows of every desktop, never takes the
-/// keyboard from what the user works with, and is moved by its ground. Only its owner closes it.
+/// keyboard from what the user works with, and is moved by its ground. Screens that come and go
+/// leave it in view, and where it was put as soon as that is to be seen. Only its owner closes it.
 /// Main executor.
 class FloatingWindow final : public QWidget, public AccessibleHost {
 public:
@@ -43,13 +44,17 @@ protected:
 
 private:
     void followScreens();
-    void bringIntoView();
+    void screensChanged();
+    void comeHome();
     void placeAt(QPoint place);
     [[nodiscard]] QPainterPath shape(double inset) const;
 
     WindowSystem& system_;
+    /// Where it was put or moved to; on screens that do not show that it stands elsewhere.
+    QPoint home_;
     /// Where it put itself; absent once it was moved.
     std::optional<QPoint> placed_;
+    bool isLookPending_ = false;
     /// Where on the panel it was seized; absent while it is not dragged.
     std::optional<QPoint> seized_;
 };

@@ -7,8 +7,11 @@
 #include <QWidget>
 
 #include "ui/kit/Paint.h"
+#include "ui/shell/ScreenList.h"
 
 namespace vtx {
+
+StripPlacement::Screens WindowSystem::screens() const { return screenList::shellScreens(); }
 
 void WindowSystem::cutOut(QWidget& window, const QPainterPath& path) {
     window.setMask(paint::maskOf(path, window.size()));

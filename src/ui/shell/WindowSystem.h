@@ -26,6 +26,8 @@ public:
 
     /// Whether a window may choose its own place.
     [[nodiscard]] virtual bool placesWindows() const { return false; }
+    /// The screens of the desktop, the primary one first.
+    [[nodiscard]] virtual StripPlacement::Screens screens() const;
     /// Whether what lies behind shows through a translucent window; if not, windows are cut out.
     [[nodiscard]] virtual bool blendsWindows() const { return true; }
 

@@ -52,6 +52,10 @@ AlertPanel::AlertPanel(const QString& title, const QString& message, QWidget* pa
     column->addWidget(dismiss_, 0, Qt::AlignRight);
     dismiss_->setText(dismissText);
     connect(dismiss_, &Button::pressed, this, &QWidget::close);
+    // Not every window manager gives the keyboard back to the window from which it came.
+    if (parent)
+        connect(this, &QObject::destroyed, parent,
+                [owner = parent->window()] { owner->activateWindow(); });
     setFixedWidth(panelWidth);
     setFixedHeight(column->totalHeightForWidth(panelWidth));
     dismiss_->setFocus();

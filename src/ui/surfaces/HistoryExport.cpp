@@ -43,6 +43,9 @@ QFileDialog* ask(MetricsCoordinator& coordinator, QWidget& parent) {
     QObject::connect(
         dialog, &QFileDialog::fileSelected, &parent,
         [&coordinator, &parent](const QString& file) { save(coordinator, file, parent); });
+    // Not every window manager gives the keyboard back to the window from which it came.
+    QObject::connect(dialog, &QDialog::finished, &parent,
+                     [&parent] { parent.window()->activateWindow(); });
     dialog->open();
     return dialog;
 }

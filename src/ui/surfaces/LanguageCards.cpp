@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/kit/AccessibleChoice.h"
 #include "ui/kit/Metrics.h"
 #include "ui/kit/Paint.h"
 #include "ui/kit/Type.h"
@@ -42,8 +43,11 @@ void LanguageCards::setCards(std::vector<LanguageCardContent> cards) {
 
 void LanguageCards::setSelection(std::optional<int> selection) {
     if (selection_ == selection) return;
-    updatePart(std::exchange(selection_, selection));
-    updatePart(selection);
+    const auto before = std::exchange(selection_, selection);
+    for (const auto changed : {before, selection}) {
+        updatePart(changed);
+        if (changed && *changed < partCount()) accessibility::announceChoice(*this, *changed);
+    }
     if (selection) focused_ = *selection;
 }
 
@@ -113,11 +117,6 @@ void LanguageCards::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void LanguageCards::leaveEvent(QEvent*) { setHovered(std::nullopt); }
-
-void LanguageCards::focusInEvent(QFocusEvent* event) {
-    KitWidget::focusInEvent(event);
-    if (partCount() > 0) accessibility::announceFocus(*this, focused_);
-}
 
 std::optional<int> LanguageCards::target(int key) const {
     const int forward = layoutDirection() == Qt::LeftToRight ? 1 : -1;

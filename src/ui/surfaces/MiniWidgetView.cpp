@@ -158,17 +158,30 @@ void MiniWidgetView::paintChip(QPainter& painter, const QRect& tile,
 
 void MiniWidgetView::showEvent(QShowEvent* event) {
     KitWidget::showEvent(event);
-    const auto follow = [this](const auto&) { rebuild(); };
+    rebuild();
+    const auto follow = [this](const auto&) { readingChanged(); };
+    isDue_ = true;  // what is there now is shown, and told once more by each
     subscriptions_.push_back(coordinator_.cpu.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.gpu.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.memory.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.temperature.latest.subscribe(follow));
     subscriptions_.push_back(coordinator_.thermal.latest.subscribe(follow));
+    isDue_ = false;
 }
 
 void MiniWidgetView::hideEvent(QHideEvent* event) {
     subscriptions_.clear();
     KitWidget::hideEvent(event);
+}
+
+// Several readings come in one turn, and the time is written by looking at the zone's file.
+void MiniWidgetView::readingChanged() {
+    if (std::exchange(isDue_, true)) return;
+    const auto show = [this] {
+        isDue_ = false;
+        if (!subscriptions_.empty()) rebuild();
+    };
+    QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
 }
 
 void MiniWidgetView::rebuild() {

@@ -10,8 +10,9 @@ namespace vtx {
 class MetricsCoordinator;
 
 /// The face of the mini widget: four figures with their bars and the loads of the two kinds of
-/// cores. Follows the coordinator while it is shown and repaints only what differs. Paints no
-/// ground, which is its window's. Main executor; owned by the window.
+/// cores. Follows the coordinator while it is shown, shows the changes of one turn of the event
+/// loop together and repaints only what differs. Paints no ground, which is its window's. Main
+/// executor; owned by the window.
 class MiniWidgetView final : public KitWidget {
     Q_OBJECT
 
@@ -35,6 +36,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void readingChanged();
     void rebuild();
     void paintHeader(QPainter& painter, const QRect& line) const;
     void paintRow(QPainter& painter, const QRect& line, const MiniWidgetRow& row) const;
@@ -43,6 +45,7 @@ private:
     MetricsCoordinator& coordinator_;
     MiniWidgetModel model_;
     Subscriptions subscriptions_;
+    bool isDue_ = false;
 };
 
 }  // namespace vtx

@@ -62,6 +62,12 @@ void PopoverView::select(PopoverSection section) {
     moveFocusToBar();
     page_->setContents(makePage(selectedSection_));
     page_->verticalScrollBar()->setValue(0);
+    namePage();
+}
+
+// A page that is longer than the window is a stop of the keyboard by itself.
+void PopoverView::namePage() {
+    page_->setAccessibleName(qt(Localization::shared().string(describe(selectedSection_).title)));
 }
 
 void PopoverView::moveFocusToBar() {
@@ -116,6 +122,7 @@ void PopoverView::offerSections() {
             {qt(said.rawValue), qt(said.symbol), qt(Localization::shared().string(said.title))});
     }
     bar_->setItems(std::move(items));
+    namePage();
 }
 
 void PopoverView::selectById(const QString& id) {

@@ -44,6 +44,7 @@ private:
     void selectById(const QString& id);
     /// Takes the keyboard focus from a page that is about to go.
     void moveFocusToBar();
+    void namePage();
     [[nodiscard]] QWidget* makePage(PopoverSection section);
 
     MetricsCoordinator& coordinator_;

@@ -54,7 +54,10 @@ ProcessTab::ProcessTab(MetricsCoordinator& coordinator, QWidget* parent)
     column->addWidget(new ProcessColumns);
     column->addWidget(list_, 1);
     scroll_->setContents(scrolled);
-    scroll_->setFocusPolicy(Qt::NoFocus);  // the keyboard scrolls by the rows
+    // The keyboard scrolls by the rows: it is no stop, however long the list becomes.
+    const auto passOver = [this] { scroll_->setFocusPolicy(Qt::NoFocus); };
+    connect(scroll_->verticalScrollBar(), &QScrollBar::rangeChanged, this, passOver);
+    passOver();
     scroll_->verticalScrollBar()->setSingleStep(metrics::processRowHeight);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "ui/controller/SurfaceFactory.h"
+#include "ui/surfaces/ToolkitTexts.h"
 
 class QWidget;
 
@@ -63,6 +64,7 @@ private:
     TrayHost* tray_ = nullptr;
     const Clock* clock_ = nullptr;
     QPointer<AboutPanel> about_;
+    ToolkitTexts toolkitTexts_;
 };
 
 }  // namespace vtx

@@ -130,10 +130,12 @@ int AccessibleTree::onSignal(sd_bus_message* message, void* self, void* /*error*
 
 void AccessibleTree::collect(sd_bus_message* signal) {
     const char* detail = nullptr;
-    if (sd_bus_message_read(signal, "s", &detail) <= 0) return;
+    std::int32_t value = 0;
+    if (sd_bus_message_read(signal, "si", &detail, &value) <= 0) return;
     events_.push_back(
         {std::string(sd_bus_message_get_member(signal)) + ":" + detail,
-         Accessible(*this, sd_bus_message_get_sender(signal), sd_bus_message_get_path(signal))});
+         Accessible(*this, sd_bus_message_get_sender(signal), sd_bus_message_get_path(signal)),
+         value});
 }
 
 std::string Accessible::property(const char* name) const {

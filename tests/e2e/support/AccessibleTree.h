@@ -26,9 +26,12 @@ public:
     [[nodiscard]] std::string description() const { return property("Description"); }
     /// In English, as "push button" or "page tab".
     [[nodiscard]] std::string role() const;
-    [[nodiscard]] bool isShowing() const { return hasState(25); }
+    [[nodiscard]] bool isChecked() const { return hasState(4); }
+    [[nodiscard]] bool isEnabled() const { return hasState(8); }
+    [[nodiscard]] bool isFocusable() const { return hasState(11); }
     [[nodiscard]] bool isFocused() const { return hasState(12); }
     [[nodiscard]] bool isSelected() const { return hasState(23); }
+    [[nodiscard]] bool isShowing() const { return hasState(25); }
     [[nodiscard]] Place place() const;
     [[nodiscard]] std::vector<Accessible> children() const;
     [[nodiscard]] std::optional<Accessible> parent() const;
@@ -41,6 +44,11 @@ public:
 
     /// Everything from here on, a line each with roles and names, for messages of failed tests.
     [[nodiscard]] std::string drawing(int indent = 0) const;
+
+    /// Whether it is the same element, whatever it says.
+    friend bool operator==(const Accessible& one, const Accessible& other) {
+        return one.bus_ == other.bus_ && one.path_ == other.path_;
+    }
 
 private:
     [[nodiscard]] std::string property(const char* name) const;
@@ -57,6 +65,8 @@ struct AccessibleEvent {
     /// Member and detail, as "PropertyChange:accessible-name" or "StateChanged:focused".
     std::string kind;
     Accessible source;
+    /// Of a state: 1 where it holds now, 0 where it ended.
+    int value = 0;
 };
 
 /// The accessibility bus of a session, as assistive software uses it. Asking for it starts it.

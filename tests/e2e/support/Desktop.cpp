@@ -24,6 +24,13 @@ std::string field(const std::string& text) {
             text};
 }
 
+/// Keeps the bus from starting the machine's own notification server, whose windows would take the
+/// keyboard.
+void leaveOutNotifications(const std::filesystem::path& services) {
+    std::ofstream(services / "org.freedesktop.Notifications.service")
+        << "[D-BUS Service]\nName=org.freedesktop.Notifications\nExec=/bin/false\n";
+}
+
 std::string randomBytes(std::size_t count) {
     std::random_device source;
     std::string bytes;
@@ -44,6 +51,7 @@ Desktop::Desktop() : environment_(passedOn()) {
     environment_["XAUTHORITY"] = (folder_.path() / "authority").string();
     writeAuthority();
     writeProfile();
+    leaveOutNotifications(folder_.sub("data/dbus-1/services"));
 
     server_ = launch({"Xvfb", "-displayfd", "3", "-screen", "0", "1280x800x24", "-nolisten", "tcp",
                       "-noreset", "-auth", environment_["XAUTHORITY"]});

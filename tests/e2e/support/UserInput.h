@@ -13,14 +13,19 @@ namespace key {
 inline constexpr std::uint32_t escape = 0xFF1B;
 inline constexpr std::uint32_t enter = 0xFF0D;
 inline constexpr std::uint32_t tab = 0xFF09;
-inline constexpr std::uint32_t home = 0xFF50;
+inline constexpr std::uint32_t backspace = 0xFF08;
 inline constexpr std::uint32_t space = 0x20;
-inline constexpr std::uint32_t down = 0xFF54;
+inline constexpr std::uint32_t home = 0xFF50;
+inline constexpr std::uint32_t end = 0xFF57;
+inline constexpr std::uint32_t left = 0xFF51;
+inline constexpr std::uint32_t up = 0xFF52;
 inline constexpr std::uint32_t right = 0xFF53;
+inline constexpr std::uint32_t down = 0xFF54;
 inline constexpr std::uint32_t menu = 0xFF67;
 inline constexpr std::uint32_t control = 0xFFE3;
 inline constexpr std::uint32_t alt = 0xFFE9;
 inline constexpr std::uint32_t f4 = 0xFFC1;
+inline constexpr std::uint32_t h = 0x68;
 inline constexpr std::uint32_t q = 0x71;
 /// 0 to 9.
 [[nodiscard]] constexpr std::uint32_t digit(unsigned number) { return 0x30 + number; }
@@ -39,9 +44,9 @@ public:
     /// With the left button, from the middle of a place.
     void drag(const Place& place, int byX, int byY) const;
     void press(std::uint32_t key) const;
-    /// Small letters.
-    void type(std::string_view letters) const;
     void pressWith(std::uint32_t modifier, std::uint32_t key) const;
+    /// Small letters, digits and what else needs no second key.
+    void type(std::string_view text) const;
 
 private:
     void send(std::uint8_t type, std::uint8_t detail, int x = 0, int y = 0) const;

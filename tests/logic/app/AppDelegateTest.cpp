@@ -32,6 +32,19 @@ TEST(AppDelegate, launch_makes_an_accessory_logs_takes_an_activity_and_then_the_
     ASSERT_NE(l.delegate.menuBarController(), nullptr);
 }
 
+TEST(AppDelegate, the_controller_comes_after_the_activity_and_before_the_updater) {
+    Launched l;
+    std::size_t activities = 0;
+    int updaterStarts = -1;
+    l.surfaces.atFirst = [&] {
+        activities = l.bench.platform.processInfo.activities().size();
+        updaterStarts = l.bench.platform.softwareUpdater.starts;
+    };
+    l.delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(activities, 1U);
+    EXPECT_EQ(updaterStarts, 0);
+}
+
 TEST(AppDelegate, launch_sets_the_updater_going) {
     Launched l;
     EXPECT_EQ(l.bench.platform.softwareUpdater.starts, 0);

@@ -253,6 +253,9 @@ TEST(PassNeeds, the_network_stops_with_the_machines_sleep_until_a_surface_is_ope
     EXPECT_GT(b.samples(), 0U);
     EXPECT_EQ(b.platform.calls("getifaddrs"), 0U);
     EXPECT_EQ(b.platform.instruments.handles.outstanding(handles::interfaceList), 0U);
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.settle();
+    EXPECT_EQ(b.platform.calls("getifaddrs"), 1U);
 }
 
 TEST(PassTable, a_change_of_the_drives_or_the_network_is_the_coordinators_too) {

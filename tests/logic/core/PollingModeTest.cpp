@@ -156,6 +156,25 @@ TEST(PollingModes, after_waking_the_next_event_of_the_table_chooses_again) {
     EXPECT_EQ(m.mode(), batterySaver);
 }
 
+TEST(PollingModes,
+     woken_under_an_open_popover_neither_histories_nor_network_go_on_until_it_closes) {
+    Modes m({.popover = true, .dashboard = true});
+    m.bench.advance(seconds(10));
+    auto& coordinator = m.controller.coordinator();
+    m.bench.sleepMachine(seconds(600));
+    m.bench.settle();
+    const auto points = coordinator.cpuHistory->size();
+    const auto read = coordinator.network.latest->value().timestamp;
+    ASSERT_GT(points, 0U);
+    m.bench.advance(seconds(60));
+    EXPECT_EQ(coordinator.cpuHistory->size(), points);
+    EXPECT_EQ(coordinator.network.latest->value().timestamp, read);
+    m.surfaces.popover->close();  // the dashboard stays
+    m.bench.advance(seconds(5));
+    EXPECT_GT(coordinator.cpuHistory->size(), points);
+    EXPECT_GT(coordinator.network.latest->value().timestamp, read);
+}
+
 TEST(PollingModes, closing_every_surface_stops_what_only_they_need) {
     Modes m({});
     auto preferences = *m.controller.coordinator().preferences;

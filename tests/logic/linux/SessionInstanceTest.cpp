@@ -78,6 +78,19 @@ TEST_F(SessionInstanceTest, once_the_first_has_ended_the_next_start_is_the_first
     EXPECT_EQ(SessionInstance(name, bus.address()).claim(), Claim::first);
 }
 
+TEST_F(SessionInstanceTest, a_start_that_asks_one_which_is_just_ending_takes_its_place) {
+    std::unique_ptr<FakeService> ending;
+    int asked = 0;
+    ending = std::make_unique<FakeService>(loop, bus.address(), name, "/com/example/app",
+                                           [&](sd_bus_message*) {
+                                               ++asked;
+                                               loop.executor().post([&ending] { ending.reset(); });
+                                               return 1;  // taken, and never answered
+                                           });
+    EXPECT_EQ(claimBeside(loop), Claim::first);
+    EXPECT_EQ(asked, 1);
+}
+
 TEST_F(SessionInstanceTest, programs_of_another_name_run_beside_it) {
     SessionInstance first(name, bus.address()), other("com.example.other", bus.address());
     EXPECT_EQ(first.claim(), Claim::first);

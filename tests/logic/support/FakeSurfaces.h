@@ -76,8 +76,11 @@ struct FakeSurfaces final : SurfaceFactory {
     FakeLanguagePicker* languagePicker = nullptr;
     bool givesButton = true;
     std::vector<std::string> did;
+    /// Called when the first of them is wanted.
+    std::function<void()> atFirst;
 
     std::unique_ptr<LanguagePickerSurface> makeLanguagePicker() override {
+        if (atFirst) atFirst();
         auto made = std::make_unique<FakeLanguagePicker>();
         languagePicker = made.get();
         return made;

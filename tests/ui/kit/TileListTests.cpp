@@ -73,6 +73,19 @@ protected:
     std::vector<std::pair<QString, TileStep>> steps;
 };
 
+TEST_F(TileListTest, a_screen_reader_finds_the_rows_in_their_order) {
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(list);
+    const auto names = [spoken] {
+        QStringList all;
+        for (int i = 0; i < spoken->childCount(); ++i)
+            all << spoken->child(i)->text(QAccessible::Name);
+        return all;
+    };
+    ASSERT_EQ(names(), (QStringList{"CPU", "GPU", "DISK", "ANE"}));
+    list->setTiles(tiles({"gpu", "ane", "cpu", "disk"}));
+    EXPECT_EQ(names(), (QStringList{"GPU", "ANE", "CPU", "DISK"}));
+}
+
 TEST_F(TileListTest, rows_are_34_high_in_their_order) {
     EXPECT_EQ(list->sizeHint().height(), 4 * 34);
     EXPECT_EQ(list->row(2).y(), 68);

@@ -17,6 +17,9 @@ namespace vtx {
 class FakeWindowSystem final : public WindowSystem {
 public:
     bool blends = true;
+    /// Empty for those of the toolkit.
+    StripPlacement::Screens desktop;
+    int cuts = 0;
     QPoint pointerAt{-1, -1};
     std::vector<Strut> others;
     std::vector<std::optional<Strut>> reserved;
@@ -27,6 +30,13 @@ public:
 
     [[nodiscard]] bool placesWindows() const override { return true; }
     [[nodiscard]] bool blendsWindows() const override { return blends; }
+    [[nodiscard]] StripPlacement::Screens screens() const override {
+        return desktop.empty() ? WindowSystem::screens() : desktop;
+    }
+    void cutOut(QWidget& window, const QPainterPath& path) override {
+        ++cuts;
+        WindowSystem::cutOut(window, path);
+    }
     void makeStrip(QWidget& window) override { strips += window.isVisible() ? 100 : 1; }
     void makePopover(QWidget& window) override { popovers += window.isVisible() ? 100 : 1; }
     void makeFloating(QWidget& window) override { floating += window.isVisible() ? 100 : 1; }

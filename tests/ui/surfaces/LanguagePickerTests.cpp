@@ -162,6 +162,16 @@ TEST_F(LanguagePickerTest, its_cards_are_radio_buttons_for_a_screen_reader) {
     EXPECT_TRUE(german->state().checked);
 }
 
+TEST_F(LanguagePickerTest, presented_again_it_comes_before_what_the_user_turned_to) {
+    present(Language::en);
+    QWidget other;
+    test::show(other);
+    ASSERT_FALSE(picker.window()->isActiveWindow());
+    picker.present(Language::en, [](Language) {});
+    test::settle();
+    EXPECT_TRUE(picker.window()->isActiveWindow());
+}
+
 TEST_F(LanguagePickerTest, everything_fits_in_every_language) {
     present(Language::en);
     for (const Language language : offeredLanguages) {

@@ -4,10 +4,36 @@
 #include <gtest/gtest.h>
 
 #include "SurfaceBench.h"
+#include "platform/Locale.h"
 #include "ui/support/FixedTheme.h"
 
 namespace vtx {
 namespace {
+
+/// A user whose times are counted as they are written, until the end of the scope.
+class CountedTimes final : public Locale {
+public:
+    CountedTimes() {
+        Shared<Localization>::setFactory([this] { return std::make_unique<Localization>(*this); });
+    }
+    ~CountedTimes() override { Shared<Localization>::reset(); }
+    CountedTimes(const CountedTimes&) = delete;
+    CountedTimes& operator=(const CountedTimes&) = delete;
+
+    [[nodiscard]] std::vector<std::string> preferredLanguages() const override { return {}; }
+    [[nodiscard]] std::string collationKey(std::string_view text) const override {
+        return std::string(text);
+    }
+    [[nodiscard]] std::string lowercased(std::string_view text) const override {
+        return std::string(text);
+    }
+    [[nodiscard]] std::string timeOfDay(Date) const override {
+        ++written;
+        return "14:32:07";
+    }
+
+    mutable int written = 0;
+};
 
 class MiniWidgetViewTest : public testing::Test {
 protected:
@@ -75,11 +101,24 @@ TEST_F(MiniWidgetViewTest, follows_the_readings_while_it_is_shown) {
     test::show(view);
     EXPECT_EQ(view.model().rows[0].value, "50%");
     bench.readCPU(0.6);
+    test::settle();
     EXPECT_EQ(view.model().rows[0].value, "60%");
     EXPECT_EQ(view.model().chips[0].value, "60");
-    view.hide();
     bench.readCPU(0.7);
+    view.hide();
+    test::settle();
     EXPECT_EQ(view.model().rows[0].value, "60%");
+}
+
+TEST_F(MiniWidgetViewTest, the_readings_of_one_turn_are_shown_together) {
+    test::show(view);
+    const CountedTimes times;
+    bench.readEverything();
+    bench.coordinator.thermal.refresh();
+    bench.coordinator.temperature.latest = TemperatureReading{71.0, {}, {}};
+    test::settle();
+    EXPECT_EQ(view.model().rows[3].value, "71°C");
+    EXPECT_EQ(times.written, 1);
 }
 
 TEST_F(MiniWidgetViewTest, an_unread_figure_has_no_bar) {

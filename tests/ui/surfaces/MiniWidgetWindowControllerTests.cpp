@@ -34,6 +34,16 @@ protected:
         move(*widget.window(), from + by);
         release(*widget.window(), from + by);
     }
+    /// What the toolkit tells when a screen changes.
+    static void tell() {
+        QScreen& screen = *QGuiApplication::primaryScreen();
+        Q_EMIT screen.geometryChanged(screen.geometry());
+    }
+    void change(const StripPlacement::Screens& screens) {
+        system.desktop = screens;
+        tell();
+        test::settle();
+    }
     [[nodiscard]] static QRect room() {
         return QGuiApplication::primaryScreen()->availableGeometry();
     }
@@ -90,6 +100,56 @@ TEST_F(MiniWidgetWindowTest, a_place_that_is_out_of_view_is_shown_in_view_and_st
     widget.show();
     EXPECT_TRUE(room().contains(widget.window()->geometry()));
     EXPECT_EQ(saved(), QPoint(90'000, 100));
+}
+
+/// Two screens side by side, and the right one alone gone.
+const StripPlacement::Screens both{{"left", QRect(0, 0, 800, 600), 1, {}},
+                                   {"right", QRect(800, 0, 800, 600), 1, {}}};
+const StripPlacement::Screens leftAlone{both.front()};
+
+TEST_F(MiniWidgetWindowTest, a_screen_that_goes_leaves_it_in_view_and_one_that_comes_back_gets_it) {
+    system.desktop = both;
+    save(1200, 300);
+    widget.show();
+    ASSERT_EQ(widget.window()->pos(), QPoint(1200, 300));
+    change(leftAlone);
+    EXPECT_TRUE(leftAlone.front().geometry.contains(widget.window()->geometry()));
+    EXPECT_EQ(saved(), QPoint(1200, 300)) << "that is no choice of the user";
+    change(both);
+    EXPECT_EQ(widget.window()->pos(), QPoint(1200, 300));
+}
+
+TEST_F(MiniWidgetWindowTest, moved_while_a_screen_was_away_it_stays_there_when_it_comes_back) {
+    system.desktop = both;
+    save(1200, 300);
+    widget.show();
+    change(leftAlone);
+    const QPoint there = widget.window()->pos() + QPoint(-200, 40);
+    drag({-200, 40});
+    change(both);
+    EXPECT_EQ(widget.window()->pos(), there);
+    EXPECT_EQ(saved(), there);
+}
+
+TEST_F(MiniWidgetWindowTest, a_desktop_that_changes_screen_by_screen_is_looked_at_once_it_has) {
+    system.desktop = both;
+    save(1200, 300);
+    widget.show();
+    system.desktop = leftAlone;
+    tell();
+    system.desktop = both;
+    tell();
+    test::settle();
+    EXPECT_EQ(widget.window()->pos(), QPoint(1200, 300));
+}
+
+TEST_F(MiniWidgetWindowTest, without_blending_it_is_cut_anew_for_screens_of_another_scale) {
+    system.blends = false;
+    widget.show();
+    const int before = system.cuts;
+    tell();
+    test::settle();
+    EXPECT_EQ(system.cuts, before + 1);
 }
 
 TEST_F(MiniWidgetWindowTest, dragged_back_to_where_it_first_stood_that_place_is_stored) {
