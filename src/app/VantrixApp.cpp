@@ -58,6 +58,7 @@ struct VantrixApp::Parts {
           windowSystem(nativeWindowSystem()),
           surfaces(*windowSystem, ports.userDefaults, options.title),
           delegate(ports, executors, surfaces) {
+        surfaces.onLetGo = options.giveHeapBack;
         if (tray) surfaces.useTray(*tray, ports.clock);
         if (!options.picturesFolder.isEmpty())
             tour = std::make_unique<PictureTour>(options.picturesFolder, ports.clock,

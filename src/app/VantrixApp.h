@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <memory>
 
 #include "base/Executors.h"
@@ -22,6 +23,8 @@ struct LaunchOptions {
     QString picturesFolder;
     /// The platform's own words, laid over the catalogue; null where it has none.
     PlatformWording wording = nullptr;
+    /// Gives the unused heap back to the system: called when a surface is gone. May be empty.
+    std::function<void()> giveHeapBack;
 };
 
 /// The running application on a platform that was picked for it: makes the process-wide objects,

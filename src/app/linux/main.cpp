@@ -9,6 +9,7 @@
 #include "base/Version.h"
 #include "language/linux/LinuxWording.h"
 #include "platform/linux/DescriptorLimit.h"
+#include "platform/linux/LinuxHeapRelief.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/SessionInstance.h"
 #include "platform/linux/TerminationSignals.h"
@@ -19,6 +20,7 @@
 int main(int argc, char** argv) {
     vtx::LaunchOptions options;
     options.wording = vtx::linuxWording;
+    options.giveHeapBack = vtx::LinuxHeapRelief::trim;
     if (const auto done = vtx::readCommandLine(argc, argv, options)) return *done;
     vtx::SessionInstance instance("com.vantrix.app", vtx::sessionBusAddress());
     if (const auto done = vtx::handOverToFirst(instance, options)) return *done;

@@ -36,9 +36,11 @@ std::optional<std::int64_t> LinuxHeapRelief::heldBytes() const {
     return text ? heldBytes(*text) : std::nullopt;
 }
 
+void LinuxHeapRelief::trim() { ::malloc_trim(0); }
+
 std::int64_t LinuxHeapRelief::mallocZonePressureRelief() {
     const auto before = heldBytes();
-    ::malloc_trim(0);
+    trim();
     const auto after = heldBytes();
     // Another thread may have taken more meanwhile than was given back.
     return before && after ? std::max<std::int64_t>(*before - *after, 0) : 0;

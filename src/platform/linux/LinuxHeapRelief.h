@@ -18,6 +18,9 @@ class LinuxHeapRelief final : public HeapRelief {
 public:
     explicit LinuxHeapRelief(const LinuxRoot& root) : root_(root) {}
 
+    /// The relief alone, without the count, which takes a walk over all that is mapped. Any thread.
+    static void trim();
+
     [[nodiscard]] std::int64_t mallocZonePressureRelief() override;
 
     /// Bytes that this program holds for itself; absent where the system does not tell.

@@ -69,7 +69,9 @@ protected:
         QMetaObject::invokeMethod(
             this,
             [this] {
-                if (!isVisible()) destroy();
+                if (isVisible()) return;
+                destroy();
+                if (owner_.didLetGo) owner_.didLetGo();
             },
             Qt::QueuedConnection);
     }

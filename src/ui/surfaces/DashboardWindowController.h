@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <memory>
 
 #include "ui/controller/SurfaceFactory.h"
@@ -26,6 +27,9 @@ public:
     ~DashboardWindowController() override;
 
     void show(PopoverSection section) override;
+
+    /// The content is gone, and what the window was drawn in with it.
+    std::function<void()> didLetGo;
 
     /// Null until it was first shown.
     [[nodiscard]] QWidget* window() const;

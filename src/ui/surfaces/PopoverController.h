@@ -1,14 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QPointer>
+#include <QTimer>
+#include <chrono>
+#include <functional>
+
 #include "ui/controller/SurfaceFactory.h"
+#include "ui/models/PopoverSection.h"
 #include "ui/shell/AnchoredWindow.h"
 
 namespace vtx {
 
+class PopoverView;
 class StatusItem;
 
-/// The popover under the status item: a window that belongs to it, with the sections in it.
+/// The popover under the status item: a window that belongs to it, with the sections in it. The
+/// pages are made when it opens and let go some time after it closed, so that a program that nobody
+/// looks at does not pay for them; the section is kept.
 class PopoverController final : public PopoverSurface {
 public:
     /// The system, the coordinator and the item must outlive the popover.
@@ -20,17 +29,28 @@ public:
     void show() override;
     void close() override { window_.dismiss(); }
 
+    /// How long the pages stay after the popover closed: who opens it again soon finds it as it
+    /// was, a filter or a place on the page with it.
+    void keepPagesFor(std::chrono::milliseconds time) { grace_.setInterval(time); }
+
     /// As `onClose`, for the item that it belongs to.
     std::function<void()> didClose;
+    /// The pages are gone: what they were made of can be given back.
+    std::function<void()> didLetGo;
 
     [[nodiscard]] QWidget& window() { return window_; }
 
 private:
+    void letGo();
+
+    MetricsCoordinator& coordinator_;
     StatusItem& item_;
+    const std::function<void(PopoverSection)> onDetachRequested_;
     AnchoredWindow window_;
-    /// Makes the pages when they are first asked for: a program whose popover was never opened does
-    /// not pay for them. Null from then on.
-    std::function<QWidget*()> makeContent_;
+    PopoverSection section_ = PopoverSection::overview;
+    QPointer<PopoverView> view_;
+    /// Runs from the closing on.
+    QTimer grace_;
 };
 
 }  // namespace vtx

@@ -31,6 +31,9 @@ std::unique_ptr<LanguagePickerSurface> QtSurfaceFactory::makeLanguagePicker() {
 
 std::unique_ptr<DashboardSurface> QtSurfaceFactory::makeDashboard(MetricsCoordinator& coordinator) {
     auto made = std::make_unique<DashboardWindowController>(coordinator, defaults_, title_);
+    made->didLetGo = [this] {
+        if (onLetGo) onLetGo();
+    };
     dashboard_ = made.get();
     return made;
 }
@@ -59,6 +62,9 @@ std::unique_ptr<PopoverSurface> QtSurfaceFactory::makePopover(
     auto made = std::make_unique<PopoverController>(system_, coordinator, ours.item(), title_,
                                                     std::move(onDetachRequested));
     made->didClose = [&ours] { ours.popoverClosed(); };
+    made->didLetGo = [this] {
+        if (onLetGo) onLetGo();
+    };
     popover_ = made.get();
     return made;
 }

@@ -3,6 +3,7 @@
 
 #include <QPointer>
 #include <QString>
+#include <functional>
 
 #include "ui/controller/SurfaceFactory.h"
 #include "ui/surfaces/ToolkitTexts.h"
@@ -28,6 +29,10 @@ public:
     /// `title` stands in every window's title. The system and the store must outlive the factory.
     QtSurfaceFactory(WindowSystem& system, UserDefaults& defaults, QString title);
     ~QtSurfaceFactory() override;
+
+    /// What a surface was made of is gone, and none of it is needed soon: the time to give memory
+    /// back to the system.
+    std::function<void()> onLetGo;
 
     /// Gives the status item that is made later a place in the tray too; both must outlive it.
     void useTray(TrayHost& tray, const Clock& clock);

@@ -51,6 +51,17 @@ TEST_F(DashboardTest, has_no_window_before_it_is_shown) {
     EXPECT_TRUE(told.empty());
 }
 
+TEST_F(DashboardTest, tells_when_it_has_let_its_content_go) {
+    const auto dashboard = shown();
+    int letGo = 0;
+    dashboard->didLetGo = [&] { ++letGo; };
+    dashboard->window()->close();
+    EXPECT_EQ(letGo, 0);
+    test::settle();
+    EXPECT_EQ(letGo, 1);
+    EXPECT_TRUE(contentsOf(*dashboard).empty());
+}
+
 TEST_F(DashboardTest, carries_the_programs_title) {
     EXPECT_EQ(shown()->window()->windowTitle(), "Vantrix (simulated Mac)");
 }

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QDialog>
+
 #include "ShellFakes.h"
 #include "SurfaceBench.h"
 #include "ui/shell/StripStatusItem.h"
@@ -11,6 +13,8 @@
 namespace vtx {
 namespace {
 
+using namespace std::chrono_literals;
+
 class PopoverControllerTest : public testing::Test {
 protected:
     PopoverControllerTest() {
@@ -18,6 +22,14 @@ protected:
         item.show();
         popover.onShow = [this] { told += 'o'; };
         popover.onClose = [this] { told += 'c'; };
+        popover.didLetGo = [this] { told += 'g'; };
+    }
+
+    [[nodiscard]] PopoverView* view() { return popover.window().findChild<PopoverView*>(); }
+    void closeForLong() {
+        popover.keepPagesFor(0ms);
+        popover.close();
+        test::settle();
     }
 
     test::SurfaceBench bench;
@@ -36,14 +48,50 @@ TEST_F(PopoverControllerTest, opening_and_closing_are_told_once_each) {
     EXPECT_EQ(told, "oc");
 }
 
-TEST_F(PopoverControllerTest, has_no_pages_until_it_is_first_shown_and_keeps_them_then) {
-    EXPECT_EQ(popover.window().findChild<PopoverView*>(), nullptr);
+TEST_F(PopoverControllerTest, has_no_pages_until_it_is_first_shown) {
+    EXPECT_EQ(view(), nullptr);
     popover.show();
-    auto* const view = popover.window().findChild<PopoverView*>();
-    ASSERT_NE(view, nullptr);
+    EXPECT_NE(view(), nullptr);
+}
+
+TEST_F(PopoverControllerTest, opened_again_soon_it_is_as_it_was_left) {
+    popover.keepPagesFor(0ms);
+    popover.show();
+    const PopoverView* const before = view();
     popover.close();
     popover.show();
-    EXPECT_EQ(popover.window().findChild<PopoverView*>(), view);
+    test::settle();
+    EXPECT_EQ(view(), before);
+}
+
+TEST_F(PopoverControllerTest, lets_its_pages_go_some_time_after_it_closed) {
+    popover.show();
+    popover.keepPagesFor(0ms);
+    popover.close();
+    EXPECT_NE(view(), nullptr);
+    test::settle();
+    EXPECT_EQ(view(), nullptr);
+    EXPECT_EQ(told, "ocg");
+}
+
+TEST_F(PopoverControllerTest, is_at_the_same_section_with_new_pages) {
+    popover.show();
+    view()->select(PopoverSection::memory);
+    closeForLong();
+    popover.show();
+    ASSERT_NE(view(), nullptr);
+    EXPECT_EQ(view()->selectedSection(), PopoverSection::memory);
+}
+
+TEST_F(PopoverControllerTest, keeps_its_pages_while_a_dialog_of_theirs_asks_for_an_answer) {
+    popover.show();
+    QDialog dialog(view());
+    dialog.open();
+    closeForLong();
+    EXPECT_NE(view(), nullptr);
+    dialog.reject();
+    test::settle();
+    EXPECT_EQ(view(), nullptr);
 }
 
 TEST_F(PopoverControllerTest, closed_it_follows_nothing_whatever_section_it_shows) {
