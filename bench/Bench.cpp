@@ -77,7 +77,7 @@ void Bench::measureAlone(std::string title, const std::vector<std::string>& comm
     resident_ = nullptr;
     subjects_.clear();
     addFloors();
-    resident_ = start(resident, command, {}, settings);
+    resident_ = start(resident, command, {}, stored);
     measureWindow(std::move(title));
 }
 

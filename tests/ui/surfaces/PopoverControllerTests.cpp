@@ -85,11 +85,11 @@ TEST_F(PopoverControllerTest, is_at_the_same_section_with_new_pages) {
 
 TEST_F(PopoverControllerTest, keeps_its_pages_while_a_dialog_of_theirs_asks_for_an_answer) {
     popover.show();
-    QDialog dialog(view());
-    dialog.open();
+    auto* const dialog = new QDialog(view());  // goes with the pages
+    dialog->open();
     closeForLong();
     EXPECT_NE(view(), nullptr);
-    dialog.reject();
+    dialog->reject();
     test::settle();
     EXPECT_EQ(view(), nullptr);
 }
