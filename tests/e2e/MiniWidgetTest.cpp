@@ -64,8 +64,11 @@ TEST_F(MiniWidgetE2E, tells_the_second_of_its_readings_and_the_loads_of_the_clus
     choose("Show Mini Widget");
     ASSERT_TRUE(isWidgetShown());
     const auto said = [this](const char* name) {
-        const auto element = elementOf(widget())->findNamed(name);
-        return element ? element->description() : "";
+        // The panel has the name of its first row.
+        const auto row = elementOf(widget())->find([name](const Accessible& element) {
+            return element.role() == "list item" && element.name() == name;
+        });
+        return row ? row->description() : "";
     };
     for (const char* chip : {"P", "E"})
         EXPECT_TRUE(eventually([&] {
