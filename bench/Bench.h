@@ -34,13 +34,11 @@ private:
     Subject* add(const std::string& name);
     void add(const std::string& command, std::size_t number);
     Subject* start(const std::string& name, const std::vector<std::string>& command,
-                   Program::Environment environment = {},
-                   Stored stored = Stored::ofAFirstStart);
+                   Program::Environment environment = {}, Stored stored = Stored::ofAFirstStart);
     void measureEveryTile();
     void measureEverySensor();
     /// One resident program at a time: two would share their pages, and each seem smaller.
-    void measureAlone(std::string title, const std::vector<std::string>& command,
-                      Stored stored);
+    void measureAlone(std::string title, const std::vector<std::string>& command, Stored stored);
     [[nodiscard]] std::vector<CostReading> readAll();
     void measureWindow(std::string title);
     /// Lets the window of time pass; how often the strip showed something else meanwhile.
