@@ -4,7 +4,7 @@
 
 tidy_at_most=20
 
-our_sources() { grep -E '^(src|tests|bench)/.*\.(h|cpp|mm)$' || true; }
+our_sources() { grep -E '^(src|tests|bench|fuzz)/.*\.(h|cpp|mm)$' || true; }
 
 in_git() { git rev-parse --verify -q HEAD >/dev/null 2>&1; }
 
