@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Opening the popover, reading it, and every way of closing it.
+#include <array>
 #include <regex>
 
+#include "support/ClientWindow.h"
 #include "support/DesktopTest.h"
 
 namespace vtx::e2e {
@@ -57,6 +59,30 @@ TEST_F(PopoverE2E, escape_closes_it) {
 TEST_F(PopoverE2E, a_click_elsewhere_closes_it) {
     open();
     user().click(emptyPlace());
+    EXPECT_TRUE(closes());
+}
+
+TEST_F(PopoverE2E, another_window_that_comes_to_the_front_closes_it) {
+    open();
+    ASSERT_TRUE(hasKeyboard());
+    const ClientWindow other(display());
+    ASSERT_TRUE(other.comesToFront());
+    EXPECT_TRUE(closes());
+}
+
+TEST_F(PopoverE2E, a_keyboard_that_goes_to_no_window_comes_back_to_it) {
+    open();
+    ASSERT_TRUE(hasKeyboard());
+    constexpr std::array<xcb_window_t, 2> nobody{XCB_INPUT_FOCUS_NONE,
+                                                 XCB_INPUT_FOCUS_POINTER_ROOT};
+    for (const xcb_window_t focus : nobody) {
+        display().giveKeyboardTo(focus);
+        bool stayed = true;
+        watchFor(aftermath, [&] { stayed = stayed && isPopoverOpen(); });
+        ASSERT_TRUE(stayed);
+    }
+    ASSERT_TRUE(hasKeyboard());
+    user().press(key::escape);
     EXPECT_TRUE(closes());
 }
 

@@ -39,12 +39,9 @@ AnchoredWindow::AnchoredWindow(WindowSystem& system)
     patience_.setSingleShot(true);
     patience_.setTimerType(Qt::PreciseTimer);
     patience_.setInterval(patienceMs);
-    const auto giveUp = [this] {
-        if (!patience_.isActive() && !anchorHeld_ && !isActiveWindow()) dismiss();
-    };
     // Timers come before the window system's events: on a busy machine the keyboard may be back
     // without having been heard.
-    connect(&patience_, &QTimer::timeout, this, giveUp, Qt::QueuedConnection);
+    connect(&patience_, &QTimer::timeout, this, &AnchoredWindow::giveUp, Qt::QueuedConnection);
     connect(&Theme::current(), &Theme::changed, this, qOverload<>(&QWidget::update));
 }
 
@@ -76,7 +73,7 @@ void AnchoredWindow::showAt(const QRect& anchor, DockEdge docked) {
 
     const bool opens = !std::exchange(shown_, true);
     if (opens) {
-        wasActive_ = false;
+        wasActive_ = hasAskedBack_ = false;
         focus_ = connect(qGuiApp, &QGuiApplication::focusWindowChanged, this,
                          [this](QWindow* window) { focusMoved(window); });
         presses_ = system_.watchPresses([this](QPoint at) { pressedAnywhere(at); });
@@ -105,13 +102,26 @@ void AnchoredWindow::anchorReleased() {
 void AnchoredWindow::focusMoved(const QWindow* window) {
     if (isOurs(window)) {
         wasActive_ = true;
+        hasAskedBack_ = false;
         patience_.stop();
         return;
     }
     if (!wasActive_ || anchorHeld_ || QApplication::activePopupWidget()) return;
     // A dialog of its own is still to be answered, whoever has the focus meanwhile.
     if (isOurs(QGuiApplication::modalWindow())) return;
-    if (anchor_.contains(system_.pointer())) {
+    const bool isLost = !window && !system_.worksElsewhere(*this);
+    if (isLost || anchor_.contains(system_.pointer())) {
+        patience_.start();
+    } else {
+        dismiss();
+    }
+}
+
+void AnchoredWindow::giveUp() {
+    if (patience_.isActive() || anchorHeld_ || isActiveWindow()) return;
+    // A window manager that is at a loss takes the keyboard away and gives it to nobody.
+    if (!system_.worksElsewhere(*this) && !std::exchange(hasAskedBack_, true)) {
+        activateWindow();
         patience_.start();
     } else {
         dismiss();

@@ -53,6 +53,7 @@ protected:
 
 private:
     void focusMoved(const QWindow* window);
+    void giveUp();
     void pressedAnywhere(QPoint at);
     [[nodiscard]] bool isOurs(const QWindow* window) const;
     void ended();
@@ -65,10 +66,12 @@ private:
     bool shown_ = false;
     /// It has had the keyboard since it opened, and so can lose it.
     bool wasActive_ = false;
+    /// It has asked for the keyboard that it lost to nobody.
+    bool hasAskedBack_ = false;
     /// The anchor is held down.
     bool anchorHeld_ = false;
-    /// Runs while the keyboard went elsewhere with the pointer on the anchor: a press there may be
-    /// on its way.
+    /// Runs while the keyboard went elsewhere with the pointer on the anchor, as a press there may
+    /// be on its way, or while it went to no window, as it may come back.
     QTimer patience_;
     Subscription presses_;
     QMetaObject::Connection focus_;

@@ -53,6 +53,9 @@ public:
         return {};
     }
 
+    /// Whether the user works in another window than `ours`. A system that does not tell says yes.
+    [[nodiscard]] virtual bool worksElsewhere(const QWidget& /*ours*/) const { return true; }
+
     /// Where the pointer is now, in logical pixels of the desktop.
     [[nodiscard]] virtual QPoint pointer() const;
     /// Calls `pressed` after each press of a mouse button anywhere, in other programs' windows too,

@@ -107,6 +107,11 @@ xcb_window_t XDisplay::activeWindow() const {
     return active.empty() ? 0 : active.front();
 }
 
+void XDisplay::giveKeyboardTo(xcb_window_t window) const {
+    xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_NONE, window, XCB_CURRENT_TIME);
+    xcb_flush(connection_);
+}
+
 bool XDisplay::savePicture(const std::filesystem::path& file) const {
     const auto width = static_cast<std::uint16_t>(screen_.width);
     const auto height = static_cast<std::uint16_t>(screen_.height);

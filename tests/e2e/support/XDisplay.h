@@ -50,6 +50,9 @@ public:
     /// The window without its frame.
     [[nodiscard]] Place place(xcb_window_t window) const;
     [[nodiscard]] xcb_window_t activeWindow() const;
+    /// What any program may do, without asking the window manager. None, or whatever the pointer is
+    /// over, are no window.
+    void giveKeyboardTo(xcb_window_t window) const;
     [[nodiscard]] xcb_atom_t atom(const std::string& name) const;
 
     /// Saves what the screen shows as a PNG; false if that failed.

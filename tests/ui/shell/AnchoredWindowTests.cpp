@@ -91,6 +91,17 @@ TEST_F(AnchoredWindowTest, closes_when_the_user_turns_to_another_window) {
     EXPECT_EQ(told, "oc");
 }
 
+TEST_F(AnchoredWindowTest, closes_when_another_program_gets_the_keyboard_but_not_when_nobody_does) {
+    open();
+    system.pointerAt = elsewhere;
+    system.userWorksElsewhere = false;
+    Q_EMIT qGuiApp->focusWindowChanged(nullptr);
+    EXPECT_EQ(told, "o");
+    system.userWorksElsewhere = true;
+    Q_EMIT qGuiApp->focusWindowChanged(nullptr);
+    EXPECT_EQ(told, "oc");
+}
+
 TEST_F(AnchoredWindowTest, closes_on_a_press_anywhere_else_and_then_listens_no_more) {
     open();
     ASSERT_TRUE(system.pressed);

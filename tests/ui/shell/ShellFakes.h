@@ -27,6 +27,7 @@ public:
     int popovers = 0;
     int floating = 0;
     std::function<void(QPoint)> pressed;
+    bool userWorksElsewhere = true;
 
     [[nodiscard]] bool placesWindows() const override { return true; }
     [[nodiscard]] bool blendsWindows() const override { return blends; }
@@ -45,6 +46,7 @@ public:
     }
     [[nodiscard]] std::vector<Strut> reservations(const QWidget&) const override { return others; }
     [[nodiscard]] QPoint pointer() const override { return pointerAt; }
+    [[nodiscard]] bool worksElsewhere(const QWidget&) const override { return userWorksElsewhere; }
     [[nodiscard]] Subscription watchPresses(std::function<void(QPoint)> told) override {
         pressed = std::move(told);
         return Subscription([this] { pressed = nullptr; });

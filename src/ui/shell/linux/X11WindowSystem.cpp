@@ -130,6 +130,11 @@ std::vector<Strut> X11WindowSystem::reservations(const QWidget& except) const {
     return all;
 }
 
+bool X11WindowSystem::worksElsewhere(const QWidget& ours) const {
+    const auto active = x11_->numbers(x11_->root(), "_NET_ACTIVE_WINDOW");
+    return active.empty() || (active.front() != XCB_WINDOW_NONE && active.front() != handle(ours));
+}
+
 Subscription X11WindowSystem::watchPresses(std::function<void(QPoint)> pressed) {
     return presses_->watch(std::move(pressed));
 }

@@ -26,6 +26,7 @@ public:
     void cutOut(QWidget& window, const QPainterPath& path) override;
     void reserve(QWidget& window, const std::optional<Strut>& strut) override;
     [[nodiscard]] std::vector<Strut> reservations(const QWidget& except) const override;
+    [[nodiscard]] bool worksElsewhere(const QWidget& ours) const override;
     [[nodiscard]] Subscription watchPresses(std::function<void(QPoint)> pressed) override;
 
 private:
