@@ -47,6 +47,24 @@ TEST(TaskScope, what_the_body_captured_lasts_as_long_as_the_task) {
     EXPECT_TRUE(weak.expired());
 }
 
+TEST(TaskScope, its_end_between_that_of_a_task_and_the_clearing_up_drops_it_once) {
+    TestBench bench;
+    const auto kept = std::make_shared<int>(1);
+    {
+        TaskScope scope(bench.main);
+        scope.spawn([&](std::stop_token) -> Task<> {
+            const auto local = kept;
+            co_return;
+        });
+        while (scope.size() == 1 && kept.use_count() == 1 && bench.main.runOne()) {
+            if (kept.use_count() == 1) break;  // the body has run to its end
+        }
+        EXPECT_EQ(scope.size(), 1u);
+    }
+    bench.settle();
+    EXPECT_EQ(kept.use_count(), 1);
+}
+
 TEST(TaskScope, its_end_drops_suspended_frames_with_their_locals_and_timers) {
     TestBench bench;
     const auto kept = std::make_shared<int>(1);
