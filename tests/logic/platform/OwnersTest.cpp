@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <span>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 #include "platform/KernelArray.h"
