@@ -280,7 +280,6 @@ TEST(SystemInfo, devices_whose_properties_cannot_be_read_are_there_or_not_by_wha
         EXPECT_TRUE(info.hasBattery) << operation;
         EXPECT_EQ(info.batteryDesignCapacityMAh, std::nullopt) << operation;
         EXPECT_EQ(info.batteryCycleCount, std::nullopt) << operation;
-        EXPECT_EQ(info.ramType, std::nullopt) << operation;
         EXPECT_EQ(b.platform.outstanding(), 0U) << operation;
     }
 }
