@@ -170,6 +170,24 @@ TEST(ProcessRenice, shows_at_once_in_the_list_and_in_the_result) {
     EXPECT_EQ(m.said(LogLevel::info, "renice succeeded: pid=200 nice=5"), 1U);
 }
 
+TEST(ProcessRenice, a_process_whose_start_is_not_told_is_taken_for_the_listed_one) {
+    Managed m;
+    auto process = application(200);
+    process.startTime = 1;
+    m.running.add(process);
+    m.refresh();
+    const ProcessSnapshot known = m.listed(200);
+    EXPECT_EQ(m.errorOf(known, 3), std::nullopt);
+    EXPECT_EQ(m.listed(200).nice, 3);
+    ProcessSnapshot unknown = known;
+    unknown.startTime.reset();
+    EXPECT_EQ(m.errorOf(unknown, 5), std::nullopt);
+    EXPECT_EQ(m.listed(200).nice, 5);
+    m.manager.processes.modify([](auto& all) { all.front().startTime.reset(); });
+    EXPECT_EQ(m.errorOf(known, 7), std::nullopt);
+    EXPECT_EQ(m.listed(200).nice, 7);
+}
+
 TEST(ProcessRenice, accepts_the_whole_range_and_nothing_beyond) {
     Managed m;
     m.running.add(application(200));
