@@ -26,6 +26,9 @@ public:
     void show() override;
     void close() override;
 
+    /// The panel is gone, and what it was drawn in with it.
+    std::function<void()> didLetGo;
+
     /// Null while it is hidden.
     [[nodiscard]] QWidget* window() const;
 
