@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "linux/TemporaryTree.h"
+#include "platform/linux/LinuxProcessTable.h"
+#include "platform/simulated/ManualClock.h"
 
 namespace vtx::test {
 namespace {
@@ -44,6 +46,20 @@ bool isAnothersHeap() {
     return allocating.dli_fbase != library.dli_fbase;
 }
 
+/// Blocks of 8 KiB, of which one in 64 is still in use: it lies between those that are not, so that
+/// the library keeps all of it until it is told to give back.
+std::vector<std::unique_ptr<char[]>> blocksWithGaps(std::size_t count) {
+    constexpr std::size_t blockBytes = 8192;
+    std::vector<std::unique_ptr<char[]>> blocks;
+    for (std::size_t i = 0; i < count; ++i) {
+        blocks.push_back(std::make_unique<char[]>(blockBytes));
+        std::memset(blocks.back().get(), 1, blockBytes);
+    }
+    for (std::size_t i = 0; i < count; ++i)
+        if (i % 64 != 63) blocks[i].reset();
+    return blocks;
+}
+
 TEST(LinuxHeapRelief, what_a_program_holds_for_itself_is_resident_or_swapped_out) {
     EXPECT_EQ(LinuxHeapRelief::heldBytes(rollup), (12000 + 288) * 1024);
 }
@@ -64,8 +80,6 @@ TEST(LinuxHeapRelief, a_machine_that_does_not_tell_gets_no_invented_number) {
     EXPECT_EQ(relief.mallocZonePressureRelief(), 0);
 }
 
-// Blocks that are in use lie between those that are not, so that the library keeps all of it until
-// it is told to give back.
 TEST(LinuxHeapRelief, gives_the_unused_heap_back_and_tells_how_much) {
     const LinuxRoot root;
     LinuxHeapRelief relief(root);
@@ -73,15 +87,7 @@ TEST(LinuxHeapRelief, gives_the_unused_heap_back_and_tells_how_much) {
     if (!held) GTEST_SKIP() << "this machine does not tell what a program holds";
     if (isAnothersHeap()) GTEST_SKIP() << "another heap than the C library's is in use";
     (void)relief.mallocZonePressureRelief();
-    constexpr std::size_t count = 8192;
-    constexpr std::size_t blockBytes = 8192;  // 64 MiB together
-    std::vector<std::unique_ptr<char[]>> blocks;
-    for (std::size_t i = 0; i < count; ++i) {
-        blocks.push_back(std::make_unique<char[]>(blockBytes));
-        std::memset(blocks.back().get(), 1, blockBytes);
-    }
-    for (std::size_t i = 0; i < count; ++i)
-        if (i % 64 != 63) blocks[i].reset();
+    const auto blocks = blocksWithGaps(8192);  // 64 MiB together
     const std::int64_t before = *relief.heldBytes();
     const std::int64_t told = relief.mallocZonePressureRelief();
     const std::int64_t after = *relief.heldBytes();
@@ -89,6 +95,20 @@ TEST(LinuxHeapRelief, gives_the_unused_heap_back_and_tells_how_much) {
     EXPECT_LT(told, 66 * mebibyte);
     EXPECT_NEAR(static_cast<double>(before - after), static_cast<double>(told), 2.0 * mebibyte);
     EXPECT_LT(relief.mallocZonePressureRelief(), mebibyte);
+}
+
+TEST(LinuxHeapRelief, a_process_table_that_rests_gives_the_unused_heap_back) {
+    const LinuxRoot root;
+    const LinuxHeapRelief relief(root);
+    if (!relief.heldBytes()) GTEST_SKIP() << "this machine does not tell what a program holds";
+    if (isAnothersHeap()) GTEST_SKIP() << "another heap than the C library's is in use";
+    const ManualClock clock;
+    LinuxProcessTable table(root, clock);
+    LinuxHeapRelief::trim();
+    const auto blocks = blocksWithGaps(2048);
+    const std::int64_t before = *relief.heldBytes();
+    table.letGo();
+    EXPECT_GT(before - *relief.heldBytes(), 14 * mebibyte);
 }
 
 }  // namespace
