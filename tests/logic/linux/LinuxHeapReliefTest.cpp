@@ -4,9 +4,16 @@
 #include <dlfcn.h>
 #include <gnu/libc-version.h>
 #include <gtest/gtest.h>
+#include <malloc.h>
 
+#include <algorithm>
+#include <barrier>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <string>
+#include <thread>
 #include <vector>
 
 #include "linux/TemporaryTree.h"
@@ -109,6 +116,38 @@ TEST(LinuxHeapRelief, a_process_table_that_rests_gives_the_unused_heap_back) {
     const std::int64_t before = *relief.heldBytes();
     table.letGo();
     EXPECT_GT(before - *relief.heldBytes(), 14 * mebibyte);
+}
+
+/// How many heaps the C library keeps.
+std::size_t heaps() {
+    char* text = nullptr;
+    std::size_t size = 0;
+    std::FILE* const file = ::open_memstream(&text, &size);
+    ::malloc_info(0, file);
+    std::fclose(file);
+    const std::string told(text, size);
+    std::free(text);
+    std::size_t found = 0;
+    for (auto at = told.find("<heap "); at != std::string::npos; at = told.find("<heap ", at + 1))
+        ++found;
+    return found;
+}
+
+TEST(LinuxHeapRelief, threads_share_one_heap_besides_that_of_the_first) {
+    if (isAnothersHeap()) GTEST_SKIP() << "another heap than the C library's is in use";
+    LinuxHeapRelief::shareHeaps();
+    const std::size_t before = heaps();
+    constexpr int count = 6;
+    std::barrier<> together(count);
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < count; ++i) {
+        threads.emplace_back([&together] {
+            const std::vector<char> block(5000, 'x');
+            together.arrive_and_wait();
+        });
+    }
+    threads.clear();
+    EXPECT_LE(heaps(), std::max<std::size_t>(before, 2));
 }
 
 }  // namespace
