@@ -1,13 +1,32 @@
 // SPDX-License-Identifier: MIT
+#include <array>
 #include <cmath>
-#include "Fuzz.h"
 
+#include "Fuzz.h"
 #include "platform/simulated/Instruments.h"
 #include "platform/simulated/SimulatedIORegistry.h"
 #include "telemetry/CoreLayout.h"
 #include "telemetry/PMGRReader.h"
 
 using namespace vtx;
+
+namespace {
+
+/// Made once: only the values are those of the input.
+struct Machine {
+    using Node = SimulatedRegistry::Node;
+
+    SimulatedRegistry registry;
+    Instruments instruments;
+    SimulatedIORegistry port{registry, instruments};
+    Node cpus = registry.add(registry.root(planes::deviceTree), "cpus", "IOPlatformDevice");
+    std::array<Node, 4> cores{core(), core(), core(), core()};
+    Node pmgr = registry.add(registry.root(planes::service), "pmgr", "AppleARMIODevice");
+
+    Node core() { return registry.add(cpus, "cpu", "IOPlatformDevice"); }
+};
+
+}  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     // The first byte says where the rest is cut in two; each half is a property.
@@ -24,17 +43,14 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     for (const double mhz : PMGRReader::decodeSteps("voltage-states1-sram", pmgr))
         fuzz::expect(std::isfinite(mhz) && mhz >= 0.0);
 
-    SimulatedRegistry registry;
-    Instruments instruments;
-    SimulatedIORegistry port(registry, instruments);
-    const auto cpus = registry.add(registry.root(planes::deviceTree), "cpus", "IOPlatformDevice");
-    for (std::size_t i = 0; i < 4; ++i)
-        registry.add(cpus, "cpu", "IOPlatformDevice",
-                     {{"cpu-id", i % 2 == 0 ? first : second},
-                      {"cluster-type", i % 2 == 0 ? second : first}});
-    fuzz::expect(CoreLayout::detectCpuClusterMap(port).size() <= 65536);
-    registry.add(registry.root(planes::service), "pmgr", "AppleARMIODevice", pmgr);
-    (void)PMGRReader::detectFrequencyTables(port);
-    fuzz::expect(instruments.handles.outstanding() == 0);
+    static Machine machine;
+    for (std::size_t i = 0; i < machine.cores.size(); ++i) {
+        machine.registry.set(machine.cores[i], "cpu-id", i % 2 == 0 ? first : second);
+        machine.registry.set(machine.cores[i], "cluster-type", i % 2 == 0 ? second : first);
+    }
+    fuzz::expect(CoreLayout::detectCpuClusterMap(machine.port).size() <= 65536);
+    for (const auto& [key, value] : pmgr) machine.registry.set(machine.pmgr, key, value);
+    (void)PMGRReader::detectFrequencyTables(machine.port);
+    fuzz::expect(machine.instruments.handles.outstanding() == 0);
     return 0;
 }

@@ -21,7 +21,10 @@ void tryBlock(std::span<const std::byte> input) {
     if (!request) return;
     SMCParameterBlock block;
     std::ranges::copy(input, block.raw().begin());
-    fuzz::expect(block.key() == request->key);
+    // A question in the short form names its key as text, which only the answering side knows.
+    const bool isShort =
+        input[42] == std::byte{0} && input[22] == std::byte{smcCommands::readValue};
+    fuzz::expect(request->key == (isShort ? packSMCCode(asText(input.first<4>())) : block.key()));
     fuzz::expect(block.info() ==
                  KeyInfo{request->dataSize, request->dataType, request->attributes});
     fuzz::expect(std::ranges::equal(
