@@ -3,6 +3,7 @@
 
 #include <QPoint>
 #include <QString>
+#include <functional>
 #include <memory>
 
 #include "ui/controller/SurfaceFactory.h"

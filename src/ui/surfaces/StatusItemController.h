@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QRect>
+#include <functional>
 #include <memory>
 #include <optional>
 

@@ -3,9 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QMenu>
+#include <QApplication>
 #include <QPixmap>
 #include <QPixmapCache>
+#include <chrono>
 
 #include "ShellFakes.h"
 #include "SurfaceBench.h"
