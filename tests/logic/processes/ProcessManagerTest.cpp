@@ -8,6 +8,7 @@
 
 #include "base/TaskScope.h"
 #include "platform/simulated/Operations.h"
+#include "processes/ProcessOrder.h"
 #include "support/TestBench.h"
 
 namespace vtx {
@@ -154,6 +155,25 @@ TEST(ProcessOrder, follows_a_name_that_changed) {
     m.running.change(201, [](auto& process) { process.name = "a"; });
     m.refresh();
     EXPECT_EQ(m.names(), (std::vector<std::string>{"a", "b"}));
+}
+
+TEST(ProcessOrder, keeps_the_keys_of_the_last_list_until_it_rests) {
+    TestBench bench;
+    ProcessOrder order(bench.ports().locale);
+    const auto listed = [&order] {
+        std::vector<ProcessSnapshot> all(2);
+        all[0].name = "zsh";
+        all[1].name = "Notes";
+        std::vector<std::string> names;
+        for (const auto& process : order.sorted(std::move(all))) names.push_back(process.name);
+        return names;
+    };
+    const auto before = listed();
+    EXPECT_EQ(before, (std::vector<std::string>{"Notes", "zsh"}));
+    EXPECT_EQ(order.keptKeys(), 2U);
+    order.rest();
+    EXPECT_EQ(order.keptKeys(), 0U);
+    EXPECT_EQ(listed(), before);
 }
 
 TEST(ProcessRenice, shows_at_once_in_the_list_and_in_the_result) {
