@@ -75,6 +75,24 @@ TEST_F(MenuE2E, open_dashboard_opens_the_window) {
     EXPECT_FALSE(window->findNamed("Als Fenster öffnen")) << "that is for the popover alone";
 }
 
+TEST_F(MenuE2E, with_the_dashboard_on_another_desktop_everything_opens_where_the_user_is) {
+    startVantrix();
+    choose("Open Dashboard");
+    ASSERT_TRUE(eventually([this] { return dashboard() != 0; }));
+    display().goToDesktop(1);
+    ASSERT_TRUE(eventually([this] { return !display().isShown(dashboard()); }));
+
+    user().click(stripPlace());
+    const auto popover = [this] { return display().clientOfType("UTILITY"); };
+    EXPECT_TRUE(eventually([&] { return popover() != 0 && display().isShown(popover()); }));
+    EXPECT_FALSE(display().isShown(dashboard()));
+    user().press(key::escape);
+    ASSERT_TRUE(eventually([&] { return popover() == 0; }));
+
+    choose("Open Dashboard");
+    EXPECT_TRUE(eventually([this] { return display().isShown(dashboard()); }));
+}
+
 TEST_F(MenuE2E, the_simulated_program_says_so_in_its_title) {
     start(VANTRIX_SIMULATED_PROGRAM, "vantrix-simulated");
     // Its machine is a new one with each start, so that it asks for the language first.

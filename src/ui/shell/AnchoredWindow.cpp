@@ -69,6 +69,7 @@ void AnchoredWindow::showAt(const QRect& anchor, DockEdge docked) {
     const bool created = internalWinId() != 0;
     winId();
     if (!created) system_.makePopover(*this);
+    system_.bringHere(*this);
     setGeometry(place_.window);
     if (content_) content_->setGeometry(place_.content);
     ShellShape::cut(*this, place_.outline(0), system_);

@@ -39,6 +39,10 @@ public:
     /// Makes a short-lived companion of a window that has its handle but was never shown.
     virtual void makePopover(QWidget& /*window*/) {}
 
+    /// Has a window that has its handle shown on the desktop that the user looks at, or moves it
+    /// there: it would open beside another window of ours, on whichever desktop that was left.
+    virtual void bringHere(QWidget& /*window*/) {}
+
     /// Makes a floating panel of a window that has its handle but was never shown: on every
     /// desktop, above others, in no list of windows, without the keyboard.
     virtual void makeFloating(QWidget& /*window*/) {}

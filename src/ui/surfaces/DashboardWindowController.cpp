@@ -12,6 +12,7 @@
 
 #include "platform/UserDefaults.h"
 #include "ui/kit/AccessibleParts.h"
+#include "ui/shell/WindowSystem.h"
 #include "ui/surfaces/PopoverView.h"
 
 namespace vtx {
@@ -85,9 +86,10 @@ private:
     QWidget* content_ = nullptr;
 };
 
-DashboardWindowController::DashboardWindowController(MetricsCoordinator& coordinator,
+DashboardWindowController::DashboardWindowController(WindowSystem& system,
+                                                     MetricsCoordinator& coordinator,
                                                      UserDefaults& defaults, QString title)
-    : coordinator_(coordinator), defaults_(defaults), title_(std::move(title)) {}
+    : system_(system), coordinator_(coordinator), defaults_(defaults), title_(std::move(title)) {}
 
 DashboardWindowController::~DashboardWindowController() {
     onVisibilityChange = nullptr;
@@ -104,6 +106,8 @@ void DashboardWindowController::show(PopoverSection section) {
     }
     window_->setContent(
         new PopoverView(coordinator_, PopoverView::SurfaceKind::dashboard, section));
+    window_->winId();
+    system_.bringHere(*window_);
     if (window_->isMinimized()) window_->showNormal();
     window_->show();
     window_->raise();

@@ -12,6 +12,7 @@ class QWidget;
 namespace vtx {
 
 class UserDefaults;
+class WindowSystem;
 
 /// The dashboard: a normal window of sections that keeps its place and size over starts. The window
 /// is kept while closed, its content is not, so that a closed dashboard costs nothing. Its frame is
@@ -21,9 +22,9 @@ public:
     /// Where the window's frame is stored.
     static constexpr std::string_view frameKey = "dashboardWindow.frame.v1";
 
-    /// The coordinator and the store must outlive the controller.
-    DashboardWindowController(MetricsCoordinator& coordinator, UserDefaults& defaults,
-                              QString title);
+    /// What it is given must outlive the controller.
+    DashboardWindowController(WindowSystem& system, MetricsCoordinator& coordinator,
+                              UserDefaults& defaults, QString title);
     ~DashboardWindowController() override;
 
     void show(PopoverSection section) override;
@@ -39,6 +40,7 @@ private:
     void storeFrame();
     void windowWillClose();
 
+    WindowSystem& system_;
     MetricsCoordinator& coordinator_;
     UserDefaults& defaults_;
     const QString title_;

@@ -9,6 +9,7 @@
 #include "ui/kit/Symbol.h"
 #include "ui/kit/Type.h"
 #include "ui/shell/StatusItemFactory.h"
+#include "ui/shell/WindowSystem.h"
 #include "ui/surfaces/AboutPanel.h"
 #include "ui/surfaces/DashboardWindowController.h"
 #include "ui/surfaces/LanguagePickerWindowController.h"
@@ -48,7 +49,8 @@ std::unique_ptr<LanguagePickerSurface> QtSurfaceFactory::makeLanguagePicker() {
 }
 
 std::unique_ptr<DashboardSurface> QtSurfaceFactory::makeDashboard(MetricsCoordinator& coordinator) {
-    auto made = std::make_unique<DashboardWindowController>(coordinator, defaults_, title_);
+    auto made =
+        std::make_unique<DashboardWindowController>(system_, coordinator, defaults_, title_);
     made->didLetGo = [this] { rest_.start(); };
     dashboard_ = made.get();
     return made;
@@ -113,6 +115,8 @@ void QtSurfaceFactory::showAboutPanel() {
         about_ = new AboutPanel(title_);
         QObject::connect(about_, &QObject::destroyed, &rest_, [this] { rest_.start(); });
     }
+    about_->winId();
+    system_.bringHere(*about_);
     about_->show();
     about_->raise();
     about_->activateWindow();

@@ -107,6 +107,25 @@ xcb_window_t XDisplay::activeWindow() const {
     return active.empty() ? 0 : active.front();
 }
 
+bool XDisplay::isShown(xcb_window_t window) const {
+    const Reply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        connection_, xcb_get_window_attributes(connection_, window), nullptr));
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+void XDisplay::goToDesktop(std::uint32_t desktop) const {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = root_;
+    message.type = atom("_NET_CURRENT_DESKTOP");
+    message.data.data32[0] = desktop;
+    xcb_send_event(connection_, 0, root_,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(connection_);
+}
+
 void XDisplay::giveKeyboardTo(xcb_window_t window) const {
     xcb_set_input_focus(connection_, XCB_INPUT_FOCUS_NONE, window, XCB_CURRENT_TIME);
     xcb_flush(connection_);

@@ -50,6 +50,10 @@ public:
     /// The window without its frame.
     [[nodiscard]] Place place(xcb_window_t window) const;
     [[nodiscard]] xcb_window_t activeWindow() const;
+    /// Whether the user sees it, other windows aside: one of another desktop is not shown.
+    [[nodiscard]] bool isShown(xcb_window_t window) const;
+    /// As a panel does at the user's word; the first one is 0.
+    void goToDesktop(std::uint32_t desktop) const;
     /// What any program may do, without asking the window manager. None, or whatever the pointer is
     /// over, are no window.
     void giveKeyboardTo(xcb_window_t window) const;

@@ -61,6 +61,7 @@ TEST_F(AnchoredWindowTest, opens_beside_its_anchor_with_its_content_inside) {
     open();
     EXPECT_EQ(told, "o");
     EXPECT_EQ(system.popovers, 1);
+    EXPECT_EQ(system.broughtHere, 1);
     EXPECT_EQ(window.geometry(), window.place().window);
     EXPECT_EQ(content->geometry(), window.place().content);
     EXPECT_EQ(window.geometry().top(), 26);

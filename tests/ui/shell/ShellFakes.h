@@ -28,6 +28,7 @@ public:
     int floating = 0;
     std::function<void(QPoint)> pressed;
     bool userWorksElsewhere = true;
+    int broughtHere = 0;
 
     [[nodiscard]] bool placesWindows() const override { return true; }
     [[nodiscard]] bool blendsWindows() const override { return blends; }
@@ -40,6 +41,7 @@ public:
     }
     void makeStrip(QWidget& window) override { strips += window.isVisible() ? 100 : 1; }
     void makePopover(QWidget& window) override { popovers += window.isVisible() ? 100 : 1; }
+    void bringHere(QWidget&) override { ++broughtHere; }
     void makeFloating(QWidget& window) override { floating += window.isVisible() ? 100 : 1; }
     void reserve(QWidget&, const std::optional<Strut>& strut) override {
         reserved.push_back(strut);

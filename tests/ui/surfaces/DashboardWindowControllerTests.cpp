@@ -18,7 +18,7 @@ namespace {
 class DashboardTest : public testing::Test {
 protected:
     std::unique_ptr<DashboardWindowController> make() {
-        auto made = std::make_unique<DashboardWindowController>(bench.coordinator, defaults,
+        auto made = std::make_unique<DashboardWindowController>(system, bench.coordinator, defaults,
                                                                 "Vantrix (simulated Mac)");
         made->onVisibilityChange = [this](bool visible) { told.push_back(visible); };
         return made;
@@ -40,6 +40,7 @@ protected:
         return all.size() == 1 ? all.front() : nullptr;
     }
 
+    FakeWindowSystem system;
     test::SurfaceBench bench;
     FakeUserDefaults defaults;
     std::vector<bool> told;
@@ -49,6 +50,13 @@ TEST_F(DashboardTest, has_no_window_before_it_is_shown) {
     const auto dashboard = make();
     EXPECT_EQ(dashboard->window(), nullptr);
     EXPECT_TRUE(told.empty());
+}
+
+TEST_F(DashboardTest, comes_to_the_desktop_where_it_was_asked_for_each_time) {
+    const auto dashboard = shown();
+    EXPECT_EQ(system.broughtHere, 1);
+    dashboard->show(PopoverSection::cpu);
+    EXPECT_EQ(system.broughtHere, 2);
 }
 
 TEST_F(DashboardTest, tells_when_it_has_let_its_content_go) {

@@ -54,6 +54,21 @@ void X11Connection::remove(xcb_window_t window, const std::string& property) {
     xcb_delete_property(connection_, window, atom(property));
 }
 
+void X11Connection::askManager(xcb_window_t window, const std::string& property,
+                               std::uint32_t value) {
+    constexpr std::uint32_t fromAnApplication = 1;
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = atom(property);
+    message.data.data32[0] = value;
+    message.data.data32[1] = fromAnApplication;
+    xcb_send_event(connection_, 0, root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+}
+
 XcbReply<xcb_get_property_reply_t> X11Connection::get(xcb_window_t window,
                                                       const std::string& property, int itemBits) {
     constexpr std::uint32_t mostWords = 4096;

@@ -41,6 +41,9 @@ public:
                     std::span<const std::uint32_t> numbers);
     void remove(xcb_window_t window, const std::string& property);
 
+    /// Asks the window manager to change what it looks after of a window that is shown.
+    void askManager(xcb_window_t window, const std::string& property, std::uint32_t value);
+
     /// The 32-bit items of a property; empty where it is not there or of another kind.
     [[nodiscard]] std::vector<std::uint32_t> numbers(xcb_window_t window,
                                                      const std::string& property);

@@ -80,6 +80,16 @@ void X11WindowSystem::makePopover(QWidget& window) {
         {"_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"});
 }
 
+void X11WindowSystem::bringHere(QWidget& window) {
+    const auto desktop = x11_->numbers(x11_->root(), "_NET_CURRENT_DESKTOP");
+    const xcb_window_t id = handle(window);
+    if (desktop.empty() || id == XCB_WINDOW_NONE) return;
+    if (!window.isVisible())
+        x11_->setNumbers(id, "_NET_WM_DESKTOP", std::span(desktop).first(1));
+    else if (x11_->numbers(id, "_NET_WM_DESKTOP") != desktop)
+        x11_->askManager(id, "_NET_WM_DESKTOP", desktop.front());
+}
+
 void X11WindowSystem::makeFloating(QWidget& window) {
     makeStrip(window);
     x11_->setAtoms(handle(window), "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_UTILITY"});

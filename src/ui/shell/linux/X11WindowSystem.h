@@ -21,6 +21,7 @@ public:
     void makeStrip(QWidget& window) override;
     void stripShown(QWidget& window) override;
     void makePopover(QWidget& window) override;
+    void bringHere(QWidget& window) override;
     void makeFloating(QWidget& window) override;
     /// In device pixels, which a mask of the toolkit's is not.
     void cutOut(QWidget& window, const QPainterPath& path) override;
