@@ -6,6 +6,7 @@
 #include "Fuzz.h"
 #include "platform/linux/CpuStat.h"
 #include "platform/linux/Parse.h"
+#include "telemetry/CPUStats.h"
 
 using namespace vtx;
 
@@ -43,6 +44,30 @@ void tryTicks(const std::vector<CpuStatLine>& lines) {
     }
 }
 
+/// Loads between two moments of processors that count any ticks.
+void tryLoads(const std::vector<CpuStatLine>& lines) {
+    RawCPUSample before, now;
+    CoreLayout layout;
+    for (std::size_t i = 0; i + 1 < lines.size(); i += 2) {
+        for (const bool isFirst : {true, false}) {
+            ProcessorTicks ticks;
+            ticks.take(lines[isFirst ? i : i + 1].ticks);
+            const auto [user, system, idle, nice] = ticks.words();
+            (isFirst ? before : now).perCpu.push_back({user, system, idle, nice});
+        }
+        ++(lines[i].number % 2 == 0 ? layout.pCoreCount : layout.eCoreCount);
+    }
+    const auto stats = CPUStats::make(now, before, layout);
+    fuzz::expect(stats && stats->perCoreUsage.size() == now.perCpu.size());
+    fuzz::expect(stats->pPerCore.size() == static_cast<std::size_t>(layout.pCoreCount));
+    fuzz::expect(stats->ePerCore.size() == static_cast<std::size_t>(layout.eCoreCount));
+    for (const double load : stats->perCoreUsage) fuzz::expect(load >= 0.0 && load <= 1.0);
+    for (const double load : {stats->totalUsage, stats->pCoreUsage, stats->eCoreUsage})
+        fuzz::expect(load >= 0.0 && load <= 1.0 + 1e-9);
+    ++layout.pCoreCount;
+    fuzz::expect(!CPUStats::make(now, before, layout));
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -63,5 +88,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         lines.push_back(*parsed);
     }
     tryTicks(lines);
+    tryLoads(lines);
     return 0;
 }
