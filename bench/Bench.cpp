@@ -47,7 +47,7 @@ CostReport Bench::measure() {
     measureWindow("With every surface closed");
     if (!resident_) return std::move(report_);
     measurePopover();
-    if (useSurfaces()) measureWindow("After each surface was opened and closed once");
+    if (useSurfaces()) measureWindow("After the popover and the dashboard were opened and closed");
     measureAlone("With the mini widget shown", {programs_ / resident}, Stored::widget);
     measureEveryTile();
     measureEverySensor();

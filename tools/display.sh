@@ -21,9 +21,10 @@ display_reachable() {
     grep -q "/tmp/\.X11-unix/X${number%%.*}\$" /proc/net/unix
 }
 
-# background NAME COMMAND...: starts it with its messages in a log and remembers its id.
+# background NAME COMMAND...: starts it with its messages in a log and remembers its id. In a session of
+# its own: a Ctrl-C ends this script, which then ends one after the other.
 background() {
-    "${@:2}" >"$log_folder/$1.log" 2>&1 </dev/null &
+    setsid "${@:2}" >"$log_folder/$1.log" 2>&1 </dev/null &
     display_pids+=($!)
 }
 
@@ -31,7 +32,7 @@ background() {
 # what it told is left in `answer`.
 background_asking() {
     mkfifo "$display_folder/$1.answer"
-    "${@:2}" 3>"$display_folder/$1.answer" >"$log_folder/$1.log" 2>&1 </dev/null &
+    setsid "${@:2}" 3>"$display_folder/$1.answer" >"$log_folder/$1.log" 2>&1 </dev/null &
     display_pids+=($!)
     read -r -t 30 answer <"$display_folder/$1.answer" ||
         fail "$1 did not start; its log is $log_folder/$1.log"
@@ -116,7 +117,7 @@ start_quiet_display() {
 # the script is acted on at once.
 on_display() {
     local status=0
-    "$@" &
+    setsid "$@" &
     display_pids+=($!)
     wait $! || status=$?
     unset 'display_pids[-1]'

@@ -30,13 +30,14 @@ constexpr auto untilAllIsGivenBack = std::chrono::seconds(18);
 constexpr auto resident = "vantrix";
 constexpr auto readsFloor = "floor: five kept-open reads a second";
 constexpr auto windowFloor = "floor: a bare window";
-constexpr auto statsFloor = "floor: kept-open reads of each stat";
+constexpr auto statsFloor = "floor: kept-open reads of each stat, each 1 s";
 
 Sample sampleOf(const CostSpan& span, const Holding& holding, Clock::duration length) {
     const double minutes = std::chrono::duration<double, std::ratio<60>>(length).count();
     return {std::chrono::duration<double>(span.cpu).count() / minutes,
             static_cast<double>(span.wakeUps) / minutes,
-            static_cast<double>(holding.pssKiB) / 1024.0, std::nullopt};
+            static_cast<double>(holding.pssKiB) / 1024.0,
+            static_cast<double>(holding.ussKiB) / 1024.0, std::nullopt};
 }
 
 double processCount() {

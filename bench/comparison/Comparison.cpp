@@ -35,8 +35,8 @@ std::string heading(const Comparison& comparison) {
     return fmt::format(
         "Measured {} on {}, {} cores, Linux {}, {}, Qt {}. Medians of {} rounds, each with one "
         "window of {} s for each line, at {} processes and, where a column says +1,000, at {}. The "
-        "machine was busy to {} % "
-        "meanwhile, the benchmark's own uneven load included.\n",
+        "machine was busy to {} % in the windows of the closed program, the benchmark's own uneven "
+        "load included.\n",
         comparison.moment, machine.processor.empty() ? "an unnamed processor" : machine.processor,
         machine.cores, machine.kernel,
         machine.distribution.empty() ? "an unnamed distribution" : machine.distribution,
@@ -55,6 +55,7 @@ MarkdownTable::Row programRow(const Comparison& comparison, const ComparisonRow&
     add(&Sample::cpuSecondsPerMinute, 3);
     add(&Sample::wakeUpsPerMinute, 0);
     add(&Sample::pssMiB, 1);
+    add(&Sample::privateMiB, 1);
     const bool starts = row.name == rowNames::closed;
     for (const Crowd crowd : crowds)
         cells.push_back(starts ? number(median(comparison.firstStripMs.of(crowd)), 0) : "");
@@ -63,7 +64,8 @@ MarkdownTable::Row programRow(const Comparison& comparison, const ComparisonRow&
 
 std::string programTable(const Comparison& comparison) {
     MarkdownTable::Row columns{"program"};
-    for (const auto* figure : {"CPU s/min", "wake-ups/min", "PSS MB", "first strip ms"}) {
+    for (const auto* figure :
+         {"CPU s/min", "wake-ups/min", "PSS MiB", "private MiB", "first strip ms"}) {
         columns.emplace_back(figure);
         columns.emplace_back("+1,000");
     }
@@ -92,7 +94,7 @@ void addClosed(std::vector<Budget>& budgets, const Comparison& comparison, const
     budgets.push_back({fmt::format("{}: wake-ups/min", words), 250,
                        medianOf(samples, &Sample::wakeUpsPerMinute), 0});
     budgets.push_back(
-        {fmt::format("{}: PSS over the bare window, MB", words), 6, medianOverBare(samples), 1});
+        {fmt::format("{}: PSS over the bare window, MiB", words), 6, medianOverBare(samples), 1});
 }
 
 std::optional<double> figure(const Comparison& comparison, const char* name) {

@@ -18,6 +18,8 @@ struct Sample {
     double cpuSecondsPerMinute = 0;
     double wakeUpsPerMinute = 0;
     double pssMiB = 0;
+    /// Of that, what no other process shares: the same whatever else runs.
+    double privateMiB = 0;
     /// What its memory was above that of the bare window beside it; absent where none was.
     std::optional<double> pssOverBareMiB;
 };
@@ -48,7 +50,7 @@ struct ComparisonRow {
 namespace rowNames {
 constexpr auto closed = "Vantrix, closed";
 constexpr auto overview = "Vantrix, overview open";
-constexpr auto processes = "Vantrix, process list open";
+constexpr auto processes = "Vantrix, process list open, each 2 s";
 constexpr auto closedAgain = "Vantrix, closed after every surface";
 }  // namespace rowNames
 

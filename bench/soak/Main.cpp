@@ -81,12 +81,12 @@ int run(const std::vector<std::string>& arguments) {
     std::string failure;
     try {
         soak.walk();
-    } catch (const std::runtime_error& error) {
+    } catch (const std::exception& error) {
         failure = error.what();
     }
     const SoakReport& report = soak.report();
-    if (options->csv) saveCsv(report, *options->csv);
     std::fputs(table(report).c_str(), stdout);
+    if (options->csv) saveCsv(report, *options->csv);
     if (!failure.empty())
         throw std::runtime_error(fmt::format("seed {}: {}", report.seed, failure));
     const auto found = complaints(report);

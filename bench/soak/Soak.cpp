@@ -59,7 +59,7 @@ void Soak::walk() {
     }
     try {
         walkThrough();
-    } catch (const std::runtime_error&) {
+    } catch (const std::exception&) {
         noteWalk();
         throw;
     }
@@ -105,7 +105,7 @@ void Soak::pause(std::chrono::milliseconds span) {
 }
 
 void Soak::sample() {
-    if (!program_.isRunning()) throw std::runtime_error("the program ended by itself");
+    if (!program_.isRunning()) throw ProgramEnded();
     const auto now = Clock::now();
     report_.samples.push_back({now - begun_, closedSince_ && now - *closedSince_ >= untilCalm,
                                readHolding(program_.process())});

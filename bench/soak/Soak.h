@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <exception>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -24,14 +25,22 @@ struct SoakOptions {
     std::optional<std::filesystem::path> program;
 };
 
+/// No failure of a surface, which could be tried again.
+class ProgramEnded final : public std::exception {
+public:
+    [[nodiscard]] const char* what() const noexcept override {
+        return "the program ended by itself";
+    }
+};
+
 /// A resident program of its own, used for a long time.
 class Soak {
 public:
     /// Starts the program. Throws `std::runtime_error` where it cannot be.
     explicit Soak(const SoakOptions& options);
 
-    /// Uses it for as long as was asked for. Throws `std::runtime_error` when the program ends by
-    /// itself or a surface does not do what it is to. Once only.
+    /// Uses it for as long as was asked for. Throws `ProgramEnded`, or `std::runtime_error` where a
+    /// surface does not do what it is to. Once only.
     void walk();
     /// Of what was done until now.
     [[nodiscard]] const SoakReport& report() const { return report_; }

@@ -15,6 +15,10 @@ namespace {
 constexpr std::size_t parts = 6;
 constexpr double kibPerMib = 1024;
 constexpr double mostGrowthMib = 1.0;
+/// Of what grows in each part anew: that is no settling.
+constexpr double mostSteadyGrowthMib = 0.3;
+/// Of a surface that does not do what it was asked to there is one now and then on a busy machine.
+constexpr double mostRepeatsAStep = 0.03;
 /// Shorter ones have no calm samples in each part, or are not at rest by then.
 constexpr std::chrono::minutes leastLength(12);
 /// Of the strip, in the time for which it is watched under an uneven load.
@@ -70,6 +74,17 @@ std::optional<double> growth(const SoakReport& report, const Figure& figure) {
     return *after - *before;
 }
 
+/// Whether each part from the second on has more than the one before.
+bool growsSteadily(const SoakReport& report, const Figure& figure) {
+    auto before = median(report, 1, figure);
+    for (std::size_t part = 2; part < parts; ++part) {
+        const auto now = median(report, part, figure);
+        if (!before || !now || *now <= *before) return false;
+        before = now;
+    }
+    return true;
+}
+
 std::string namesAndCounts(const SoakReport& report) {
     std::string text;
     for (const auto& [name, count] : report.uses) {
@@ -120,12 +135,21 @@ std::vector<std::string> complaints(const SoakReport& report) {
                 fmt::format("{}: {:.2f} more than after the first sixth", what, *grown));
         }
     };
+    const auto judgeMemory = [&](const char* what, const Figure& figure) {
+        judge(what, figure, mostGrowthMib);
+        const auto grown = growth(report, figure);
+        if (grown && *grown > mostSteadyGrowthMib && growsSteadily(report, figure))
+            found.push_back(fmt::format("{}: more in each sixth", what));
+    };
     if (report.length >= leastLength) {
-        judge("resident memory in MiB", rss, mostGrowthMib);
-        judge("memory that no file holds in MiB", own, mostGrowthMib);
+        judgeMemory("resident memory in MiB", rss);
+        judgeMemory("memory that no file holds in MiB", own);
         judge("descriptors", descriptors, 0);
         judge("threads", threads, 0);
     }
+    if (static_cast<double>(report.repeats) > mostRepeatsAStep * static_cast<double>(report.steps))
+        found.push_back(
+            fmt::format("{} of {} steps had to be repeated", report.repeats, report.steps));
     if (report.stripChanges < leastStripChanges) found.emplace_back("the strip stands still");
     if (!report.hasEndedInOrder) found.emplace_back("the program did not end as it was asked to");
     return found;

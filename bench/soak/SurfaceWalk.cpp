@@ -14,7 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr auto patience = 6s;
+constexpr auto patience = 10s;
 constexpr auto glance = 20ms;
 /// A window shows a moment before it has the keyboard.
 constexpr auto untilKeyboard = 500ms;

@@ -15,7 +15,7 @@ using testing::HasSubstr;
 using testing::Not;
 
 Sample sample(double cpu, double wakeUps, double pss, double overBare) {
-    return {cpu, wakeUps, pss, overBare};
+    return {cpu, wakeUps, pss, pss / 2, overBare};
 }
 
 const Budget& budget(const std::vector<Budget>& budgets, std::string_view what) {
@@ -52,8 +52,8 @@ TEST(Comparison, budgets_take_the_medians_at_the_present_processes) {
     EXPECT_EQ(budget(budgets, "closed: CPU s/min").measured, 0.06);
     EXPECT_TRUE(budget(budgets, "closed: CPU s/min").isHeld());
     EXPECT_EQ(budget(budgets, "closed: wake-ups/min").measured, 240);
-    EXPECT_EQ(budget(budgets, "closed: PSS over the bare window, MB").measured, 7);
-    EXPECT_FALSE(budget(budgets, "closed: PSS over the bare window, MB").isHeld());
+    EXPECT_EQ(budget(budgets, "closed: PSS over the bare window, MiB").measured, 7);
+    EXPECT_FALSE(budget(budgets, "closed: PSS over the bare window, MiB").isHeld());
     EXPECT_EQ(budget(budgets, "start to first strip, s").measured, 0.39);
 }
 
@@ -98,6 +98,13 @@ TEST(Comparison, the_first_strip_is_told_of_the_closed_program_alone) {
     const auto text = markdown(comparison);
     EXPECT_THAT(lineWith(text, rowNames::closed), testing::ContainsRegex("211 .* 222 "));
     EXPECT_THAT(lineWith(text, rowNames::overview), Not(HasSubstr("211")));
+}
+
+TEST(Comparison, what_a_program_holds_alone_stands_beside_its_part_of_what_it_shares) {
+    Comparison comparison;
+    comparison.row(rowNames::closed).samples = {{sample(0, 0, 16.4, 3)}, {sample(0, 0, 17.2, 3)}};
+    EXPECT_THAT(lineWith(markdown(comparison), rowNames::closed),
+                testing::ContainsRegex("16.4 .* 17.2 .* 8.2 .* 8.6 "));
 }
 
 TEST(Comparison, a_row_is_found_again_by_its_name) {

@@ -105,7 +105,7 @@ Stream<T> throttleLatest(Stream<T> source, Duration interval, Clock& clock, Exec
         gate->next = std::move(next);
         const auto release = [weak = std::weak_ptr<Gate>(gate), &clock] {
             const auto open = weak.lock();
-            if (!open || !open->waiting) return;
+            if (!open) return;
             open->lastOpened = clock.continuous();
             const T value = *std::exchange(open->waiting, std::nullopt);
             open->next(value);

@@ -12,12 +12,12 @@ constexpr double busyDiskBytesPerSecond = 500.0 * 1024 * 1024;
 
 double boostOf(MemoryStats::Pressure pressure) {
     switch (pressure) {
-        case MemoryStats::Pressure::normal:
-            return 0.0;
         case MemoryStats::Pressure::warning:
             return 0.2;
         case MemoryStats::Pressure::critical:
             return 0.4;
+        case MemoryStats::Pressure::normal:
+            break;
     }
     return 0.0;
 }

@@ -111,9 +111,9 @@ std::string_view rawValue(HistoryRange range) {
         case HistoryRange::fifteenMinutes:
             return "fifteenMinutes";
         case HistoryRange::oneHour:
-            return "oneHour";
+            break;
     }
-    return {};
+    return "oneHour";
 }
 
 std::string_view rawValue(ChartStyle style) {
@@ -123,9 +123,9 @@ std::string_view rawValue(ChartStyle style) {
         case ChartStyle::area:
             return "area";
         case ChartStyle::bar:
-            return "bar";
+            break;
     }
-    return {};
+    return "bar";
 }
 
 std::string_view rawValue(Preset preset) {
@@ -135,9 +135,9 @@ std::string_view rawValue(Preset preset) {
         case Preset::balanced:
             return "balanced";
         case Preset::powerUser:
-            return "powerUser";
+            break;
     }
-    return {};
+    return "powerUser";
 }
 
 std::optional<HistoryRange> historyRangeFromRawValue(std::string_view raw) {
@@ -161,9 +161,9 @@ double seconds(HistoryRange range) {
         case HistoryRange::fifteenMinutes:
             return 900.0;
         case HistoryRange::oneHour:
-            return 3600.0;
+            break;
     }
-    return 0.0;
+    return 3600.0;
 }
 
 }  // namespace vtx

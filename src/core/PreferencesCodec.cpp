@@ -21,13 +21,12 @@ using HistoryRange = DisplayPreferences::HistoryRange;
 constexpr int maxDepth = 512;
 constexpr double twoToThe63rd = 9223372036854775808.0;
 
-/// How many digits stand before the point from the first one on that is not zero: 3 of 100, 0 of
-/// 0.1, -1 of 0.01. Zero itself has the least there is.
+/// How many digits stand before the point from the first one on that is not zero, which is there: 3
+/// of 100, 0 of 0.1, -1 of 0.01.
 std::int64_t magnitudeOf(std::string_view number) {
     constexpr std::int64_t limit = std::int64_t{1} << 60;
     const auto mantissa = number.substr(0, number.find_first_of("eE"));
     const auto first = mantissa.find_first_of("123456789");
-    if (first == std::string_view::npos) return -limit;
     const auto point = std::min(mantissa.find('.'), mantissa.size());
     const auto place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first) +
                        (first > point ? 1 : 0);
@@ -48,7 +47,7 @@ bool isOversized(std::string_view number) {
     double value = 0;
     const auto* end = number.data() + number.size();
     const auto result = std::from_chars(number.data(), end, value);
-    // Out of range is what is too small, too, and that reads as zero.
+    // Out of range is what is too small, too, and that reads as zero; zero itself never is.
     return result.ec == std::errc::result_out_of_range && result.ptr == end &&
            magnitudeOf(number) > 0;
 }

@@ -11,7 +11,7 @@ namespace {
 std::optional<TextLists> listsOf(Language language) {
     switch (language) {
         case Language::automatic:
-            return std::nullopt;
+            break;
         case Language::de:
             return tables::de();
         case Language::en:

@@ -23,7 +23,6 @@ public:
     /// One reading, which copies the pressure level; absent when the pages could not be counted.
     std::optional<MemoryStats> sample(MemoryStats::Pressure currentPressure);
 
-    [[nodiscard]] std::uint64_t totalBytes() const { return totalBytes_; }
     [[nodiscard]] std::uint64_t pageSize() const { return pageSize_; }
 
 private:

@@ -20,7 +20,6 @@ public:
     /// To be called between filling and asking.
     void arrange();
 
-    [[nodiscard]] bool empty() const { return totals_.empty(); }
     [[nodiscard]] std::optional<std::uint64_t> find(std::int32_t pid);
 
 private:

@@ -75,6 +75,7 @@ Task<> ProcessManager::rest() {
     // A refresh under way would have to learn everything twice.
     if (isResting_ || *isLoading) co_return;
     isResting_ = true;
+    order_.rest();
     (void)co_await engine_.run(&ProcessSamplingEngine::rest);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -21,6 +22,9 @@ public:
     explicit ProcessOrder(const Locale& locale) : locale_(locale) {}
 
     [[nodiscard]] std::vector<ProcessSnapshot> sorted(std::vector<ProcessSnapshot> processes);
+    /// Forgets the keys: the next list makes its own.
+    void rest() { decltype(keys_)().swap(keys_); }
+    [[nodiscard]] std::size_t keptKeys() const { return keys_.size(); }
 
 private:
     struct Key {

@@ -91,9 +91,9 @@ std::vector<ProcessSnapshot> ProcessSamplingEngine::snapshot() {
 }
 
 bool ProcessSamplingEngine::rest() {
-    table_.letGo();
     std::vector<KinfoProc>().swap(records_);
     beforePrevious_ = {};
+    table_.letGo();
     return true;
 }
 

@@ -50,7 +50,7 @@ SMCBridge::SMCBridge(const Ports& ports, SMCClient client, SensorKeys keys,
       keys_(std::move(keys)),
       calibration_(machine, keys_.cpu, hardcodedHotSpotDenylist(machine.chip), ports.userDefaults,
                    ports.clock) {
-    if (keys_.cpu.empty() && keys_.gpu.empty()) {
+    if (keys_.cpu.empty()) {
         logger.standard("SMC bridge opened but no float temperature keys were discovered");
         return;
     }
@@ -87,9 +87,10 @@ std::vector<SensorValue> SMCBridge::readSensors() {
         if (calibration_.isDone() && calibration_.denylist().contains(key)) continue;
         const auto value = client_.readValue(key);
         if (!value) continue;
-        const auto celsius = TemperatureValueDecoder::decodeSMCFloat(
-            value->bytes(), value->info.dataSize, value->info.dataType);
-        if (celsius && *celsius > 0.0 && *celsius < 150.0) readings.push_back({key, *celsius});
+        const double celsius = TemperatureValueDecoder::decodeSMCFloat(
+                                   value->bytes(), value->info.dataSize, value->info.dataType)
+                                   .value_or(0.0);
+        if (celsius > 0.0 && celsius < 150.0) readings.push_back({key, celsius});
     }
     return readings;
 }

@@ -50,7 +50,6 @@ public:
     [[nodiscard]] std::optional<double> readBatteryTemperature();
 
     [[nodiscard]] const std::vector<std::string>& cpuKeys() const { return keys_.cpu; }
-    [[nodiscard]] const std::vector<std::string>& gpuKeys() const { return keys_.gpu; }
     [[nodiscard]] const HotSpotCalibration& calibration() const { return calibration_; }
 
 private:

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QPixmap>
+#include <QThreadPool>
 
 #include "app/linux/PortalAppearanceSource.h"
 #include "platform/linux/Environment.h"
@@ -13,6 +14,10 @@
 
 namespace vtx {
 namespace {
+
+/// What the toolkit draws large areas with. It comes again with the next one, and charts are drawn
+/// once a second.
+constexpr int poolPatienceMs = 3000;
 
 void setByDefault(const char* name, const QByteArray& value) {
     if (!qEnvironmentVariableIsSet(name)) qputenv(name, value);
@@ -54,6 +59,7 @@ LinuxDesktop::LinuxDesktop(RunLoop& loop, Executor& main)
     Theme::current().follow(std::make_unique<PortalAppearanceSource>(members_->appearance));
     QApplication::setWindowIcon(applicationIcon());
     symbols::releaseCache();
+    QThreadPool::globalInstance()->setExpiryTimeout(poolPatienceMs);
 }
 
 SystemBus& LinuxDesktop::session() { return members_->session; }

@@ -26,7 +26,9 @@ int main(int argc, char** argv) {
     if (const auto done = vtx::handOverToFirst(instance, options)) return *done;
 
     vtx::LinuxDesktop::settleToolkit();
-    vtx::TerminationSignals::block();  // before the first thread
+    // Before the first thread.
+    vtx::LinuxHeapRelief::shareHeaps();
+    vtx::TerminationSignals::block();
     vtx::raiseDescriptorLimit();
     QApplication application(argc, argv);
     QApplication::setApplicationName("vantrix");

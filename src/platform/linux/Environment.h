@@ -21,11 +21,13 @@ inline Environment processEnvironment() {
     };
 }
 
-/// Where the bus of the user's session listens, whether or not there is one.
+/// Where the bus of the user's session listens, whether or not there is one. Never empty, which
+/// would stand for the system's; a variable that is empty counts as one that is not set.
 inline std::string sessionBusAddress(const Environment& environment = processEnvironment()) {
-    if (auto address = environment("DBUS_SESSION_BUS_ADDRESS")) return *std::move(address);
-    const auto folder = environment("XDG_RUNTIME_DIR");
-    return "unix:path=" + folder.value_or("/nonexistent") + "/bus";
+    auto address = environment("DBUS_SESSION_BUS_ADDRESS");
+    if (address && !address->empty()) return *std::move(address);
+    const auto folder = environment("XDG_RUNTIME_DIR").value_or("");
+    return "unix:path=" + (folder.empty() ? "/nonexistent" : folder) + "/bus";
 }
 
 }  // namespace vtx

@@ -67,8 +67,7 @@ MemoryModules parseMemoryRecords(std::string_view records) {
         const auto number = line.substr(0, std::min(line.find('_'), line.size()));
         const auto equals = line.find('=');
         const auto slot = parseUnsigned(number);
-        if (!slot || *slot >= mostModules || equals == line.npos || equals <= number.size())
-            continue;
+        if (!slot || *slot >= mostModules || equals == line.npos) continue;
         takeRecord(modules[*slot], line.substr(number.size() + 1, equals - number.size() - 1),
                    line.substr(equals + 1));
     }

@@ -38,6 +38,8 @@ std::optional<std::int64_t> LinuxHeapRelief::heldBytes() const {
 
 void LinuxHeapRelief::trim() { ::malloc_trim(0); }
 
+void LinuxHeapRelief::shareHeaps() { ::mallopt(M_ARENA_MAX, 2); }
+
 std::int64_t LinuxHeapRelief::mallocZonePressureRelief() {
     const auto before = heldBytes();
     trim();

@@ -47,7 +47,6 @@ public:
     [[nodiscard]] ProcessDetails details() const;
     /// What it has used, of the last refresh; absent after one that was refused.
     [[nodiscard]] std::optional<RusageInfo> usage() const;
-    [[nodiscard]] bool keepsDescriptor() const { return static_cast<bool>(file_); }
     /// Closes the descriptor, where it keeps one; the next refresh opens it for that read alone.
     void letGo();
 

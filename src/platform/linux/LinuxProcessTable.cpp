@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <utility>
 
+#include "platform/linux/LinuxHeapRelief.h"
 #include "platform/linux/ThreadPriorities.h"
 
 namespace vtx {
@@ -127,6 +128,7 @@ void LinuxProcessTable::letGo() {
     next_ = 0;
     listing_.beginAnew();
     usages_.replace({});
+    LinuxHeapRelief::trim();
 }
 
 MachTimebaseInfo LinuxProcessTable::machTimebaseInfo() const {

@@ -101,6 +101,7 @@ inline constexpr std::string_view createCFProperties = "IORegistryEntryCreateCFP
 inline constexpr std::string_view createCFProperty = "IORegistryEntryCreateCFProperty";
 /// Success without anything; not counted apart.
 inline constexpr std::string_view getMatchingServicesNull = "IOServiceGetMatchingServices:null";
+inline constexpr std::string_view getChildIteratorNull = "IORegistryEntryGetChildIterator:null";
 inline constexpr std::string_view createCFPropertiesNull = "IORegistryEntryCreateCFProperties:null";
 /// Counted; cannot fail.
 inline constexpr std::string_view objectRetain = "IOObjectRetain";
@@ -128,6 +129,8 @@ inline constexpr std::string_view ioReportCreateSamplesDeltaNoList =
 
 /// The SMC's user client. Finding it has the names of the registry's own searches.
 inline constexpr std::string_view serviceOpen = "IOServiceOpen";
+/// Success without a connection; not counted apart.
+inline constexpr std::string_view serviceOpenNull = "IOServiceOpen:null";
 inline constexpr std::string_view connectCallStructMethod = "IOConnectCallStructMethod";
 /// The call succeeds and says that it filled as many bytes as the result tells; not counted apart.
 inline constexpr std::string_view connectCallStructMethodOutputSize =
@@ -150,6 +153,9 @@ inline constexpr std::string_view hidCopyProperty = "IOHIDServiceClientCopyPrope
 
 /// What is shown to the user. Failing, they answer with an error.
 inline constexpr std::string_view requestAuthorization = "requestAuthorizationWithOptions";
+/// Granted all the same where the former fails; not counted apart.
+inline constexpr std::string_view requestAuthorizationGranted =
+    "requestAuthorizationWithOptions:granted";
 inline constexpr std::string_view addNotificationRequest = "addNotificationRequest";
 
 /// The login item. Counted; a failing change has an error in words.

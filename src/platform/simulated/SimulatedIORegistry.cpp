@@ -56,6 +56,7 @@ RegistryWalk SimulatedIORegistry::entryGetChildIterator(const RegistryEntry& ent
                                                         std::string_view plane) {
     if (const auto failure = instruments_.enter(operations::getChildIterator))
         return {*failure, {}};
+    if (instruments_.failures.take(operations::getChildIteratorNull)) return {kernSuccess, {}};
     const Node node = nodeOf(entry);
     if (node == SimulatedRegistry::none) return {};
     return walkOf(registry_.plane(node) == plane ? registry_.children(node) : std::vector<Node>{});

@@ -56,6 +56,7 @@ std::optional<std::string> SimulatedSMCUserClient::entryGetName(const RegistryEn
 
 SMCOpened SimulatedSMCUserClient::serviceOpen(const RegistryEntry& service, std::uint32_t) {
     if (const auto failure = instruments_.enter(operations::serviceOpen)) return {*failure, {}};
+    if (instruments_.failures.take(operations::serviceOpenNull)) return {kernSuccess, {}};
     if (!service) return {ioReturnBadArgument, {}};
     const std::lock_guard lock(mutex_);
     connections_.emplace(++lastConnection_, instruments_.handles.hold(handles::smcConnection));

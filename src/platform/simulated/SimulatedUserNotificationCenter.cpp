@@ -19,7 +19,9 @@ std::optional<std::string> errorOf(std::optional<int> failure) {
 
 void SimulatedUserNotificationCenter::requestAuthorization(Authorized completion) {
     auto error = errorOf(instruments_.enter(operations::requestAuthorization));
-    const bool grants = isGranted && !error;
+    const bool grants =
+        isGranted &&
+        (!error || instruments_.failures.take(operations::requestAuthorizationGranted).has_value());
     tell([completion = std::move(completion), answer = Authorization{grants, std::move(error)}] {
         completion(answer);
     });

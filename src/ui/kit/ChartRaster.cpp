@@ -5,13 +5,14 @@
 #include <cmath>
 #include <limits>
 
+#include "ui/kit/ChartCover.h"
 #include "ui/kit/Metrics.h"
 
 namespace vtx::chartRaster {
 
 namespace {
 
-constexpr int fineness = Cover::fineness;
+constexpr int fineness = ChartCover::fineness;
 
 /// The lowest and the highest that a run is in each fine column.
 struct Envelope {
@@ -64,7 +65,8 @@ std::vector<double> penOf(double radius) {
 }
 
 /// Moves the pen along a run: in each column that it touches it covers one piece.
-void stroke(Cover& cover, const Envelope& envelope, const std::vector<double>& pen, int columns) {
+void stroke(ChartCover& cover, const Envelope& envelope, const std::vector<double>& pen,
+            int columns) {
     const int reach = static_cast<int>(pen.size()) - 1;
     const int count = static_cast<int>(envelope.top.size());
     const int begin = std::max(0, envelope.first - reach);
@@ -83,13 +85,14 @@ void stroke(Cover& cover, const Envelope& envelope, const std::vector<double>& p
     }
 }
 
-template <class F>
-void forEachRun(const ChartTrace& trace, F&& draw) {
+std::vector<Envelope> envelopesOf(const ChartTrace& trace) {
+    std::vector<Envelope> envelopes;
     std::size_t begin = 0;
     for (const std::size_t end : trace.runEnds) {
-        draw(Run(trace.places).subspan(begin, end - begin));
+        envelopes.push_back(envelopeOf(Run(trace.places).subspan(begin, end - begin)));
         begin = end;
     }
+    return envelopes;
 }
 
 /// From the highest place of the trace down to the lower edge.
@@ -154,78 +157,35 @@ private:
     std::vector<double> tops_;
 };
 
-QRgb laidOver(QRgb under, QRgb color, int alpha) {
-    const int rest = 255 - alpha;
-    const auto channel = [alpha, rest](int over, int below) {
-        return (over * alpha + below * rest + 127) / 255;
-    };
-    return qRgba(channel(qRed(color), qRed(under)), channel(qGreen(color), qGreen(under)),
-                 channel(qBlue(color), qBlue(under)), channel(255, qAlpha(under)));
+std::size_t fineColumns(const ChartFrame& frame) {
+    return static_cast<std::size_t>(frame.width) * fineness;
 }
 
-}  // namespace
-
-Cover::Cover(int width, int height)
-    : width_(width),
-      height_(height),
-      steps_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height + 2)) {}
-
-void Cover::add(int fineColumn, double top, double bottom) {
-    top = std::clamp(top, 0.0, static_cast<double>(height_));
-    bottom = std::clamp(bottom, 0.0, static_cast<double>(height_));
-    if (!(bottom > top)) return;
-    constexpr float weight = 1.0F / fineness;
-    const auto step = [this, fineColumn](double y, float by) {
-        const int row = static_cast<int>(y);
-        const auto below = static_cast<float>(y - row);
-        const auto at = static_cast<std::size_t>(row * width_ + fineColumn / fineness);
-        steps_[at] += by * (1.0F - below);
-        steps_[at + static_cast<std::size_t>(width_)] += by * below;
-    };
-    step(top, weight);
-    step(bottom, -weight);
-}
-
-void Cover::blend(QImage& picture, QRgb color, const std::vector<float>& opacity) const {
-    std::vector<float> share(static_cast<std::size_t>(width_), 0.0F);
-    const float* step = steps_.data();
-    for (int row = 0; row < height_; ++row) {
-        auto* pixel = reinterpret_cast<QRgb*>(picture.scanLine(row));
-        const float full = opacity[static_cast<std::size_t>(row)] * 255.0F;
-        for (float& column : share) {
-            column += *step++;
-            const int alpha = static_cast<int>(std::min(column, 1.0F) * full + 0.5F);
-            if (alpha > 0) *pixel = laidOver(*pixel, color, alpha);
-            ++pixel;
-        }
-    }
-}
-
-void drawLine(QImage& picture, const ChartTrace& trace, const ChartFrame& frame, QRgb color) {
-    Cover cover(frame.width, frame.height);
+/// The line through each run, with round joins and ends.
+void drawLine(QImage& picture, const std::vector<Envelope>& runs, const ChartFrame& frame,
+              QRgb color) {
+    ChartCover cover(frame.width, frame.height, fineColumns(frame));
     const auto pen = penOf(metrics::strokeLine / 2 * frame.pixelsPerUnit);
-    forEachRun(trace,
-               [&](Run run) { stroke(cover, envelopeOf(run), pen, frame.width * fineness); });
+    for (const Envelope& run : runs) stroke(cover, run, pen, frame.width * fineness);
     cover.blend(picture, color, std::vector<float>(static_cast<std::size_t>(frame.height), 1.0F));
 }
 
-void drawArea(QImage& picture, const ChartTrace& trace, const ChartFrame& frame, QRgb color) {
-    Cover cover(frame.width, frame.height);
-    forEachRun(trace, [&](Run run) {
-        const Envelope envelope = envelopeOf(run);
-        for (std::size_t i = 0; i < envelope.top.size(); ++i) {
-            const int column = envelope.first + static_cast<int>(i);
-            if (column < 0 || column >= frame.width * fineness) continue;
-            cover.add(column, (envelope.top[i] + envelope.bottom[i]) / 2, frame.bottom);
-        }
-    });
+/// What is below the line, fading towards the lower edge of the scale.
+void drawArea(QImage& picture, const std::vector<Envelope>& runs, const ChartTrace& trace,
+              const ChartFrame& frame, QRgb color) {
+    ChartCover cover(frame.width, frame.height, fineColumns(frame));
+    for (const Envelope& run : runs)
+        for (std::size_t i = 0; i < run.top.size(); ++i)
+            cover.add(run.first + static_cast<int>(i), (run.top[i] + run.bottom[i]) / 2,
+                      frame.bottom);
     cover.blend(picture, color, fading(trace, frame));
 }
 
+/// A bar for each point. Where they are narrower than a pixel, each takes the pixels it touches.
 void drawBars(QImage& picture, const ChartTrace& trace, const ChartFrame& frame, QRgb color) {
     Skyline skyline(trace, frame);
     for (const ChartPlace& bar : trace.places) skyline.raise(bar);
-    Cover cover(frame.width, frame.height);
+    ChartCover cover(frame.width, frame.height, fineColumns(frame));
     int column = 0;
     for (const double top : skyline.tops()) cover.add(column++, top, frame.bottom);
     cover.blend(
@@ -233,12 +193,15 @@ void drawBars(QImage& picture, const ChartTrace& trace, const ChartFrame& frame,
         std::vector<float>(static_cast<std::size_t>(frame.height), metrics::chartBarOpacity));
 }
 
+}  // namespace
+
 void drawMarks(QImage& picture, const ChartTrace& trace, const ChartFrame& frame, ChartShape shape,
                QRgb color) {
     if (trace.places.size() < 2) return;  // the dot on the peak says it all
     if (shape == ChartShape::bar) return drawBars(picture, trace, frame, color);
-    if (shape == ChartShape::area) drawArea(picture, trace, frame, color);
-    drawLine(picture, trace, frame, color);
+    const std::vector<Envelope> runs = envelopesOf(trace);
+    if (shape == ChartShape::area) drawArea(picture, runs, trace, frame, color);
+    drawLine(picture, runs, frame, color);
 }
 
 }  // namespace vtx::chartRaster

@@ -23,7 +23,9 @@ OverlayScrollBar::OverlayScrollBar(QScrollBar& model, QWidget* parent)
     hideTimer_.setInterval(metrics::scrollBarShownMs);
     connect(&hideTimer_, &QTimer::timeout, this, &OverlayScrollBar::settle);
     connect(&model_, &QScrollBar::valueChanged, this, &OverlayScrollBar::reveal);
-    connect(&model_, &QScrollBar::rangeChanged, this, [this] { update(); });
+    connect(&model_, &QScrollBar::rangeChanged, this, [this] {
+        if (shown_) update();
+    });
 }
 
 int OverlayScrollBar::trackLength() const { return std::max(0, height() - 2 * inset); }

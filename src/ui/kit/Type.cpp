@@ -196,6 +196,13 @@ void drawLine(QPainter& painter, const QRectF& rect, const QString& text, TextRo
 
 const QFont& fontFor(TextRole role) { return faceFor(role).font; }
 
+void releaseFonts() {
+    faces() = {};
+    // The toolkit keeps every font of up to four megabytes for good. Fonts that are still referred
+    // to find theirs again: they ask the next store, as they do where they come to another thread.
+    QFont::cleanup();
+}
+
 int lineHeight(TextRole role) { return styleOf(role).line; }
 
 qreal textWidth(const QString& text, TextRole role) {

@@ -33,8 +33,13 @@ enum class TextRole : quint8 {
     tray,         // 9/600
 };
 
-/// The font of a role, with its size in logical pixels. Main thread.
+/// The font of a role, with its size in logical pixels. It stays until the fonts are released. Main
+/// thread.
 [[nodiscard]] const QFont& fontFor(TextRole role);
+
+/// Lets go of every font that was used, of the glyphs drawn with them and of what is known of their
+/// files. The next text takes what it needs anew.
+void releaseFonts();
 
 /// The height of one line of the role.
 [[nodiscard]] int lineHeight(TextRole role);

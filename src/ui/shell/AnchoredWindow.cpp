@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QHideEvent>
 #include <QKeyEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QWindow>
@@ -20,6 +21,8 @@ namespace {
 
 /// Longer than a window manager takes to pass a press on after it moved the focus.
 constexpr int patienceMs = 200;
+/// Further in than this lies neither the outline nor a rounded corner.
+constexpr int clearOfOutline = 5;
 
 QRect freePartOfScreen(const QRect& anchor) {
     const QScreen* screen = QGuiApplication::screenAt(anchor.center());
@@ -140,9 +143,19 @@ bool AnchoredWindow::isOurs(const QWindow* window) const {
     return false;
 }
 
-void AnchoredWindow::paintEvent(QPaintEvent*) {
+void AnchoredWindow::paintEvent(QPaintEvent* event) {
     const Theme& theme = Theme::current();
     QPainter painter(this);
+    constexpr int clear = clearOfOutline;
+    const QRegion within(place_.content.adjusted(clear, clear, -clear, -clear));
+    // Around the whole window the outline takes more spans than the toolkit draws by one thread.
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    for (const QRect& part : event->region() & within)
+        painter.fillRect(part, theme.color(ColorToken::window));
+    const QRegion rest = event->region() - within;
+    if (rest.isEmpty()) return;
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setClipRegion(rest);
     const QPen pen =
         ShellShape::outline(theme.color(ColorToken::borderStrong), devicePixelRatioF());
     ShellShape::paint(painter, *this, place_.outline(pen.widthF() / 2), pen,

@@ -46,8 +46,8 @@ StatusMenu::StatusMenu(WindowSystem& system, const std::vector<StatusMenuItem>& 
     }
 }
 
-void StatusMenu::popUp(WindowSystem& system, const std::vector<StatusMenuItem>& items,
-                       const QRect& anchor) {
+StatusMenu& StatusMenu::popUp(WindowSystem& system, const std::vector<StatusMenuItem>& items,
+                              const QRect& anchor) {
     auto* menu = new StatusMenu(system, items);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const int height = menu->sizeHint().height();
@@ -56,6 +56,7 @@ void StatusMenu::popUp(WindowSystem& system, const std::vector<StatusMenuItem>& 
     const int below = anchor.bottom() + 1 + gap;
     const bool fits = below + height <= end + 1;
     menu->popup(QPoint(anchor.left(), fits ? below : anchor.top() - gap - height));
+    return *menu;
 }
 
 void StatusMenu::resizeEvent(QResizeEvent* event) {

@@ -32,8 +32,8 @@ public:
 
     /// Opens below `anchor`, or above it where there is no room; both on the desktop. An action
     /// runs after the menu has gone.
-    static void popUp(WindowSystem& system, const std::vector<StatusMenuItem>& items,
-                      const QRect& anchor);
+    static StatusMenu& popUp(WindowSystem& system, const std::vector<StatusMenuItem>& items,
+                             const QRect& anchor);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

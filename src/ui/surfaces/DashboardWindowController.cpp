@@ -12,7 +12,6 @@
 
 #include "platform/UserDefaults.h"
 #include "ui/kit/AccessibleParts.h"
-#include "ui/kit/Symbol.h"
 #include "ui/surfaces/PopoverView.h"
 
 namespace vtx {
@@ -122,7 +121,6 @@ void DashboardWindowController::windowWillClose() {
     storeFrame();
     if (onVisibilityChange) onVisibilityChange(false);
     window_->setContent(nullptr);
-    symbols::releaseCache();
 }
 
 }  // namespace vtx

@@ -4,7 +4,6 @@
 #include <QScreen>
 
 #include "base/Log.h"
-#include "ui/kit/Symbol.h"
 #include "ui/surfaces/LanguagePickerView.h"
 
 namespace vtx {
@@ -36,7 +35,7 @@ void LanguagePickerWindowController::present(Language initial,
         // Later, since its own key or click is what ends it.
         window_->hide();
         window_.release()->deleteLater();
-        symbols::releaseCache();
+        if (didClose) didClose();
         confirmed(chosen);
     };
     window_->move(window_->screen()->availableGeometry().center() - window_->rect().center());

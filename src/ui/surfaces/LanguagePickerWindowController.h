@@ -21,6 +21,9 @@ public:
 
     void present(Language initial, std::function<void(Language)> onConfirm) override;
 
+    /// The window is about to go, and is not seen any more.
+    std::function<void()> didClose;
+
     /// Null unless it is up.
     [[nodiscard]] QWidget* window() const;
 

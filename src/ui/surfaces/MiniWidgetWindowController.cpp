@@ -30,7 +30,11 @@ void MiniWidgetWindowController::show() {
     window_->showAt(FloatingPlacement::saved(preferences.miniWidgetX, preferences.miniWidgetY));
 }
 
-void MiniWidgetWindowController::close() { window_.reset(); }
+void MiniWidgetWindowController::close() {
+    if (!window_) return;
+    window_.reset();
+    if (didLetGo) didLetGo();
+}
 
 void MiniWidgetWindowController::windowDidMove(QPoint place) {
     coordinator_.preferences.modify([place](auto& changed) { changed.miniWidgetX = place.x(); });

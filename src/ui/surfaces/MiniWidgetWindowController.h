@@ -3,6 +3,7 @@
 
 #include <QPoint>
 #include <QString>
+#include <functional>
 #include <memory>
 
 #include "ui/controller/SurfaceFactory.h"
@@ -25,6 +26,9 @@ public:
 
     void show() override;
     void close() override;
+
+    /// The panel is gone, and what it was drawn in with it.
+    std::function<void()> didLetGo;
 
     /// Null while it is hidden.
     [[nodiscard]] QWidget* window() const;

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "ui/kit/Metrics.h"
-#include "ui/kit/Symbol.h"
 #include "ui/shell/StatusItem.h"
 #include "ui/surfaces/PopoverView.h"
 
@@ -40,7 +39,6 @@ PopoverController::PopoverController(WindowSystem& system, MetricsCoordinator& c
     };
     window_.onClose = [this] {
         item_.setHighlighted(false);
-        symbols::releaseCache();
         grace_.start();
         if (didClose) didClose();
         if (onClose) onClose();

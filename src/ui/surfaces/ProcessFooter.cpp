@@ -11,6 +11,11 @@
 
 namespace vtx {
 
+namespace {
+/// No text reaches so far up or down.
+constexpr int edge = 6;
+}  // namespace
+
 ProcessFooter::ProcessFooter(QWidget* parent) : KitWidget(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
@@ -18,7 +23,10 @@ ProcessFooter::ProcessFooter(QWidget* parent) : KitWidget(parent) {
 void ProcessFooter::setModel(ProcessFooterModel model) {
     if (model_ == model) return;
     model_ = std::move(model);
-    update();
+    // The age grows each second, and the window's outline, which is drawn anew where anything
+    // touches it, runs along the edges.
+    constexpr int inset = metrics::contentInset;
+    update(rect().adjusted(inset, edge, -inset, -edge));
 }
 
 QSize ProcessFooter::sizeHint() const {

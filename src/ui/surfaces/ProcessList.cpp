@@ -128,7 +128,9 @@ int ProcessList::rowAt(QPoint position) const {
 }
 
 void ProcessList::updateRow(int row) {
-    if (row >= 0) update(QRect(0, row * rowHeight, width(), rowHeight));
+    // Nothing of a row lies in its margins, where the window's outline would be drawn again.
+    constexpr int inset = metrics::processRowInset;
+    if (row >= 0) update(QRect(inset, row * rowHeight, width() - 2 * inset, rowHeight));
 }
 
 void ProcessList::setHovered(int row) {

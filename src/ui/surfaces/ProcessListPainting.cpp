@@ -84,13 +84,14 @@ void ProcessList::paintName(QPainter& painter, const QRect& place, const QString
                               : static_cast<int>(std::ceil(tabularWidth(mark, TextRole::small))) +
                                     2 * metrics::processMarkPadding;
     const int room = place.width() - (markWidth > 0 ? markWidth + metrics::processNameGap : 0);
+    painter.setPen(color(ColorToken::text1));
+    drawName(painter, mirrored({place.left(), place.top(), room, place.height()}), name,
+             TextRole::rowTitle, atStart());
+    if (mark.isEmpty()) return;
+    // Only the mark asks where the name ends: to lay a text out is most of what a row costs.
     const QFontMetricsF measure(fontFor(TextRole::rowTitle));
     const QString shown = measure.elidedText(name, Qt::ElideMiddle, room);
     const int taken = static_cast<int>(std::ceil(measure.horizontalAdvance(shown)));
-    painter.setPen(color(ColorToken::text1));
-    drawName(painter, mirrored({place.left(), place.top(), taken, place.height()}), shown,
-             TextRole::rowTitle, atStart());
-    if (mark.isEmpty()) return;
     const QRect ground = mirrored({place.left() + taken + metrics::processNameGap,
                                    place.top() + (rowHeight - metrics::processMarkHeight) / 2,
                                    markWidth, metrics::processMarkHeight});

@@ -2,7 +2,12 @@
 #include "ui/surfaces/QtSurfaceFactory.h"
 
 #include <QApplication>
+#include <QPixmapCache>
+#include <algorithm>
+#include <chrono>
 
+#include "ui/kit/Symbol.h"
+#include "ui/kit/Type.h"
 #include "ui/shell/StatusItemFactory.h"
 #include "ui/surfaces/AboutPanel.h"
 #include "ui/surfaces/DashboardWindowController.h"
@@ -10,11 +15,23 @@
 #include "ui/surfaces/MiniWidgetWindowController.h"
 #include "ui/surfaces/PopoverController.h"
 #include "ui/surfaces/StatusItemController.h"
+#include "ui/surfaces/StripView.h"
 
 namespace vtx {
+namespace {
+
+/// Whoever closed a surface may open it again.
+constexpr std::chrono::seconds grace{5};
+
+}  // namespace
 
 QtSurfaceFactory::QtSurfaceFactory(WindowSystem& system, UserDefaults& defaults, QString title)
-    : system_(system), defaults_(defaults), title_(std::move(title)) {}
+    : system_(system), defaults_(defaults), title_(std::move(title)) {
+    rest_.setSingleShot(true);
+    rest_.setTimerType(Qt::PreciseTimer);
+    keepFor(grace);
+    QObject::connect(&rest_, &QTimer::timeout, [this] { letGo(); });
+}
 
 QtSurfaceFactory::~QtSurfaceFactory() { delete about_; }
 
@@ -25,15 +42,14 @@ void QtSurfaceFactory::useTray(TrayHost& tray, const Clock& clock) {
 
 std::unique_ptr<LanguagePickerSurface> QtSurfaceFactory::makeLanguagePicker() {
     auto made = std::make_unique<LanguagePickerWindowController>(title_);
+    made->didClose = [this] { rest_.start(); };
     languagePicker_ = made.get();
     return made;
 }
 
 std::unique_ptr<DashboardSurface> QtSurfaceFactory::makeDashboard(MetricsCoordinator& coordinator) {
     auto made = std::make_unique<DashboardWindowController>(coordinator, defaults_, title_);
-    made->didLetGo = [this] {
-        if (onLetGo) onLetGo();
-    };
+    made->didLetGo = [this] { rest_.start(); };
     dashboard_ = made.get();
     return made;
 }
@@ -41,6 +57,7 @@ std::unique_ptr<DashboardSurface> QtSurfaceFactory::makeDashboard(MetricsCoordin
 std::unique_ptr<MiniWidgetSurface> QtSurfaceFactory::makeMiniWidget(
     MetricsCoordinator& coordinator) {
     auto made = std::make_unique<MiniWidgetWindowController>(system_, coordinator, title_);
+    made->didLetGo = [this] { rest_.start(); };
     miniWidget_ = made.get();
     return made;
 }
@@ -49,6 +66,7 @@ std::unique_ptr<StatusItemSurface> QtSurfaceFactory::makeStatusItem(
     MetricsCoordinator& coordinator) {
     auto made = std::make_unique<StatusItemController>(
         system_, vtx::makeStatusItem(system_, defaults_), title_, coordinator);
+    made->menuDidLetGo = [this] { rest_.start(); };
     statusItem_ = made.get();
     if (tray_) made->joinTray(*tray_, *clock_);
     return made;
@@ -62,11 +80,26 @@ std::unique_ptr<PopoverSurface> QtSurfaceFactory::makePopover(
     auto made = std::make_unique<PopoverController>(system_, coordinator, ours.item(), title_,
                                                     std::move(onDetachRequested));
     made->didClose = [&ours] { ours.popoverClosed(); };
-    made->didLetGo = [this] {
-        if (onLetGo) onLetGo();
-    };
+    made->didLetGo = [this] { letGo(); };
     popover_ = made.get();
     return made;
+}
+
+bool QtSurfaceFactory::isAnythingOpen() const {
+    const QWidget* const strip = statusItem_ ? statusItem_->strip().window() : nullptr;
+    const QWidget* const widget = miniWidget_ ? miniWidget_->window() : nullptr;
+    return std::ranges::any_of(QApplication::topLevelWidgets(), [&](const QWidget* window) {
+        return window->isVisible() && window != strip && window != widget;
+    });
+}
+
+void QtSurfaceFactory::letGo() {
+    if (!isAnythingOpen()) {
+        symbols::releaseCache();
+        releaseFonts();
+        QPixmapCache::clear();
+    }
+    if (onLetGo) onLetGo();
 }
 
 void QtSurfaceFactory::becomeAccessory() { QApplication::setQuitOnLastWindowClosed(false); }
@@ -76,7 +109,10 @@ void QtSurfaceFactory::activate() {
 }
 
 void QtSurfaceFactory::showAboutPanel() {
-    if (!about_) about_ = new AboutPanel(title_);
+    if (!about_) {
+        about_ = new AboutPanel(title_);
+        QObject::connect(about_, &QObject::destroyed, &rest_, [this] { rest_.start(); });
+    }
     about_->show();
     about_->raise();
     about_->activateWindow();

@@ -3,6 +3,8 @@
 
 #include <QPointer>
 #include <QString>
+#include <QTimer>
+#include <chrono>
 #include <functional>
 
 #include "ui/controller/SurfaceFactory.h"
@@ -34,6 +36,9 @@ public:
     /// back to the system.
     std::function<void()> onLetGo;
 
+    /// From the closing of a surface to that; what it was drawn with stays for so long.
+    void keepFor(std::chrono::milliseconds time) { rest_.setInterval(time); }
+
     /// Gives the status item that is made later a place in the tray too; both must outlive it.
     void useTray(TrayHost& tray, const Clock& clock);
 
@@ -58,6 +63,11 @@ public:
     [[nodiscard]] QWidget* aboutPanel() const;
 
 private:
+    /// Whether more is shown than the strip and the mini widget, which take little.
+    [[nodiscard]] bool isAnythingOpen() const;
+    /// What the surfaces were drawn with goes, unless one is open: fonts, symbols and pictures.
+    void letGo();
+
     WindowSystem& system_;
     UserDefaults& defaults_;
     const QString title_;
@@ -70,6 +80,8 @@ private:
     const Clock* clock_ = nullptr;
     QPointer<AboutPanel> about_;
     ToolkitTexts toolkitTexts_;
+    /// Runs from the last closing of a surface on.
+    QTimer rest_;
 };
 
 }  // namespace vtx

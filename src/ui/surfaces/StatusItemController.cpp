@@ -95,7 +95,11 @@ void StatusItemController::popUpMenu(std::vector<MenuItem> items) {
     std::vector<StatusMenuItem> rows;
     rows.reserve(items.size());
     for (MenuItem& item : items) rows.push_back(menuItemOf(std::move(item)));
-    StatusMenu::popUp(system_, rows, menuPlace_.value_or(item_->screenGeometry()));
+    const StatusMenu& menu =
+        StatusMenu::popUp(system_, rows, menuPlace_.value_or(item_->screenGeometry()));
+    QObject::connect(&menu, &QObject::destroyed, strip_, [this] {
+        if (menuDidLetGo) menuDidLetGo();
+    });
 }
 
 }  // namespace vtx

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QRect>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -35,6 +36,9 @@ public:
     [[nodiscard]] double intrinsicContentWidth() override;
     void setLength(double length) override;
     void popUpMenu(std::vector<MenuItem> items) override;
+
+    /// A menu has closed and is gone.
+    std::function<void()> menuDidLetGo;
 
     [[nodiscard]] StatusItem& item() { return *item_; }
     [[nodiscard]] StripView& strip() { return *strip_; }

@@ -56,6 +56,17 @@ TEST(AlertPermission, denied_is_logged_and_nothing_is_ever_sent) {
               1U);
 }
 
+TEST(AlertPermission, an_error_beside_a_grant_counts_as_denied) {
+    Asking a;
+    a.failures.failNext(operations::requestAuthorization);
+    a.failures.failNext(operations::requestAuthorizationGranted);
+    a.make();
+    EXPECT_FALSE(a.failures.hasUnused());
+    EXPECT_FALSE(*a.alerts->permissionGranted);
+    a.burn();
+    EXPECT_TRUE(a.center.posted().empty());
+}
+
 TEST(AlertPermission, a_request_that_fails_is_logged_as_an_error_and_counts_as_denied) {
     Asking a;
     a.failures.failNext(operations::requestAuthorization);

@@ -87,5 +87,20 @@ TEST(Job, resetting_destroys_the_work_at_once_and_once) {
     EXPECT_FALSE(job);
 }
 
+TEST(Job, one_that_is_moved_to_itself_keeps_its_work) {
+    int destroyed = 0;
+    int ran = 0;
+    {
+        Job job([&ran, witness = Witness(destroyed)] { ran += witness.destroyed_ ? 1 : 0; });
+        Job& same = job;
+        job = std::move(same);
+        EXPECT_EQ(destroyed, 0);
+        ASSERT_TRUE(job);
+        job();
+    }
+    EXPECT_EQ(ran, 1);
+    EXPECT_EQ(destroyed, 1);
+}
+
 }  // namespace
 }  // namespace vtx

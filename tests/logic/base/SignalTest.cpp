@@ -164,5 +164,15 @@ TEST(Signal, subscribing_with_a_value_tells_it_at_once_and_later_ones_after_it) 
     EXPECT_EQ(told, (std::vector{3, 4}));
 }
 
+TEST(Signal, a_token_that_is_moved_to_itself_goes_on) {
+    Signal<> signal;
+    int told = 0;
+    auto token = signal.subscribe([&] { ++told; });
+    auto& same = token;
+    token = std::move(same);
+    signal.emit();
+    EXPECT_EQ(told, 1);
+}
+
 }  // namespace
 }  // namespace vtx

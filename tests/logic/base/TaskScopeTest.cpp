@@ -47,6 +47,26 @@ TEST(TaskScope, what_the_body_captured_lasts_as_long_as_the_task) {
     EXPECT_TRUE(weak.expired());
 }
 
+TEST(TaskScope, its_end_between_that_of_a_task_and_the_clearing_up_drops_the_task) {
+    TestBench bench;
+    auto owned = std::make_shared<int>(3);
+    const std::weak_ptr<int> weak = owned;
+    int seen = 0;
+    {
+        TaskScope scope(bench.main);
+        scope.spawn([&seen, kept = std::move(owned)](std::stop_token) -> Task<> {
+            seen = *kept;
+            co_return;
+        });
+        ASSERT_TRUE(bench.main.runOne());
+        EXPECT_EQ(seen, 3);
+        EXPECT_EQ(scope.size(), 1u);
+        EXPECT_FALSE(weak.expired());
+    }
+    EXPECT_TRUE(weak.expired());
+    bench.settle();
+}
+
 TEST(TaskScope, its_end_drops_suspended_frames_with_their_locals_and_timers) {
     TestBench bench;
     const auto kept = std::make_shared<int>(1);

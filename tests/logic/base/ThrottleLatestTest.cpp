@@ -195,5 +195,24 @@ TEST(ThrottleLatest, the_handler_may_drop_the_token) {
     EXPECT_EQ(t.values, std::vector{1});
 }
 
+TEST(ThrottleLatest, a_source_that_goes_on_after_its_end_is_not_heard) {
+    TestBench bench;
+    std::function<void(const int&)> tell;
+    const Stream<int> unending = [&tell](std::function<void(const int&)> next) {
+        tell = std::move(next);
+        return Subscription([] {});
+    };
+    std::vector<int> values;
+    auto token = throttleLatest(unending, 50ms, bench.clock,
+                                bench.main)([&values](int value) { values.push_back(value); });
+    tell(1);
+    bench.settle();
+    token.cancel();
+    tell(2);
+    bench.advance(1s);
+    EXPECT_EQ(values, std::vector{1});
+    EXPECT_TRUE(bench.clock.pending().empty());
+}
+
 }  // namespace
 }  // namespace vtx

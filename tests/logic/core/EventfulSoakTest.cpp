@@ -37,9 +37,11 @@ std::size_t bytesInUse() {
 
 class EventfulLife {
 public:
-    /// The first complaint ends it.
-    void liveUntil(Duration age) {
-        while (machine.lived() < age && !machine.complaint()) machine.step();
+    /// Until then, and through so many rounds of events. The first complaint ends it.
+    void liveUntil(Duration age, std::size_t rounds) {
+        const std::size_t steps = rounds * EventfulMachine::round;
+        while ((machine.lived() < age || machine.steps() < steps) && !machine.complaint())
+            machine.step();
     }
     [[nodiscard]] std::string where() const {
         return fmt::format("seed {}, step {} ({}): {}", seed(), machine.steps(),
@@ -53,14 +55,14 @@ TEST(Soak, an_eventful_life_leaves_every_reading_within_its_bounds_and_nothing_b
     EventfulLife life;
     EventfulMachine& machine = life.machine;
     const Duration whole = lifeTime();
-    life.liveUntil(whole / 4);
+    life.liveUntil(whole / 4, 1);
     machine.comeToRest();
     const std::size_t bytes = bytesInUse();
     const auto handles = machine.handles();
     const std::size_t timers = machine.timers();
     const std::size_t drives = machine.drivesEver();
 
-    life.liveUntil(whole);
+    life.liveUntil(whole, 3);
     ASSERT_FALSE(machine.complaint()) << life.where();
     machine.comeToRest();
     const std::size_t kept = (machine.drivesEver() - drives) * bytesOfADrive;

@@ -303,6 +303,15 @@ TEST(CriticalMetricOfThePass, the_temperature_ranks_by_the_hottest_of_the_proces
     EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "thermal");
 }
 
+TEST(CriticalMetricOfThePass, a_temperature_of_the_battery_alone_ranks_nothing) {
+    CoordinatorBench b;
+    b.coordinator.cpu.latest = cpuLoad(0.01);
+    b.coordinator.temperature.latest = TemperatureReading{{}, 45.0, {}};
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "cpu");
+    b.coordinator.temperature.latest = std::nullopt;
+    EXPECT_EQ(b.coordinator.resolveCriticalMetric(), "cpu");
+}
+
 TEST(CriticalMetricOfThePass, fans_rank_by_their_mean_load_where_they_have_one) {
     CoordinatorBench b;
     b.change([](auto& p) { p.showFan = true; });

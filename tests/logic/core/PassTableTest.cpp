@@ -163,6 +163,14 @@ TEST(PassNeeds, the_thermal_level_is_read_in_every_pass) {
     EXPECT_GT(b.coordinator.thermal.latest->timestamp, before);
 }
 
+TEST(PassNeeds, a_battery_is_read_without_a_temperature_where_none_was_read_yet) {
+    CoordinatorBench b;
+    b.coordinator.temperature.latest = std::nullopt;
+    b.coordinator.refreshBattery();
+    ASSERT_TRUE(b.coordinator.battery.latest->has_value());
+    EXPECT_EQ(b.coordinator.battery.latest->value().temperatureC, std::nullopt);
+}
+
 TEST(PassNeeds, the_battery_is_sampled_while_a_surface_is_open_and_never_else) {
     CoordinatorBench b;
     b.mac.setLowPowerMode(true);

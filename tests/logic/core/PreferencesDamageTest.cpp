@@ -32,8 +32,9 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values("", " ", "null", "true", "[]", "[{}]", "\"{}\"", "1", "{", "}", "{}{}", "{},",
                     "{} x", "{'showCPU':true}", R"({"showCPU":tru})", R"({"showCPU":true,})",
                     R"({"showCPU" true})", R"({showCPU:true})", R"({"showCPU":NaN})",
-                    R"({"showCPU":Infinity})", R"(/**/{})", R"({"a":01})", R"({"a":"\x"})",
-                    R"({"a":"\ud800"})", std::string("{}\0", 3), std::string("\0{}", 3),
+                    R"({"showCPU":Infinity})", R"(/**/{})", R"({"a":01})", R"({"a":1e999-1})",
+                    R"({"a":1e999.5})", R"({"a":"\x"})", R"({"a":"\ud800"})",
+                    std::string("{}\0", 3), std::string("\0{}", 3),
                     std::string("{\"languageCode\":\"e\0n\"}", 22), "{\"languageCode\":\"\xff\"}",
                     "{\"\xc3\x28\":1}", "{\"languageCode\":\"\xed\xa0\x80\"}",
                     "{\"languageCode\":\"\xc0\xaf\"}", "\xff\xfe{\0}\0", "bplist00\xd1"));
@@ -65,6 +66,14 @@ TEST(PreferencesDamage, a_record_of_ten_megabytes_is_read_like_any_other) {
     EXPECT_EQ(decode(std::string(size, ' ') + "{}"), emptyRecord());
     EXPECT_EQ(decode(std::string(size, '{')), std::nullopt);
     EXPECT_EQ(decode(R"({"alertTempCelsius":)" + std::string(size, '1') + "}"), emptyRecord());
+}
+
+TEST(PreferencesDamage, zero_is_never_too_large_whatever_its_exponent) {
+    for (const std::string zero : {"0e999", "0.0E+99999999999999999999", "-0e400", "0e-999"}) {
+        const auto decoded = decode(R"({"alertTempCelsius":)" + zero + "}");
+        ASSERT_TRUE(decoded) << zero;
+        EXPECT_EQ(decoded->alertTempCelsius, 0.0) << zero;
+    }
 }
 
 TEST(PreferencesDamage, nesting_is_followed_to_512_levels_and_no_deeper) {

@@ -20,7 +20,9 @@ public:
     std::vector<std::string> preferredLanguages() const override { return preferred; }
     std::string collationKey(std::string_view text) const override { return std::string(text); }
     std::string lowercased(std::string_view text) const override { return std::string(text); }
-    std::string timeOfDay(Date) const override { return {}; }
+    std::string timeOfDay(Date date) const override {
+        return date == Date{} ? "the first moment" : "another";
+    }
 
     std::vector<std::string> preferred;
 };
@@ -175,6 +177,14 @@ TEST(Localization, no_language_leaves_a_key_without_words) {
             EXPECT_TRUE(!text.empty() && text != L10n::rawValue(key)) << L10n::rawValue(key);
         }
     }
+}
+
+TEST(Localization, a_time_of_day_is_written_as_the_system_does_whatever_the_language) {
+    const FakeLocale locale;
+    Localization localization(locale);
+    localization.setPreference(Language::ja);
+    EXPECT_EQ(localization.timeOfDay(Date{}), "the first moment");
+    EXPECT_EQ(localization.timeOfDay(Date{std::chrono::seconds(1)}), "another");
 }
 
 TEST(Localization, the_shared_one_is_made_at_first_use_from_the_registered_locale) {

@@ -126,6 +126,50 @@ TEST(BatteryFacts, energy_becomes_charge_by_the_design_voltage) {
     EXPECT_EQ(state.percent, 50);
 }
 
+TEST(BatteryFacts, energy_becomes_charge_by_the_highest_design_voltage_where_that_alone_is_told) {
+    auto facts = inEnergy();
+    facts.voltageMinDesign = std::nullopt;
+    facts.voltageMaxDesign = 22'800'000;
+    EXPECT_EQ(merged(facts).currentMAh, 1000);
+    facts.voltageMaxDesign = std::nullopt;
+    EXPECT_EQ(merged(facts).currentMAh, 1900) << "by the voltage of now";
+}
+
+TEST(BatteryFacts, without_a_usable_voltage_energy_is_no_charge_and_gives_a_fraction_all_the_same) {
+    for (const auto none : {std::optional<std::int64_t>(), std::optional<std::int64_t>(0)}) {
+        auto facts = inEnergy();
+        facts.voltageMinDesign = facts.voltageNow = none;
+        const auto state = merged(facts);
+        EXPECT_EQ(state.currentMAh, std::nullopt);
+        EXPECT_EQ(state.maxMAh, std::nullopt);
+        EXPECT_EQ(state.amperageMA, std::nullopt);
+        EXPECT_EQ(state.percent, 50);
+    }
+}
+
+TEST(BatteryFacts, what_is_left_says_no_fraction_without_what_there_is_room_for) {
+    auto facts = inEnergy();
+    facts.energyFull = std::nullopt;
+    EXPECT_EQ(merged(facts).percent, std::nullopt);
+    EXPECT_EQ(merged(facts).minutesToFull, std::nullopt);
+    facts.energyFull = 22'000'000;
+    EXPECT_EQ(merged(facts).percent, 100);
+    EXPECT_EQ(merged(facts).minutesToFull, std::nullopt) << "it is beyond full";
+    facts.energyFull = 0;
+    EXPECT_EQ(merged(facts).percent, std::nullopt);
+    EXPECT_EQ(merged(facts).minutesToFull, std::nullopt) << "more is left than there is room for";
+    facts.energyNow = std::nullopt;
+    EXPECT_EQ(merged(facts).minutesToFull, std::nullopt);
+}
+
+TEST(BatteryFacts, several_that_tell_percentages_alone_have_their_mean) {
+    BatteryFacts both[2];
+    both[0].capacity = 40;
+    EXPECT_EQ(mergeBatteries(both).percent, std::nullopt);
+    both[1].capacity = 61;
+    EXPECT_EQ(mergeBatteries(both).percent, 50);
+}
+
 TEST(BatteryFacts, times_come_from_energy_and_power_where_the_driver_gives_none) {
     auto facts = inEnergy();
     EXPECT_EQ(merged(facts).minutesToFull, 57);
@@ -226,6 +270,14 @@ TEST(BatterySource, the_entry_has_the_platforms_names_and_units) {
     EXPECT_EQ(view["Voltage"].number(), 15'912);
     EXPECT_EQ(view["Amperage"].number(), 4'294'967'296 - 742);
     EXPECT_FALSE(view["Temperature"].exists());
+}
+
+TEST(BatterySource, a_current_that_flows_in_is_itself) {
+    Ports ports(fixture("energy-battery-laptop-5.15"));
+    ASSERT_TRUE(ports.entry());
+    const Property entry(*ports.entry());
+    EXPECT_EQ(PropertyView(entry)["Amperage"].number(), 1652);
+    EXPECT_EQ(PropertyView(entry)["Temperature"].number(), 3050);
 }
 
 TEST(LinuxPowerSources, the_battery_is_the_one_source_of_the_list) {

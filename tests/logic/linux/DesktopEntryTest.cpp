@@ -52,5 +52,11 @@ TEST(DesktopEntry, without_a_program_there_is_none) {
         EXPECT_FALSE(parseDesktopEntry(text)) << text;
 }
 
+TEST(DesktopEntry, escapes_of_the_file_are_those_characters) {
+    EXPECT_EQ(commandOf(R"(a\sb "c\sd\te\nf\rg")"), (Command{"a", "b", "c d\te\nf\rg"}));
+    EXPECT_EQ(commandOf(R"(a\qb\)"), Command{R"(aqb\)"});
+    EXPECT_EQ(commandOf(R"(a "b\)"), (Command{"a", R"(b\)"}));
+}
+
 }  // namespace
 }  // namespace vtx

@@ -149,7 +149,8 @@ TEST_F(Graphics, of_other_drivers_are_left_out) {
 }
 
 TEST_F(Graphics, with_an_address_that_is_none_are_left_out) {
-    for (const auto* at : {"amdgpu_xcp_0", "0000:03:00", "0000-03-00.0", "000g:03:00.0", "..."}) {
+    for (const auto* at : {"amdgpu_xcp_0", "0000:03:00", "0000-03-00.0", "000g:03:00.0", "...",
+                           "g0000:03:00.0", "000000000:03:00.0"}) {
         addAmd("card0", at);
         EXPECT_EQ(Machine(tree.path()).found(), "") << at;
         tree.remove("/sys/class/drm/card0");
@@ -185,6 +186,25 @@ TEST_F(Graphics, of_amd_have_no_load_while_the_driver_says_nothing_sensible) {
         // The device itself is still there.
         EXPECT_EQ(machine.found(), "0000:03:00.0 ");
     }
+}
+
+TEST_F(Graphics, of_amd_without_a_load_are_left_out) {
+    add("card0", address, "amdgpu");
+    EXPECT_EQ(Machine(tree.path()).found(), "");
+}
+
+TEST_F(Graphics, that_know_no_sleep_are_on_and_never_suspend_themselves) {
+    const auto power = [this] { return RuntimePower(LinuxRoot(tree.path()), folderOf(address)); };
+    add("card0", address, "amdgpu");
+    set("power/runtime_status", "unsupported\n");
+    EXPECT_EQ(power().state(), RuntimePower::State::on);
+    EXPECT_EQ(power().autosuspendDelay(), Duration(std::chrono::seconds(5)));
+    remove("power/autosuspend_delay_ms");
+    EXPECT_EQ(power().autosuspendDelay(), Duration(0));
+    set("power/control", "on\n");
+    EXPECT_EQ(power().autosuspendDelay(), std::nullopt);
+    remove("power/runtime_status");
+    EXPECT_EQ(power().state(), RuntimePower::State::on);
 }
 
 TEST_F(Graphics, of_amd_that_fell_asleep_before_their_turn_are_not_asked) {
@@ -254,6 +274,17 @@ TEST_F(Graphics, of_nvidia_need_no_card_and_are_asked_by_their_address) {
     server.nvml = std::make_shared<FakeNvml>();
     EXPECT_EQ(server.tick(), 60);
     EXPECT_EQ(server.nvml->lastAsked, address);
+}
+
+TEST_F(Graphics, of_nvidia_share_one_library_and_what_else_its_driver_has_is_none) {
+    addNvidia(address);
+    addNvidia("0000:04:00.0");
+    tree.write("/sys/bus/pci/drivers/nvidia/bind", "");
+    tree.write("/sys/bus/pci/drivers/nvidia/module/version", "570\n");
+    Machine machine(tree.path());
+    machine.nvml = std::make_shared<FakeNvml>();
+    EXPECT_EQ(machine.found(), "0000:03:00.0 0000:04:00.0 ");
+    EXPECT_EQ(machine.openings, 1);
 }
 
 TEST_F(Graphics, of_nvidia_that_idle_are_let_go) {

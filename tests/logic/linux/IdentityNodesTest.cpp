@@ -31,10 +31,14 @@ TEST(MemoryRecords, that_make_no_sense_tell_nothing) {
          {"", "\n", "E:MEMORY_DEVICE_", "E:MEMORY_DEVICE_0_TYPE", "E:MEMORY_DEVICE_0=DDR4",
           "E:MEMORY_DEVICE_x_TYPE=DDR4", "E:MEMORY_DEVICE_0_TYPE=Unknown",
           "E:MEMORY_DEVICE_99999999999999999999_TYPE=DDR4", "E:MEMORY_DEVICE_5000_TYPE=DDR4",
-          "MEMORY_DEVICE_0_TYPE=DDR4", "E:MEMORY_DEVICE_0_SPEED_MTS=3200"})
+          "MEMORY_DEVICE_0_TYPE=DDR4", "E:MEMORY_DEVICE_0_SPEED_MTS=3200", "E:MEMORY_DEVICE_=_TYPE",
+          "E:MEMORY_DEVICE_0=_TYPE=DDR4", "E:MEMORY_DEVICE__TYPE=DDR4"})
         EXPECT_EQ(parseMemoryRecords(text), MemoryModules()) << text;
     EXPECT_EQ(parseMemoryRecords("E:MEMORY_DEVICE_0_TYPE=DDR4\n"
                                  "E:MEMORY_DEVICE_0_SPEED_MTS=99999999999999999999\n"),
+              (MemoryModules{"DDR4", std::nullopt}));
+    EXPECT_EQ(parseMemoryRecords("E:MEMORY_DEVICE_0_TYPE=DDR4\n"
+                                 "E:MEMORY_DEVICE_0_SPEED_MTS=0\n"),
               (MemoryModules{"DDR4", std::nullopt}));
     EXPECT_EQ(parseMemoryRecords("E:MEMORY_DEVICE_0_TYPE=DDR4\n"
                                  "E:MEMORY_DEVICE_0_SPEED_MTS=1000000\n"),
@@ -68,6 +72,17 @@ TEST(IdentityNodes, memory_is_told_by_records_or_else_by_its_controllers) {
     EXPECT_EQ(bytesOf(server, "dram-type"), "DDR4");
     EXPECT_EQ(bytesOf(server, "dram-speed"), "");
     EXPECT_EQ(makeMemoryNode(LinuxRoot(fixture("virtual-server-6.18"))), nullptr);
+}
+
+TEST(IdentityNodes, controllers_without_modules_that_say_their_kind_are_passed_over) {
+    const TemporaryTree tree;
+    const std::string controllers = "/sys/devices/system/edac/mc/";
+    tree.write(controllers + "mc0/dimm0/dimm_mem_type", "Unknown\n");
+    tree.write(controllers + "mc0/dimm1/size", "0\n");
+    tree.write(controllers + "power/control", "auto\n");
+    EXPECT_EQ(makeMemoryNode(LinuxRoot(tree.path())), nullptr);
+    tree.write(controllers + "mc1/dimm0/dimm_mem_type", "Unbuffered-DDR5\n");
+    EXPECT_EQ(bytesOf(makeMemoryNode(LinuxRoot(tree.path())), "dram-type"), "DDR5");
 }
 
 TEST(IdentityNodes, a_speed_beyond_what_the_form_holds_is_left_out) {

@@ -48,6 +48,23 @@ TEST(LinuxAppService, registering_writes_a_file_that_says_enabled_and_unregister
     EXPECT_TRUE(test::namesIn(bench.folder).empty());
 }
 
+TEST(LinuxAppService, registering_again_leaves_the_file_untouched) {
+    AutostartBench bench;
+    ASSERT_EQ(bench.service.registerService(), std::nullopt);
+    // Whatever is written would take the place of the file, which the second name would not follow.
+    fs::create_hard_link(bench.file, bench.tree / "second name");
+    EXPECT_EQ(bench.service.registerService(), std::nullopt);
+    EXPECT_EQ(fs::hard_link_count(bench.file), 2U);
+}
+
+TEST(LinuxAppService, a_file_in_the_place_of_the_folder_is_told_in_words) {
+    AutostartBench bench;
+    test::writeFile(bench.tree / "config", "no folder");
+    const auto error = bench.service.registerService();
+    ASSERT_TRUE(error);
+    EXPECT_NE(error->find("vantrix.desktop"), std::string::npos);
+}
+
 TEST(LinuxAppService, what_turns_an_entry_off_elsewhere_is_respected) {
     AutostartBench bench;
     for (const char* off : {"Exec=/bin/sh\nHidden=true\n", "Hidden = true\nExec=/bin/sh\n", "",
@@ -101,20 +118,25 @@ TEST(LinuxAppService, a_condition_that_does_not_hold_starts_nothing_and_is_repla
     EXPECT_EQ(bench.service.status(), 3);
     EXPECT_EQ(bench.service.registerService(), std::nullopt);
     EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
+    bench.write(entry("Exec=/bin/sh\nTryExec=\n"));
+    EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
     bench.write(entry("Exec=/bin/sh\nTryExec=sh\n"));
     EXPECT_EQ(bench.service.status(), AppService::enabledStatus);
 }
 
 TEST(LinuxAppService, an_image_that_only_started_the_program_is_not_registered) {
     const fs::path own = fs::read_symlink("/proc/self/exe");
-    const auto running = [](const std::string& mount) {
+    const auto running = [](const std::optional<std::string>& mount,
+                            const std::string& image = "/opt/some.AppImage") {
         return LinuxAppService::runningExecutable(
-            [&mount](std::string_view name) -> std::optional<std::string> {
-                if (name == "APPIMAGE") return "/opt/some.AppImage";
-                if (name == "APPDIR" && !mount.empty()) return mount;
+            [&](std::string_view name) -> std::optional<std::string> {
+                if (name == "APPIMAGE") return image;
+                if (name == "APPDIR") return mount;
                 return std::nullopt;
             });
     };
+    EXPECT_EQ(running(std::nullopt), own);
+    EXPECT_EQ(running(own.parent_path().string(), ""), own);
     EXPECT_EQ(running(own.parent_path().string()), "/opt/some.AppImage");
     for (const char* other : {"", "/tmp/.mount_terminal", "/"})
         EXPECT_EQ(running(other), own) << other;
@@ -173,6 +195,35 @@ TEST(AutostartEntry, a_key_is_set_where_it_stands_or_at_the_end_of_its_group) {
     EXPECT_EQ(autostart::withValue("[Desktop Entry]\nB=2\n[Other]\nA=1\n", "A", "x"),
               "[Desktop Entry]\nB=2\nA=x\n[Other]\nA=1\n");
     EXPECT_EQ(autostart::withValue("no group", "A", "x"), "no group\n");
+}
+
+TEST(AutostartEntry, a_program_is_found_behind_the_escapes_of_the_file) {
+    const std::pair<const char*, const char*> cases[] = {
+        {R"("/opt/a\sb\tc\nd/run" --closed)", "/opt/a b\tc\nd/run"},
+        {R"(/opt/a\sb)", "/opt/a"},
+        {R"(/opt/a\\\\b)", R"(/opt/a\b)"},
+        {R"(/opt/100%%/run %U)", "/opt/100%/run"},
+        {R"(/opt/run%U)", "/opt/run%U"},
+        {R"(/opt/run%)", "/opt/run%"},
+        {R"(/opt/run\)", R"(/opt/run\)"},
+        {"", ""}};
+    for (const auto& [command, expected] : cases)
+        EXPECT_EQ(autostart::programOf(command), expected) << command;
+}
+
+TEST(AutostartEntry, a_path_over_two_lines_is_one_line_of_the_file) {
+    EXPECT_EQ(autostart::commandFor("/a\nb"), R"("/a\nb")");
+    EXPECT_EQ(autostart::programOf(autostart::commandFor("/a\nb")), "/a\nb");
+}
+
+TEST(AutostartEntry, a_group_behind_its_own_changes_nothing_of_what_is_set) {
+    EXPECT_EQ(autostart::withValue("[Desktop Entry]\nA=1\n[Other]\nA=2\n", "A", "x"),
+              "[Desktop Entry]\nA=x\n[Other]\nA=2\n");
+}
+
+TEST(AutostartEntry, hidden_may_be_said_by_a_number) {
+    EXPECT_FALSE(autostart::isEnabled("[Desktop Entry]\nExec=/bin/sh\nHidden=1\n"));
+    EXPECT_TRUE(autostart::isEnabled("[Desktop Entry]\nExec=/bin/sh\nHidden=0\n"));
 }
 
 }  // namespace

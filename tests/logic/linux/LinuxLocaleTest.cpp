@@ -37,13 +37,18 @@ TEST(LinuxLocale, a_locale_becomes_a_language_tag) {
                                   {"sr_RS@latin", "sr-Latn-RS"},
                                   {"sr_RS.UTF-8@latin", "sr-Latn-RS"},
                                   {"ca_ES@valencia", "ca-ES-valencia"},
-                                  {"de_longregion", "de"}};
+                                  {"de_longregion", "de"},
+                                  {"de_1x", "de"},
+                                  {"de_{}", "de"},
+                                  {"es_41x", "es"},
+                                  {"es_4/9", "es"},
+                                  {"es_4:9", "es"}};
     for (const auto& [locale, tag] : cases) EXPECT_EQ(LinuxLocale::languageTag(locale), tag);
 }
 
 TEST(LinuxLocale, what_names_no_language_gives_no_tag) {
     for (const auto* locale : {"", "C", "POSIX", "C.UTF-8", "_US", ".UTF-8", "@euro", "e", "d3_AT",
-                               "../../etc", "english", "\xc3\xa4\xc3\xb6"}) {
+                               "../../etc", "english", "\xc3\xa4\xc3\xb6", "d{", "D[", "d`"}) {
         EXPECT_EQ(LinuxLocale::languageTag(locale), std::nullopt) << locale;
     }
 }
@@ -101,6 +106,12 @@ TEST(LinuxLocale, a_list_of_thousands_is_cut_and_the_locale_still_stands_last) {
     EXPECT_EQ(tags.size(), 65U);
     EXPECT_EQ(tags.front(), "aaa");
     EXPECT_EQ(tags.back(), "nl-BE");
+}
+
+TEST(LinuxLocale, orders_texts_and_writes_times_as_the_user_does) {
+    const LinuxLocale locale([](std::string_view) { return std::nullopt; });
+    EXPECT_LT(locale.collationKey("a"), locale.collationKey("b"));
+    EXPECT_EQ(locale.timeOfDay(Date{}).size(), std::string_view("00:00:00").size());
 }
 
 }  // namespace

@@ -132,7 +132,8 @@ TEST(LinkKinds, are_what_the_kernel_says_whatever_the_name) {
 TEST(LinkKinds, the_device_type_is_a_line_of_its_own) {
     EXPECT_EQ(ueventValue("DEVTYPE=wlan\nINTERFACE=wlan0\nIFINDEX=3\n", "DEVTYPE"), "wlan");
     EXPECT_EQ(ueventValue("INTERFACE=DEVTYPE=x\nDEVTYPE=wwan", "DEVTYPE"), "wwan");
-    for (const auto* text : {"", "DEVTYPE", "DEVTYPE=", "XDEVTYPE=wlan\n", "devtype=wlan\n"})
+    for (const auto* text :
+         {"", "DEVTYPE", "DEVTYPE=", "XDEVTYPE=wlan\n", "devtype=wlan\n", "DEVTYPES=wlan\n"})
         EXPECT_EQ(ueventValue(text, "DEVTYPE"), "") << text;
 }
 

@@ -42,8 +42,23 @@ TEST(LinuxProcessInfo, the_name_is_read_as_a_shell_would) {
     EXPECT_EQ(name("PRETTY_NAME=\"open"), "open");
     EXPECT_EQ(name("PRETTY_NAME=\"\\"), "\\");
     EXPECT_EQ(name("PRETTY_NAME=\"\"\n"), std::nullopt);
+    EXPECT_EQ(name("PRETTY_NAME=\n"), std::nullopt);
     EXPECT_EQ(name("MY_PRETTY_NAME=x"), std::nullopt);
     EXPECT_EQ(name(""), std::nullopt);
+}
+
+TEST(LinuxProcessInfo, variables_are_those_of_the_environment) {
+    PollRunLoop loop;
+    SystemBus bus(loop, loop.executor(), "none");
+    const LinuxProcessInfo info(
+        LinuxRoot(fixture("virtual-server-6.18")),
+        [](std::string_view name) -> std::optional<std::string> {
+            if (name == "HOME") return "/home/me";
+            return std::nullopt;
+        },
+        bus);
+    EXPECT_EQ(info.environment("HOME"), "/home/me");
+    EXPECT_EQ(info.environment("SHELL"), std::nullopt);
 }
 
 TEST(LinuxProcessInfo, activities_are_counted_and_end_once) {

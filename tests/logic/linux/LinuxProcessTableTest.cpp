@@ -55,6 +55,10 @@ TEST_F(LinuxProcessTables, every_figure_comes_from_the_one_line) {
     EXPECT_EQ(process.path, std::nullopt);
 }
 
+TEST_F(LinuxProcessTables, the_user_is_the_one_who_runs_the_program) {
+    EXPECT_EQ(table->getuid(), ::getuid());
+}
+
 TEST_F(LinuxProcessTables, what_a_process_has_used_is_told_by_the_last_listing) {
     tree.put({.pid = 300, .userTicks = 250});
     RusageInfo info;

@@ -43,6 +43,20 @@ TEST(LinuxProcessors, recorded_machines_have_the_levels_they_were_built_with) {
     EXPECT_EQ(levelsOfFixture("arm-three-tier-6.10"), "11110000");
 }
 
+TEST(LinuxProcessors, a_list_of_the_present_that_is_empty_leaves_them_to_the_counters) {
+    const Machine machine("\n");
+    EXPECT_EQ(machine.levels(), "");
+    machine.tree.write("/proc/stat", "cpu  1 2 3 4\ncpu0 1 2 3 4\ncpu1 1 2 3 4\nintr 0\n");
+    EXPECT_EQ(machine.levels(), "00");
+}
+
+TEST(LinuxProcessors, a_list_of_fast_ones_that_is_empty_tells_no_kinds) {
+    const Machine machine("0-1\n");
+    machine.tree.write("/sys/devices/cpu_core/cpus", "\n");
+    machine.tree.write("/sys/devices/cpu_atom/cpus", "0-1\n");
+    EXPECT_EQ(machine.levels(), "00");
+}
+
 TEST(LinuxProcessors, equal_capacities_are_one_level) {
     const Machine machine("0-1\n");
     machine.capacity(0, "1024\n");

@@ -247,5 +247,30 @@ TEST(LinuxWorkspace, a_display_that_does_not_tell_has_nobody_in_front) {
     EXPECT_EQ(workspace.frontmostApplication(), std::nullopt);
 }
 
+TEST(LinuxWorkspace, opens_the_system_monitor_where_the_desktop_has_one) {
+    PollRunLoop loop;
+    SystemBus bus(loop, loop.executor(), "unix:path=/nonexistent");
+    LinuxWorkspace bare(bus, loop.executor());
+    EXPECT_FALSE(bare.hasSystemMonitor());
+    bare.openSystemMonitor();
+
+    const TemporaryTree tree;
+    const LinuxRoot root(tree.path());
+    std::vector<std::string> started;
+    LinuxWorkspace workspace(bus, loop.executor(),
+                             {.monitor = SystemMonitor(
+                                  root, [](std::string_view) { return std::nullopt; },
+                                  [&started](const auto& command) { started = command; })});
+    EXPECT_FALSE(workspace.hasSystemMonitor());
+    workspace.openSystemMonitor();
+    EXPECT_TRUE(started.empty());
+    tree.write("/usr/bin/gnome-system-monitor", "");
+    tree.write("/usr/share/applications/org.gnome.SystemMonitor.desktop",
+               "[Desktop Entry]\nExec=gnome-system-monitor %U\n");
+    EXPECT_TRUE(workspace.hasSystemMonitor());
+    workspace.openSystemMonitor();
+    EXPECT_EQ(started, std::vector<std::string>{"gnome-system-monitor"});
+}
+
 }  // namespace
 }  // namespace vtx::test

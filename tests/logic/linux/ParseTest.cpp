@@ -12,6 +12,7 @@ TEST(Parse, a_number_may_have_white_space_around_it_and_nothing_else) {
     EXPECT_EQ(parseUnsigned("42\n"), 42u);
     EXPECT_EQ(parseUnsigned(std::string_view("7\0", 2)), 7u);
     EXPECT_EQ(parseSigned(" -12\n"), -12);
+    EXPECT_EQ(parseUnsigned("\t\r\n\v\f 42\f\v\n\r\t"), 42u);
     for (const auto* text : {"", " ", "-1", "+1", "1 2", "0x10", "1.5", "12k", "abc"}) {
         EXPECT_EQ(parseUnsigned(text), std::nullopt) << text;
     }

@@ -29,10 +29,11 @@ TEST(PressureText, a_text_cut_anywhere_tells_nothing) {
 }
 
 TEST(PressureText, what_is_no_average_or_total_makes_it_absent) {
-    for (const auto* bad : {"avg10=101.00 total=1", "avg10=-1.00 total=1", "avg10=nan total=1",
-                            "avg10=1.0 total=1", "avg10=1.000 total=1", "avg10=1 total=1",
-                            "avg10=1.00 total=-1", "avg10=1.00 total=", "avg10=1.00", "total=1",
-                            "avg10=1.00 total=18446744073709551616", "", "avg10 total"}) {
+    for (const auto* bad :
+         {"avg10=101.00 total=1", "avg10=-1.00 total=1", "avg10=nan total=1", "avg10=1.0 total=1",
+          "avg10=1.000 total=1", "avg10=1 total=1", "avg10=1.00 total=-1",
+          "avg10=1.00 total=", "avg10=1.00", "total=1", "avg10=1.00 total=18446744073709551616", "",
+          "avg10 total", "avg10=1.x0 total=1", "avg100=1.00 total=1"}) {
         const std::string line = std::string("some ") + bad + "\n";
         EXPECT_EQ(parseMemoryPressure(line + "full avg10=0.00 total=0\n"), std::nullopt) << bad;
     }

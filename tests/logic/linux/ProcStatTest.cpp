@@ -62,6 +62,19 @@ TEST(ProcStat, numbers_that_do_not_fit_are_no_numbers) {
     std::string line = lineOf("x");
     line.replace(line.find(" 321 ") + 1, 3, "99999999999999999999999");
     EXPECT_FALSE(parseProcStat(line));
+    for (const char* nice : {" 9223372036854775808 ", " -9223372036854775808 "}) {
+        line = lineOf("x");
+        line.replace(line.find(" 0 11 "), 3, nice);
+        EXPECT_FALSE(parseProcStat(line)) << nice;
+    }
+}
+
+TEST(ProcStat, the_last_number_that_is_needed_may_end_the_line) {
+    std::string line = lineOf("x");
+    const auto end = line.find(" 140720000000000 ") + 16;
+    line.replace(end, line.size() - end, "\n");
+    ASSERT_TRUE(parseProcStat(line));
+    EXPECT_EQ(parseProcStat(line)->startStack, 140720000000000U);
 }
 
 TEST(ProcStat, negative_counts_are_nothing_and_niceness_may_be_negative) {

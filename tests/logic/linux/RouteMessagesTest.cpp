@@ -102,6 +102,36 @@ TEST(RouteMessages, a_link_has_its_driver_its_master_and_its_tunnels_form) {
     EXPECT_EQ(links[0], (KernelLink{9, "vnet0", ARPHRD_ETHER, IFF_UP, {}, "tun", true, true}));
 }
 
+TEST(RouteMessages, a_tunnel_carries_frames_only_where_it_says_so) {
+    const auto carriesFrames = [](auto addInfo) {
+        NetlinkBuilder info;
+        addInfo(info);
+        NetlinkBuilder b;
+        b.link(9, ARPHRD_NONE, IFF_UP).text(IFLA_IFNAME, "tun0");
+        b.attribute(IFLA_LINKINFO | NLA_F_NESTED, info.bytes).done();
+        return parse(b.bytes).links.at(0).carriesFrames;
+    };
+    const auto withData = [](std::vector<std::byte> data, std::string_view kind = "tun") {
+        return [=](NetlinkBuilder& info) {
+            info.text(IFLA_INFO_KIND, kind).attribute(IFLA_INFO_DATA | NLA_F_NESTED, data);
+        };
+    };
+    const auto typeOf = [](std::vector<std::byte> type) {
+        NetlinkBuilder data;
+        data.attribute(IFLA_TUN_TYPE, type);
+        return data.bytes;
+    };
+    EXPECT_TRUE(carriesFrames(withData(typeOf(bytesOf({IFF_TAP})))));
+    EXPECT_FALSE(carriesFrames(withData(typeOf(bytesOf({IFF_TUN})))));
+    EXPECT_FALSE(carriesFrames(withData(typeOf({}))));
+    EXPECT_FALSE(carriesFrames(withData({})));
+    EXPECT_FALSE(carriesFrames(withData(typeOf(bytesOf({IFF_TAP})), "veth")));
+    EXPECT_FALSE(carriesFrames([](NetlinkBuilder& info) { info.text(IFLA_INFO_KIND, "tun"); }));
+    EXPECT_FALSE(carriesFrames([&](NetlinkBuilder& info) {
+        info.attribute(IFLA_INFO_DATA | NLA_F_NESTED, typeOf(bytesOf({IFF_TAP})));
+    }));
+}
+
 TEST(RouteMessages, links_without_a_sensible_name_or_index_are_left_out) {
     for (const auto* name : {"", ".", "..", "a/b", "/", "longer-than-15-x"}) {
         NetlinkBuilder b;
@@ -156,6 +186,7 @@ TEST(RouteMessages, addresses_of_other_families_and_lengths_are_left_out) {
     b.address(AF_INET6, 1).attribute(IFA_ADDRESS, bytesOf({1, 2, 3, 4}));
     b.address(AF_INET, 0).attribute(IFA_ADDRESS, bytesOf({1, 2, 3, 4}));
     b.address(AF_INET, 1);
+    b.message(RTM_NEWADDR, NLM_F_MULTI).raw(std::uint32_t{AF_INET});
     b.done();
     EXPECT_TRUE(parse(b.bytes).addresses.empty());
 }
@@ -189,6 +220,11 @@ TEST(RouteMessages, a_refusal_is_the_kernels_error) {
         NetlinkBuilder b;
         b.message(type).raw(-EPERM).end();
         EXPECT_EQ(parse(b.bytes).state.error, EPERM) << type;
+    }
+    for (const int absurd : {1, -4096, -2147483647}) {
+        NetlinkBuilder b;
+        b.message(NLMSG_ERROR).raw(absurd).end();
+        EXPECT_EQ(parse(b.bytes).state.error, 0) << absurd;
     }
     NetlinkBuilder none;
     none.message(NLMSG_DONE).end();

@@ -112,6 +112,15 @@ TEST_F(NamesOfSensors, take_no_harm_from_settings_that_are_damaged) {
     EXPECT_EQ(SensorKeyNames(defaults, sameForAll).nameOf("TC", "b"), "TC50");
 }
 
+TEST_F(NamesOfSensors, that_are_stored_are_given_to_their_own_beginning_and_once) {
+    defaults.setData(SensorKeyNames::settingsKey, toData("TC60 a\nSabc a\n"));
+    SensorKeyNames names(defaults, sameForAll);
+    EXPECT_EQ(names.nameOf("TC", "a"), "TC60");
+    EXPECT_EQ(names.nameOf("S", "a"), "Sabc");
+    EXPECT_EQ(names.nameOf("TG", "a"), "TG50");
+    EXPECT_NE(names.nameOf("T", "a"), "TC60");
+}
+
 TEST_F(NamesOfSensors, are_stored_up_to_a_bound) {
     SensorKeyNames names(defaults, sameForAll);
     for (int i = 0; i < 1100; ++i) ASSERT_TRUE(names.nameOf("S", std::to_string(i)));

@@ -31,7 +31,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"k10temp", "Tdie", processor}, Case{"k10temp", "Tctl", processorControl},
                     Case{"k10temp", "Tccd1", processorPart}, Case{"zenpower", "Tdie", processor},
                     Case{"zenpower", "SVI2_P_Core", other}, Case{"k8temp", "", processor},
-                    Case{"via_cputemp", "Core 0", processorPart}));
+                    Case{"via_cputemp", "Core 0", processorPart},
+                    Case{"k10temp", "CPU Die", processor}));
 INSTANTIATE_TEST_SUITE_P(
     Zones, SensorRoleOf,
     testing::Values(Case{"cpu_thermal", "", processor}, Case{"cpu0_thermal", "", processor},

@@ -111,6 +111,9 @@ TEST_F(SensorTree, a_zone_that_only_has_a_fan_or_other_trips_is_not_the_processo
     addZone(0, "board", "55000\n", "pwm-fan");
     tree.write(addZone(1, "case", "55000\n", "cpufreq-cpu0") + "/trip_point_0_type", "active\n");
     tree.write(addZone(2, "skin", "55000\n", "cpufreq-cpu0") + "/cdev0_trip_point", "../x\n");
+    tree.remove(addZone(3, "lid", "55000\n", "cpufreq-cpu0") + "/cdev0_trip_point");
+    tree.remove(addZone(4, "palm", "55000\n", "cpufreq-cpu0") + "/cdev0/type");
+    tree.write("/sys/class/thermal/cooling_device0/type", "Processor\n");
     EXPECT_TRUE(findSensors(root).empty());
 }
 

@@ -108,6 +108,105 @@ TEST_F(StatusNotifierItemTest, tells_who_it_is) {
     EXPECT_EQ(told, (std::vector<std::string>{"vantrix", "Vantrix", "Active", ""}));
 }
 
+/// A tray's own connection, which asks an item for its properties whole.
+class Tray {
+public:
+    Tray(RunLoop& loop, const std::string& address) {
+        EXPECT_GE(sd_bus_new(&bus_), 0);
+        sd_bus_set_address(bus_, address.c_str());
+        sd_bus_set_bus_client(bus_, 1);
+        EXPECT_GE(sd_bus_start(bus_), 0);
+        reading_ = loop.watch(sd_bus_get_fd(bus_), POLLIN | POLLOUT, [this] {
+            while (sd_bus_process(bus_, nullptr) > 0) continue;
+        });
+    }
+    Tray(const Tray&) = delete;
+    Tray& operator=(const Tray&) = delete;
+    ~Tray() {
+        for (auto* answer : answers) sd_bus_message_unref(answer);
+        sd_bus_close_unref(bus_);
+    }
+
+    void ask(const std::string& item, const char* property) {
+        sd_bus_call_method_async(bus_, nullptr, item.c_str(), "/StatusNotifierItem",
+                                 "org.freedesktop.DBus.Properties", "Get", &Tray::onAnswer, this,
+                                 "ss", itemInterface, property);
+    }
+
+    std::vector<sd_bus_message*> answers;
+
+private:
+    static int onAnswer(sd_bus_message* answer, void* self, sd_bus_error*) {
+        static_cast<Tray*>(self)->answers.push_back(sd_bus_message_ref(answer));
+        return 0;
+    }
+
+    sd_bus* bus_ = nullptr;
+    Subscription reading_;
+};
+
+/// The pictures that come next in an answer.
+std::vector<std::tuple<int, int, std::string>> takePictures(sd_bus_message* answer) {
+    std::vector<std::tuple<int, int, std::string>> pictures;
+    EXPECT_GT(sd_bus_message_enter_container(answer, 'a', "(iiay)"), 0);
+    while (sd_bus_message_enter_container(answer, 'r', "iiay") > 0) {
+        std::int32_t width = 0;
+        std::int32_t height = 0;
+        const void* bytes = nullptr;
+        std::size_t size = 0;
+        EXPECT_GT(sd_bus_message_read(answer, "ii", &width, &height), 0);
+        EXPECT_GT(sd_bus_message_read_array(answer, 'y', &bytes, &size), 0);
+        pictures.emplace_back(width, height, std::string(static_cast<const char*>(bytes), size));
+        EXPECT_GE(sd_bus_message_exit_container(answer), 0);
+    }
+    EXPECT_GE(sd_bus_message_exit_container(answer), 0);
+    return pictures;
+}
+
+TEST_F(StatusNotifierItemTest, shows_the_tray_its_pictures_and_its_words) {
+    FakeWatcher watcher(loop, daemon.address(), true);
+    StatusNotifierItem item(session, "vantrix", "Vantrix");
+    ASSERT_TRUE(until([&] { return !watcher.registered.empty(); }));
+    item.setPictures({{1, 1, {255, 1, 2, 3}}, {2, 1, {0, 0, 0, 0, 9, 8, 7, 6}}});
+    item.setToolTip("CPU 12 percent");
+    Tray host(loop, daemon.address());
+    for (const char* property :
+         {"IconPixmap", "OverlayIconPixmap", "ToolTip", "Category", "WindowId", "ItemIsMenu"})
+        host.ask(watcher.registered.back(), property);
+    ASSERT_TRUE(until([&] { return host.answers.size() == 6; }));
+
+    ASSERT_GT(sd_bus_message_enter_container(host.answers[0], 'v', "a(iiay)"), 0);
+    const auto pictures = takePictures(host.answers[0]);
+    ASSERT_EQ(pictures.size(), 2U);
+    EXPECT_EQ(pictures[0], std::tuple(1, 1, std::string("\xff\1\2\3")));
+    EXPECT_EQ(pictures[1], std::tuple(2, 1, std::string("\0\0\0\0\x9\x8\x7\x6", 8)));
+
+    ASSERT_GT(sd_bus_message_enter_container(host.answers[1], 'v', "a(iiay)"), 0);
+    EXPECT_TRUE(takePictures(host.answers[1]).empty());
+
+    const char* icon = nullptr;
+    const char* title = nullptr;
+    const char* words = nullptr;
+    ASSERT_GT(sd_bus_message_enter_container(host.answers[2], 'v', "(sa(iiay)ss)"), 0);
+    ASSERT_GT(sd_bus_message_enter_container(host.answers[2], 'r', "sa(iiay)ss"), 0);
+    ASSERT_GT(sd_bus_message_read(host.answers[2], "s", &icon), 0);
+    EXPECT_TRUE(takePictures(host.answers[2]).empty());
+    ASSERT_GT(sd_bus_message_read(host.answers[2], "ss", &title, &words), 0);
+    EXPECT_STREQ(icon, "");
+    EXPECT_STREQ(title, "Vantrix");
+    EXPECT_STREQ(words, "CPU 12 percent");
+
+    const char* category = nullptr;
+    std::int32_t window = -1;
+    int isMenu = -1;
+    EXPECT_GT(sd_bus_message_read(host.answers[3], "v", "s", &category), 0);
+    EXPECT_GT(sd_bus_message_read(host.answers[4], "v", "i", &window), 0);
+    EXPECT_GT(sd_bus_message_read(host.answers[5], "v", "b", &isMenu), 0);
+    EXPECT_STREQ(category, "Hardware");
+    EXPECT_EQ(window, 0);
+    EXPECT_EQ(isMenu, 0);
+}
+
 TEST_F(StatusNotifierItemTest, a_click_on_the_tray_is_passed_on_with_its_place) {
     FakeWatcher watcher(loop, daemon.address(), true);
     StatusNotifierItem item(session, "vantrix", "Vantrix");

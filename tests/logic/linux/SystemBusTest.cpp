@@ -7,9 +7,11 @@
 #include <sys/un.h>
 #include <systemd/sd-bus.h>
 
+#include <map>
 #include <memory>
 
 #include "linux/PrivateBus.h"
+#include "platform/linux/Environment.h"
 #include "platform/linux/PollRunLoop.h"
 
 namespace vtx::test {
@@ -31,6 +33,23 @@ struct Listener {
     std::string path = folder.path() + "/socket";
     FileDescriptor socket;
 };
+
+TEST(SessionBus, is_where_the_environment_says_and_never_where_the_systems_is) {
+    const auto addressWith = [](std::map<std::string, std::string, std::less<>> variables) {
+        return sessionBusAddress([&](std::string_view name) -> std::optional<std::string> {
+            const auto found = variables.find(name);
+            return found == variables.end() ? std::nullopt : std::optional(found->second);
+        });
+    };
+    const std::string address = "DBUS_SESSION_BUS_ADDRESS";
+    const std::string folder = "XDG_RUNTIME_DIR";
+    EXPECT_EQ(addressWith({{address, "unix:abstract=x"}, {folder, "/run/user/1"}}),
+              "unix:abstract=x");
+    EXPECT_EQ(addressWith({{folder, "/run/user/1"}}), "unix:path=/run/user/1/bus");
+    EXPECT_EQ(addressWith({{address, ""}, {folder, "/run/user/1"}}), "unix:path=/run/user/1/bus");
+    EXPECT_EQ(addressWith({}), "unix:path=/nonexistent/bus");
+    EXPECT_EQ(addressWith({{address, ""}, {folder, ""}}), "unix:path=/nonexistent/bus");
+}
 
 TEST(SystemBus, where_there_is_no_bus_nothing_is_told) {
     const TemporaryTree folder;

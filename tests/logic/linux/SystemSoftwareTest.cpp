@@ -43,7 +43,7 @@ TEST(ControlGroup, the_session_itself_and_the_machine_are_the_systems) {
 
 TEST(ControlGroup, elsewhere_it_says_nothing) {
     for (const auto* path : {"", "/", "/user.slice/user-1000.slice/session-2.scope", "/docker/0123",
-                             "//", "app.slice"})
+                             "//", "app.slice", "/user@1000.slice/app.slice"})
         EXPECT_EQ(controlGroupRole(path), unknown) << path;
 }
 
@@ -107,6 +107,8 @@ TEST(ProcessName, the_cut_name_of_a_script_is_continued_by_an_argument) {
 TEST(ProcessName, arguments_that_break_off_continue_nothing) {
     EXPECT_EQ(wholeName(cut, {}, "gnome-terminal-hel"), cut);
     EXPECT_EQ(wholeName(cut, {}, std::string_view("\0\0\0\0\0\0\0gnome-terminal-x\0", 24)), cut);
+    EXPECT_EQ(wholeName(cut, {}, std::string_view("gnome-terminal-\0", 16)), cut);
+    EXPECT_EQ(wholeName(cut, "/x/gnome-terminus-server", {}), cut);
     const std::string huge = std::string(cut) + std::string(4000, 'x') + '\0';
     EXPECT_EQ(wholeName(cut, {}, huge), cut);
 }

@@ -38,6 +38,12 @@ TEST(TextScan, a_number_without_an_end_is_no_whole_one) {
         EXPECT_FALSE(scan.takeWholeNumber(value)) << text;
         EXPECT_EQ(scan.rest(), text);
     }
+    for (const auto* text : {"12 ", "12\t", "12\n"}) {
+        TextScan scan(text);
+        std::uint64_t value = 0;
+        EXPECT_TRUE(scan.takeWholeNumber(value)) << text;
+        EXPECT_EQ(value, 12U) << text;
+    }
     TextScan scan("12\n34 ");
     std::uint64_t value = 0;
     EXPECT_TRUE(scan.takeWholeNumber(value));

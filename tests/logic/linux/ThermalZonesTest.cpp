@@ -75,6 +75,23 @@ TEST(ThermalTrips, without_a_passive_point_the_critical_one_gives_all_levels) {
     EXPECT_EQ(thresholdsOf(trips), (ThermalThresholds{85'000, 90'000, 95'000, 2000}));
 }
 
+TEST(ThermalTrips, a_hot_point_alone_gives_the_worst_level_alone) {
+    const TripPoint trips[] = {{Kind::hot, 97'000, 0}};
+    const auto thresholds = thresholdsOf(trips);
+    EXPECT_EQ(thresholds, (ThermalThresholds{{}, {}, 97'000, 2000}));
+    EXPECT_FALSE(thresholds.isEmpty());
+    EXPECT_EQ(thermalLevel(96'999, thresholds, 0), 0);
+    EXPECT_EQ(thermalLevel(97'000, thresholds, 0), 3);
+}
+
+TEST(ThermalTrips, kinds_are_told_by_their_exact_names) {
+    EXPECT_EQ(parseTripKind("passive\n"), Kind::passive);
+    EXPECT_EQ(parseTripKind("hot\n"), Kind::hot);
+    EXPECT_EQ(parseTripKind("critical\n"), Kind::critical);
+    for (const auto* other : {"active\n", "Hot\n", "", "hotter"})
+        EXPECT_EQ(parseTripKind(other), Kind::other) << other;
+}
+
 TEST(ThermalTrips, points_that_are_off_or_of_fans_give_none) {
     const TripPoint trips[] = {
         {Kind::passive, 0, 0}, {Kind::critical, -274'000, 0}, {Kind::other, 50'000, 5000}};

@@ -234,6 +234,13 @@ TEST(CleanupTargets, are_the_largest_of_the_users_own) {
     EXPECT_EQ(p.targets(100).size(), 5U);
 }
 
+TEST(CleanupTargets, of_one_size_stand_as_they_do_in_the_list) {
+    Pressed p;
+    p.run({sized("b", 100), sized("a", 100), sized("d", 200), sized("c", 100)});
+    EXPECT_EQ(p.targets(4), (std::vector<std::string>{"d", "a", "b", "c"}));
+    EXPECT_EQ(p.targets(2), (std::vector<std::string>{"d", "a"}));
+}
+
 TEST(CleanupTargets, are_nobody_elses_and_not_the_systems) {
     Pressed p;
     auto others = sized("others", 900);

@@ -269,5 +269,21 @@ TEST_F(Detectors, a_list_that_is_refreshed_too_seldom_never_makes_a_hog) {
     EXPECT_TRUE(hogs().empty());
 }
 
+TEST_F(Detectors, a_process_that_ends_is_forgotten_and_those_behind_it_are_not) {
+    reportFrom(0);
+    listed = {snapshotOf(pid, busy), snapshotOf(300, busy)};
+    detector.observe(listed);
+    bench.clock.advanceBy(seconds(5));
+    detector.observe(std::span(listed).last(1));
+    EXPECT_EQ(hogs(), std::vector{300});
+    EXPECT_EQ(hog().activeSeconds, 5.0);
+    bench.clock.advanceBy(seconds(5));
+    detector.observe(listed);
+    EXPECT_EQ(hogs(), (std::vector{300, pid}));
+    EXPECT_EQ(detector.hogs->at(0).activeSeconds, 10.0);
+    EXPECT_EQ(detector.hogs->at(1).activeSeconds, 0.0);
+    EXPECT_EQ(detector.hogs->at(1).firstObserved, bench.clock.now());
+}
+
 }  // namespace
 }  // namespace vtx

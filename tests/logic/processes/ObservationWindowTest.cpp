@@ -101,5 +101,19 @@ TEST(ObservationWindow, always_tells_what_counting_everything_anew_tells) {
     }
 }
 
+TEST(ObservationWindow, what_leaves_before_anybody_asks_is_not_counted) {
+    ObservationWindow observed;
+    for (const double second : {0.0, 5.0, 1804.0, 1810.0}) observed.add({at(second), busy}, window);
+    EXPECT_EQ(observed.beginning(), at(1804));
+    EXPECT_EQ(observed.activeSeconds(0.15), 6.0);
+}
+
+TEST(ObservationWindow, a_window_of_less_than_nothing_holds_nothing) {
+    ObservationWindow observed;
+    observed.add({at(0), busy}, -1.0);
+    EXPECT_EQ(observed.beginning(), std::nullopt);
+    EXPECT_EQ(observed.activeSeconds(0.15), 0.0);
+}
+
 }  // namespace
 }  // namespace vtx

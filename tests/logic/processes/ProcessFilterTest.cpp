@@ -51,6 +51,12 @@ TEST_F(ProcessFilters, digits_find_numbers_and_names) {
     EXPECT_EQ(found("99"), Names{});
 }
 
+TEST_F(ProcessFilters, a_search_for_nothing_matches_each) {
+    const ProcessFilter blanks("  ", bench.platform.locale);
+    for (const auto& process : all) EXPECT_TRUE(blanks.matches(process)) << process.name;
+    EXPECT_FALSE(ProcessFilter("firefox", bench.platform.locale).matches(all.front()));
+}
+
 TEST_F(ProcessFilters, the_path_takes_no_part) { EXPECT_EQ(found("opt"), Names{}); }
 
 TEST(LowercasedLetters, are_those_of_every_script_whatever_the_language) {
@@ -58,6 +64,7 @@ TEST(LowercasedLetters, are_those_of_every_script_whatever_the_language) {
         [](std::string_view) { return std::optional<std::string>("tr_TR.UTF-8"); });
     EXPECT_EQ(turkish.lowercased("ImageMagick"), "imagemagick");
     EXPECT_EQ(turkish.lowercased("ÄÉÎØ Ж Σ 名"), "äéîø ж σ 名");
+    EXPECT_EQ(turkish.lowercased("GNU-2 [B]"), "gnu-2 [b]");
     EXPECT_EQ(turkish.lowercased(""), "");
     EXPECT_EQ(turkish.lowercased("cut \xC3"), "cut \uFFFD");
 }

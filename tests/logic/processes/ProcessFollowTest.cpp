@@ -2,6 +2,7 @@
 // How the list is kept fresh for whoever looks at it.
 #include <gtest/gtest.h>
 
+#include "base/TaskScope.h"
 #include "platform/simulated/Operations.h"
 #include "processes/ProcessManager.h"
 #include "support/TestBench.h"
@@ -35,6 +36,30 @@ TEST_F(Followed, it_ends_with_the_token) {
     token.cancel();
     bench.advance(seconds(60));
     EXPECT_EQ(samples(), 1U);
+}
+
+TEST_F(Followed, a_token_that_goes_during_a_sample_leaves_no_timer) {
+    auto token = manager.keepFresh();
+    bench.main.drain();
+    ASSERT_TRUE(*manager.isLoading);
+    token.cancel();
+    bench.settle();
+    EXPECT_FALSE(*manager.isLoading);
+    EXPECT_EQ(samples(), 1U);
+    EXPECT_TRUE(bench.clock.pending().empty());
+}
+
+TEST_F(Followed, nothing_is_let_go_while_a_sample_is_under_way) {
+    TaskScope tasks(bench.main);
+    manager.startRefresh();
+    bench.main.drain();
+    ASSERT_TRUE(*manager.isLoading);
+    tasks.spawn([this](std::stop_token) { return manager.rest(); });
+    bench.settle();
+    EXPECT_EQ(bench.platform.calls(operations::processesLetGo), 0U);
+    tasks.spawn([this](std::stop_token) { return manager.rest(); });
+    bench.settle();
+    EXPECT_EQ(bench.platform.calls(operations::processesLetGo), 1U);
 }
 
 TEST_F(Followed, a_token_that_goes_at_once_causes_one_sample_at_most) {

@@ -8,6 +8,7 @@
 
 #include "base/TaskScope.h"
 #include "platform/simulated/Operations.h"
+#include "processes/ProcessOrder.h"
 #include "support/TestBench.h"
 
 namespace vtx {
@@ -156,6 +157,25 @@ TEST(ProcessOrder, follows_a_name_that_changed) {
     EXPECT_EQ(m.names(), (std::vector<std::string>{"a", "b"}));
 }
 
+TEST(ProcessOrder, keeps_the_keys_of_the_last_list_until_it_rests) {
+    TestBench bench;
+    ProcessOrder order(bench.ports().locale);
+    const auto listed = [&order] {
+        std::vector<ProcessSnapshot> all(2);
+        all[0].name = "zsh";
+        all[1].name = "Notes";
+        std::vector<std::string> names;
+        for (const auto& process : order.sorted(std::move(all))) names.push_back(process.name);
+        return names;
+    };
+    const auto before = listed();
+    EXPECT_EQ(before, (std::vector<std::string>{"Notes", "zsh"}));
+    EXPECT_EQ(order.keptKeys(), 2U);
+    order.rest();
+    EXPECT_EQ(order.keptKeys(), 0U);
+    EXPECT_EQ(listed(), before);
+}
+
 TEST(ProcessRenice, shows_at_once_in_the_list_and_in_the_result) {
     Managed m;
     m.running.add(application(200));
@@ -168,6 +188,24 @@ TEST(ProcessRenice, shows_at_once_in_the_list_and_in_the_result) {
     EXPECT_EQ(told, 2);  // at the subscription, and now
     EXPECT_EQ(m.running.find(200)->nice, 5);
     EXPECT_EQ(m.said(LogLevel::info, "renice succeeded: pid=200 nice=5"), 1U);
+}
+
+TEST(ProcessRenice, a_process_whose_start_is_not_told_is_taken_for_the_listed_one) {
+    Managed m;
+    auto process = application(200);
+    process.startTime = 1;
+    m.running.add(process);
+    m.refresh();
+    const ProcessSnapshot known = m.listed(200);
+    EXPECT_EQ(m.errorOf(known, 3), std::nullopt);
+    EXPECT_EQ(m.listed(200).nice, 3);
+    ProcessSnapshot unknown = known;
+    unknown.startTime.reset();
+    EXPECT_EQ(m.errorOf(unknown, 5), std::nullopt);
+    EXPECT_EQ(m.listed(200).nice, 5);
+    m.manager.processes.modify([](auto& all) { all.front().startTime.reset(); });
+    EXPECT_EQ(m.errorOf(known, 7), std::nullopt);
+    EXPECT_EQ(m.listed(200).nice, 7);
 }
 
 TEST(ProcessRenice, accepts_the_whole_range_and_nothing_beyond) {

@@ -119,6 +119,16 @@ TEST(HotSpotCalibration, tells_the_hot_spots_hottest_first_and_stores_all_in_ord
     EXPECT_EQ(c.stored(), R"(["Tp00","Tp05","Tp0x"])");
 }
 
+TEST(HotSpotCalibration, hot_spots_of_one_temperature_are_told_by_their_names) {
+    Calibrated c;
+    auto readings = five;
+    for (const auto* key : {"Tp09", "Tp06", "Tp07"}) readings.push_back({key, 70});
+    for (const auto* key : {"Tp10", "Tp11", "Tp12"}) readings.push_back({key, 50});
+    c.poll(readings);
+    c.pollAfter(60s, {});
+    EXPECT_TRUE(c.bench.log.contains("Tp05=70.0°C, Tp06=70.0°C, Tp07=70.0°C, Tp09=70.0°C"));
+}
+
 TEST(HotSpotCalibration, three_sensors_tell_nothing_and_an_empty_list_is_stored) {
     Calibrated c;
     c.poll({{"Tp01", 20}, {"Tp02", 60}, {"Tp03", 140}});

@@ -132,12 +132,18 @@ void EventfulMachine::step() {
                                        Event{"a preset is chosen", 1, &E::presetIsChosen},
                                        Event{"the store fails", 1, &E::storeFails},
                                        Event{"notifications fail", 1, &E::notificationsFail}};
-    static constexpr auto weights =
-        std::accumulate(events.begin(), events.end(), std::uint64_t{0},
-                        [](std::uint64_t sum, const Event& event) { return sum + event.weight; });
-    std::uint64_t drawn = upTo(weights - 1);
-    const Event* event = events.data();
-    while (drawn >= event->weight) drawn -= (event++)->weight;
+    static_assert(std::accumulate(events.begin(), events.end(), std::size_t{0},
+                                  [](std::size_t sum, const Event& event) {
+                                      return sum + event.weight;
+                                  }) == round);
+    if (deck_.empty()) {
+        for (const Event& event : events) deck_.insert(deck_.end(), event.weight, &event);
+        // Not the library's own shuffle, whose order differs from one library to the next.
+        for (std::size_t left = deck_.size(); left > 1; --left)
+            std::swap(deck_[left - 1], deck_[upTo(left - 1)]);
+    }
+    const Event* const event = deck_.back();
+    deck_.pop_back();
     ++steps_;
     lastEvent_ = event->name;
     (this->*event->happen)();

@@ -26,6 +26,9 @@ class EventfulMachine {
 public:
     explicit EventfulMachine(std::uint64_t seed);
 
+    /// In so many steps each event happens, as often as it should beside the others.
+    static constexpr std::size_t round = 80;
+
     /// One event, and the time until the next.
     void step();
     /// All is as at a first start, nothing fails, and nobody looks: for comparing what is held.
@@ -113,7 +116,8 @@ private:
     std::optional<ReadingWatch> watch_;
     const Instant begun_;
 
-    std::vector<Node> drives_;  ///< beside the first
+    std::vector<const Event*> deck_;  ///< what is still to happen in this round
+    std::vector<Node> drives_;        ///< beside the first
     std::vector<std::string> interfaces_;
     std::vector<std::int32_t> processes_;
     std::map<std::string, SimulatedSMCKey> truth_;  ///< of the sensors that do not tell it

@@ -88,6 +88,18 @@ TEST(CPUClockMonitorEngine, holds_one_sample_and_its_subscription_and_nothing_af
     EXPECT_EQ(c.bench.platform.outstanding(), 0U);
 }
 
+TEST(CPUClockMonitorEngine, the_table_of_one_cluster_is_enough) {
+    TestBench bench;
+    bench.mac.channels.script({coreChannel("ECPU0", {{"IDLE", 7}, {"V0", 5}})});
+    CoreLayout layout;
+    layout.eCoreFrequencyStepsMHz = {400};
+    const auto engine = CPUClockMonitorEngine::make(layout);
+    ASSERT_TRUE(engine);
+    (void)engine->nextSample();
+    bench.mac.channels.addResidency("ECPU0", 1, 10);
+    EXPECT_EQ(engine->nextSample()->eCoreMHz, 400.0);
+}
+
 TEST(CPUClockMonitorEngine, without_any_clock_table_the_library_is_not_even_opened) {
     TestBench bench;
     EXPECT_EQ(CPUClockMonitorEngine::make(CoreLayout{}), nullptr);

@@ -117,7 +117,7 @@ TEST(ClusterMap, processors_that_go_during_the_walk_are_passed_over) {
 
 TEST(ClusterMap, whatever_fails_nothing_stays_held) {
     for (const auto operation : {operations::registryEntryFromPath, operations::getChildIterator,
-                                 operations::iteratorNext}) {
+                                 operations::getChildIteratorNull, operations::iteratorNext}) {
         Cpus c;
         c.add(0, "E");
         c.instruments.failures.failNext(operation);

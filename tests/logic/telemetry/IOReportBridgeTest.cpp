@@ -62,7 +62,7 @@ TEST(IOReportBridge, idle_and_off_are_no_clocks_in_any_mix_of_capitals) {
 
 TEST(IOReportBridge, any_other_name_takes_a_step_wherever_it_stands) {
     Bridged b;
-    for (const char* name : {"DOWN", "", "IDLE ", "IDLER", "OFFLINE"})
+    for (const char* name : {"DOWN", "", "IDLE ", "IDLER", "OFFLINE", "id{e", "o\xC3\xA9", "OF@"})
         EXPECT_THAT(b.average({{name, 1}, {"OFF", 9}, {"V1", 1}}, {600, 1000}),
                     Optional(DoubleEq(800.0)))
             << name;

@@ -292,6 +292,15 @@ TEST(NetworkMonitor, counters_of_64_bits_that_wrap_or_jump_by_half_their_range_m
     EXPECT_EQ(reading.bytesOutPerSecond, 0.0);
 }
 
+TEST(NetworkMonitor, a_reading_that_it_did_not_take_itself_is_no_baseline) {
+    Network n;
+    n.add("en0", {"192.0.2.1"}).bytesIn = 700;
+    n.monitor.latest = NetworkReading{};
+    EXPECT_EQ(n.refreshAfter(seconds(1)).bytesInPerSecond, std::nullopt);
+    n.network.add("en0", 30, 0);
+    EXPECT_EQ(n.refreshAfter(seconds(1)).bytesInPerSecond, 30.0);
+}
+
 TEST(NetworkMonitor, an_interface_that_stops_being_active_leaves_the_total_without_a_peak) {
     Network n;
     n.add("en0", {"192.0.2.1"}).bytesIn = 100;

@@ -178,6 +178,15 @@ TEST(SystemInfo, without_tables_the_kernel_tells_the_top_clocks) {
     EXPECT_EQ(info.eClusterMaxMHz, 2000);
 }
 
+TEST(SystemInfo, a_cluster_without_a_table_has_the_kernels_top_clock_beside_the_others_table) {
+    MacShape shape = MacShape::standard();
+    shape.performanceStepsMHz.clear();
+    shape.performanceMaxHz = 3'500'000'000;
+    const auto info = InfoBench(shape).info();
+    EXPECT_EQ(info.pClusterMaxMHz, 3500);
+    EXPECT_EQ(info.eClusterMaxMHz, 2064);
+}
+
 TEST(SystemInfo, the_memorys_speed_is_its_transfers_in_millions) {
     InfoBench b;
     for (const auto& [raw, expected] : {std::pair{3'200'000'000U, 3200}, std::pair{999'999U, 0},
@@ -260,6 +269,21 @@ TEST(SystemInfo, a_battery_is_there_by_its_service_whatever_it_tells) {
     EXPECT_EQ(b.info().batteryCycleCount, 0);
 }
 
+TEST(SystemInfo, devices_whose_properties_cannot_be_read_are_there_or_not_by_what_tells_it) {
+    for (const auto operation :
+         {operations::createCFProperties, operations::createCFPropertiesNull}) {
+        InfoBench b(MacShape::laptop());
+        ASSERT_TRUE(b.info().hasGPU && b.info().batteryCycleCount) << operation;
+        b.failures.failAlways(operation);
+        const auto info = b.info();
+        EXPECT_FALSE(info.hasGPU) << operation;
+        EXPECT_TRUE(info.hasBattery) << operation;
+        EXPECT_EQ(info.batteryDesignCapacityMAh, std::nullopt) << operation;
+        EXPECT_EQ(info.batteryCycleCount, std::nullopt) << operation;
+        EXPECT_EQ(b.platform.outstanding(), 0U) << operation;
+    }
+}
+
 TEST(SystemInfo, the_family_is_what_the_machine_is_sold_as) {
     InfoBench b;
     const auto familyBy = [&b](std::string_view product) {
@@ -272,6 +296,8 @@ TEST(SystemInfo, the_family_is_what_the_machine_is_sold_as) {
          {std::string_view(""), std::string_view("\0", 1), std::string_view(" \n\0", 3),
           std::string_view("\xff"), std::string_view("\xed\xa0\x80"), std::string_view("\xc3")})
         EXPECT_EQ(familyBy(none), "Mac") << none;
+    b.mac.registry.set(b.mac.registry.at("IODeviceTree:/product"), "product-name", "Mac mini");
+    EXPECT_EQ(b.info().modelFamily, "Mac") << "text instead of bytes";
 }
 
 TEST(SystemInfo, a_family_is_told_by_the_first_beginning_that_fits) {
@@ -343,9 +369,11 @@ TEST(FanCount, opens_and_closes_a_connection_for_each_read) {
 TEST(FanCount, is_zero_without_an_smc_or_one_that_opens) {
     FanCountBench b;
     b.addCount(2);
-    b.failures.failAlways(operations::serviceOpen);
-    EXPECT_EQ(b.count(), 0);
-    b.failures.healAll();
+    for (const auto operation : {operations::serviceOpen, operations::serviceOpenNull}) {
+        b.failures.failAlways(operation);
+        EXPECT_EQ(b.count(), 0) << operation;
+        b.failures.healAll();
+    }
     b.failures.failAlways(operations::serviceMatching);
     EXPECT_EQ(b.count(), 0);
     b.failures.healAll();

@@ -195,5 +195,14 @@ TEST_F(BatterySectionModelTest, extreme_figures_give_a_power_all_the_same) {
     EXPECT_TRUE(describe(reading).details.at(3).value.ends_with(" W"));
 }
 
+TEST_F(BatterySectionModelTest, without_a_current_there_is_no_power) {
+    BatteryReading reading;
+    reading.voltageMV = 12310;
+    const auto details = describe(reading).details;
+    EXPECT_EQ(details.at(1).value, "12.31 V");
+    EXPECT_EQ(details.at(2).value, "—");
+    EXPECT_EQ(details.at(3).value, "—");
+}
+
 }  // namespace
 }  // namespace vtx

@@ -127,6 +127,12 @@ TEST(ChartModel, the_axis_reads_as_the_values_do) {
     EXPECT_THAT(axisMarks(bare), ElementsAre("", "", ""));
 }
 
+TEST(ChartModel, values_that_nothing_writes_have_no_pills) {
+    auto chart = chartOf(values({0.1, 0.7}));
+    chart.valueFormat = nullptr;
+    EXPECT_THAT(pills(chart), IsEmpty());
+}
+
 class SpokenChartTest : public testing::Test {
 protected:
     AppBench bench;
@@ -144,6 +150,9 @@ TEST_F(SpokenChartTest, says_nothing_of_what_is_later_than_the_last_point) {
 
 TEST_F(SpokenChartTest, says_that_there_is_nothing_yet) {
     EXPECT_EQ(spokenText(chartOf({})), "CPU total, Collecting…");
+    auto unwritten = chartOf(values({0.5}));
+    unwritten.valueFormat = nullptr;
+    EXPECT_EQ(spokenValue(unwritten), "Collecting…");
     Localization::shared().setPreference(Language::de);
     EXPECT_NE(spokenValue(chartOf({})), "Collecting…");
 }

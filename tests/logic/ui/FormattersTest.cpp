@@ -29,6 +29,12 @@ TEST(Formatters, what_is_not_known_is_a_dash) {
     EXPECT_EQ(percent(std::nullopt), "—");
     EXPECT_EQ(percent(nan), "—");
     EXPECT_EQ(compactPercent(infinity), "—");
+    for (const double none : {nan, infinity, -infinity}) {
+        EXPECT_EQ(formatMHz(none), "—");
+        EXPECT_EQ(throughputLabel(none), "—");
+        EXPECT_EQ(throughputLabel(none, 1.0), "—");
+        EXPECT_EQ(temperatureLabel(none, "Serious"), "Serious");
+    }
 }
 
 TEST(Formatters, a_tiny_negative_value_is_zero_and_not_minus_zero) {

@@ -59,6 +59,13 @@ TEST(HogPanel, a_report_reads_as_a_row_and_rows_keep_their_order) {
                                         {HogSeverity::slight, "node", "4 min · peak 33%", "17%"}}));
 }
 
+TEST(HogPanel, a_process_without_a_name_is_a_dash) {
+    AppBench bench;
+    HogReport nameless = reportOf(480, 0.61);
+    nameless.name.clear();
+    EXPECT_EQ(describeHogPanel(true, {nameless}).rows.at(0).name, "—");
+}
+
 TEST(HogPanel, without_reports_it_says_that_there_are_none) {
     AppBench bench;
     const auto panel = describeHogPanel(true, {});

@@ -320,6 +320,30 @@ TEST(MenuBarController, another_whole_degree_measures_the_strip) {
     EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
 }
 
+TEST(MenuBarController, a_temperature_that_goes_measures_the_strip) {
+    Controlled c;
+    c.publishTemperature(55.0);
+    c.letSizeSettle();
+    const auto before = c.surfaces.item->lengths.size();
+    c.controller.coordinator().temperature.latest = std::nullopt;
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
+}
+
+TEST(MenuBarController, a_place_in_the_bar_that_has_gone_is_not_sized) {
+    Controlled c;
+    c.letSizeSettle();
+    const auto before = c.surfaces.item->lengths.size();
+    c.surfaces.item->isThere = false;
+    c.surfaces.item->onIntrinsicWidthChange();
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before);
+    c.surfaces.item->isThere = true;
+    c.surfaces.item->onIntrinsicWidthChange();
+    c.letSizeSettle();
+    EXPECT_EQ(c.surfaces.item->lengths.size(), before + 1);
+}
+
 TEST(MenuBarController, another_speed_of_the_fastest_fan_measures_the_strip) {
     Controlled c;
     c.letSizeSettle();

@@ -98,6 +98,15 @@ TEST(MiniWidgetModel, a_temperature_that_is_no_number_is_not_known) {
     EXPECT_EQ(describe(readings).rows[3].value, "Nominal");
 }
 
+TEST(MiniWidgetModel, a_load_that_is_no_number_is_a_dash_without_a_bar) {
+    auto readings = usual();
+    readings.cpu = loads(std::nan(""), std::nan(""), HUGE_VAL);
+    readings.gpu->deviceUtilization = -HUGE_VAL;
+    const auto model = describe(readings);
+    EXPECT_EQ(valuesOf(model), (Texts{"—", "—", "67%", "63°C", "—", "—"}));
+    for (const std::size_t row : {0U, 1U}) EXPECT_EQ(model.rows[row].share, std::nullopt);
+}
+
 TEST(MiniWidgetModel, no_bar_is_more_than_full) {
     auto readings = usual();
     readings.cpu = loads(1.0, 1.0, 0.0);

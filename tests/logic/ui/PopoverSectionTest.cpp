@@ -63,5 +63,12 @@ TEST(PopoverSection, the_neural_engine_is_never_offered) {
     EXPECT_THAT(visibleSections(laptop(), showingAll()), Not(Contains(Section::ane)));
 }
 
+TEST(PopoverSection, each_section_is_described_as_itself) {
+    for (const Section section : visibleSections(laptop(), showingAll()))
+        EXPECT_EQ(describe(section).section, section);
+    EXPECT_EQ(describe(Section::battery).symbol, "battery.75");
+    EXPECT_EQ(describe(Section::ane).title, L10n::Key::section_ane);
+}
+
 }  // namespace
 }  // namespace vtx

@@ -74,6 +74,15 @@ TEST(SettingsActs, a_switch_changes_its_own_field_alone) {
     expected = before;
     expected.menuBarLiveTemp = false;
     EXPECT_EQ(toggled(before, "menuBarLiveTemp", false), expected);
+    expected = before;
+    expected.graphsGPU = !before.graphsGPU;
+    EXPECT_EQ(toggled(before, "graphsGPU", expected.graphsGPU), expected);
+    expected = before;
+    expected.menuBarCompact = !before.menuBarCompact;
+    EXPECT_EQ(toggled(before, "menuBarCompact", expected.menuBarCompact), expected);
+    expected = before;
+    expected.alertDiskEnabled = !before.alertDiskEnabled;
+    EXPECT_EQ(toggled(before, "alertDiskEnabled", expected.alertDiskEnabled), expected);
     EXPECT_EQ(toggled(before, "ane", false), before);
     EXPECT_EQ(toggled(before, "nothing", true), before);
 }
@@ -105,6 +114,7 @@ TEST(SettingsActs, a_colour_is_stored_in_capitals_behind_a_number_sign) {
     EXPECT_EQ(colorText(changed, "colorECore"), "#FF8000");
     EXPECT_EQ(recolored(changed, "colorECore", "").colorECore, "");
     EXPECT_EQ(recolored({}, "colorANE", "#FF8000"), DisplayPreferences{});
+    EXPECT_EQ(colorText(changed, "colorANE"), "");
 }
 
 }  // namespace

@@ -130,6 +130,13 @@ TEST_F(SettingsModelTest, the_tile_of_the_neural_engine_has_neither_label_nor_sw
     EXPECT_FALSE(tiles[6].isOn);
 }
 
+TEST_F(SettingsModelTest, a_tile_of_another_version_is_spoken_by_its_name) {
+    preferences.menuBarOrder = {"cpu", "quantum"};
+    const auto tiles = row("menuBarOrder").tiles;
+    ASSERT_EQ(tiles.size(), 2U);
+    EXPECT_EQ(tiles[1], (TileModel{"quantum", "", "quantum", std::nullopt}));
+}
+
 TEST_F(SettingsModelTest, a_colour_follows_its_text_and_a_bad_one_falls_back) {
     const RGBColor orange{0xFF, 0x80, 0x00};
     for (const char* good : {"#FF8000", "ff8000", "  Ff8000 ", " #ff8000"}) {
@@ -203,6 +210,17 @@ TEST(UpdateNotice, says_what_came_of_it) {
 TEST_F(SettingsModelTest, a_version_that_is_not_known_reads_as_a_dash) {
     EXPECT_EQ(row("version").value, "—");
     EXPECT_EQ(row("build").value, "—");
+    const auto known =
+        describeSettings({.preferences = preferences, .version = "1.2", .build = "345"});
+    EXPECT_EQ(row(known, "version").value, "1.2");
+    EXPECT_EQ(row(known, "build").value, "345");
+}
+
+TEST_F(SettingsModelTest, a_check_for_updates_is_told_while_it_lasts) {
+    EXPECT_EQ(row("checkUpdates").note, "");
+    const auto checking = describeSettings(
+        {.preferences = preferences, .updatesAutomatically = true, .isCheckingForUpdates = true});
+    EXPECT_EQ(row(checking, "checkUpdates").note, checkingForUpdates);
 }
 
 }  // namespace

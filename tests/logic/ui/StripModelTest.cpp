@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "core/DisplayPreferences.h"
 
 namespace vtx {
@@ -154,6 +156,9 @@ TEST(StripModel, memory_stays_between_0_and_100_percent) {
     EXPECT_EQ(tileOf(describeStrip(readings, {}), "memory").label, "100%");
     readings.memoryFraction = -0.2;
     EXPECT_EQ(tileOf(describeStrip(readings, {}), "memory").label, "0%");
+    readings.memoryFraction = std::nan("");
+    EXPECT_EQ(tileOf(describeStrip(readings, {}), "memory").label, "—");
+    EXPECT_EQ(describeStrip(readings, {}).summary, "");
 }
 
 TEST(StripModel, compact_mode_shows_the_critical_metric_alone) {

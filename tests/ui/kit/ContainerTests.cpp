@@ -64,6 +64,18 @@ TEST_F(ScrollAreaTest, the_thumb_is_seen_while_scrolling_and_goes_afterwards) {
     EXPECT_FALSE(bar.isThumbShown());
 }
 
+TEST_F(ScrollAreaTest, a_thumb_that_is_not_seen_is_not_painted_as_the_contents_grow) {
+    OverlayScrollBar& bar = *barOf(area);
+    area.widget()->setAttribute(Qt::WA_StaticContents);
+    test::PaintRecorder recorder(bar);
+    area.widget()->setMinimumHeight(1200);
+    test::settle();
+    EXPECT_TRUE(recorder.painted.empty());
+    area.verticalScrollBar()->setValue(40);
+    test::settle();
+    EXPECT_FALSE(recorder.painted.empty());
+}
+
 TEST_F(ScrollAreaTest, dragging_the_thumb_scrolls) {
     OverlayScrollBar& bar = *barOf(area);
     const QPoint grip = bar.thumbRect().center();

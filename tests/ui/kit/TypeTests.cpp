@@ -3,9 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 #include <array>
+#include <fstream>
+#include <string>
 #include <vector>
 
 namespace vtx {
@@ -88,6 +91,50 @@ TEST(Type, running_text_that_does_not_fit_is_shortened_within_its_room) {
 
 TEST(Type, nothing_to_say_draws_nothing) {
     EXPECT_DOUBLE_EQ(tabularWidth(QString(), TextRole::body), 0);
+}
+
+/// The files of fonts that are mapped; where they are not, nothing can be told of them.
+std::size_t mappedFonts() {
+    std::ifstream maps("/proc/self/maps");
+    std::size_t found = 0;
+    for (std::string line; std::getline(maps, line);)
+        found += line.ends_with(".otf") || line.ends_with(".ttf") || line.ends_with(".ttc");
+    return found;
+}
+
+TEST(Type, released_fonts_are_taken_anew_and_look_the_same) {
+    const auto running = [](TextRole role) {
+        QImage image(200, 50, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setPen(Qt::black);
+        drawText(painter, QRectF(0, 0, 200, 50), QStringLiteral("Última carga"), role);
+        return image;
+    };
+    for (const TextRole role : everyRole()) {
+        const QString figure = QStringLiteral("38.4 GB");
+        const QImage figureBefore = drawn(figure, role, 1.0);
+        const QImage textBefore = running(role);
+        const qreal widthBefore = textWidth(figure, role);
+        releaseFonts();
+        EXPECT_EQ(drawn(figure, role, 1.0), figureBefore);
+        EXPECT_EQ(running(role), textBefore);
+        EXPECT_EQ(textWidth(figure, role), widthBefore);
+    }
+}
+
+TEST(Type, released_fonts_leave_no_file_of_theirs_open) {
+    (void)drawn(QStringLiteral("38"), TextRole::hero, 1.0);
+    if (mappedFonts() == 0) GTEST_SKIP() << "this machine does not map its fonts";
+    releaseFonts();
+    EXPECT_EQ(mappedFonts(), 0U);
+}
+
+TEST(Type, a_font_that_somebody_holds_works_on_after_all_were_released) {
+    const QFont held = fontFor(TextRole::body);
+    const qreal before = QFontMetricsF(held).horizontalAdvance(QStringLiteral("Memory"));
+    releaseFonts();
+    EXPECT_EQ(QFontMetricsF(held).horizontalAdvance(QStringLiteral("Memory")), before);
 }
 
 }  // namespace

@@ -4,10 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
+#include <QImage>
 #include <QLineEdit>
 #include <string>
+#include <vector>
 
 #include "ShellFakes.h"
+#include "ui/support/PooledThreads.h"
 
 namespace vtx {
 namespace {
@@ -35,6 +38,16 @@ protected:
     void workElsewhere() {
         other.activateWindow();
         QApplication::processEvents();
+    }
+
+    /// What the window itself draws of each of those parts.
+    [[nodiscard]] QImage drawn(const std::vector<QRect>& parts, double scale) {
+        QImage image((QSizeF(window.size()) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::transparent);
+        for (const QRect& part : parts)
+            window.render(&image, part.topLeft(), part, QWidget::IgnoreMask);
+        return image;
     }
 
     FakeWindowSystem system;
@@ -179,6 +192,29 @@ TEST_F(AnchoredWindowTest, is_cut_out_where_windows_do_not_blend) {
     open();
     EXPECT_FALSE(window.mask().contains(QPoint(1, 1)));
     EXPECT_TRUE(window.mask().contains(QPoint(window.place().tip, 8)));
+}
+
+TEST_F(AnchoredWindowTest, parts_of_it_are_drawn_as_the_whole_is) {
+    for (const bool blends : {true, false}) {
+        system.blends = blends;
+        open();
+        std::vector<QRect> parts;
+        for (int y = 0; y < window.height(); y += 37)
+            for (int x = 0; x < window.width(); x += 41)
+                parts.push_back(QRect(x, y, 41, 37) & window.rect());
+        for (const double scale : {1.0, 2.0})
+            EXPECT_EQ(drawn(parts, scale), drawn({window.rect()}, scale)) << blends << scale;
+        window.dismiss();
+        QApplication::processEvents();
+    }
+}
+
+TEST_F(AnchoredWindowTest, a_change_within_is_drawn_by_the_thread_that_asks) {
+    open();
+    const QRect body = window.place().content;
+    const QRect rows = body.adjusted(6, 80, -6, -30);
+    const QRect belowTheEdge(body.left() + 12, body.bottom() - 99, body.width() - 24, 100);
+    EXPECT_EQ(test::pooledThreadsFor([&] { (void)drawn({rows, belowTheEdge}, 2); }), 0);
 }
 
 }  // namespace

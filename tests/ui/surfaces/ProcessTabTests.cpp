@@ -106,6 +106,20 @@ TEST_F(ProcessTabTest, samples_at_once_and_every_two_seconds_while_it_is_shown) 
     EXPECT_FALSE(bench.coordinator.processes.processes.hasSubscribers());
 }
 
+TEST_F(ProcessTabTest, a_new_list_paints_nothing_at_the_edges_of_the_page) {
+    for (int i = 0; i < 30; ++i) run(4000 + i, "sleep");
+    show();
+    test::PaintRecorder recorder(tab);
+    for (int i = 0; i < 5; ++i) run(5000 + i, "awake");
+    advance(2.3);
+    QRegion painted;
+    for (const QRegion& part : recorder.painted) painted += part;
+    EXPECT_GT(painted.boundingRect().height(), 300);
+    EXPECT_GE(painted.boundingRect().left(), 6);
+    EXPECT_LT(painted.boundingRect().right(), tab.width() - 6);
+    EXPECT_LT(painted.boundingRect().bottom(), tab.height() - 5);
+}
+
 TEST_F(ProcessTabTest, before_the_first_list_it_says_that_it_loads) {
     test::show(tab);
     EXPECT_EQ(said("Loading processes…"), QString::fromUtf8("Loading processes…"));
