@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
+
 #include "Fuzz.h"
+#include "memory/MemoryStats.h"
 #include "platform/linux/MemInfo.h"
 
 using namespace vtx;
@@ -20,6 +23,18 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         fuzz::expect(pages.active + pages.wired + pages.compressor ==
                      info->total / perPage - available / perPage);
         fuzz::expect(pages.free + pages.inactive == available / perPage);
+        const MemoryPages counts{pages.active,     pages.wired, pages.inactive,
+                                 pages.compressor, pages.free,  pages.speculative};
+        const SwapUsage swap{info->swapTotal,
+                             info->swapTotal - std::min(info->swapFree, info->swapTotal)};
+        const auto stats = MemoryStats::make(counts, pageSize, info->total * 1024, swap,
+                                             MemoryStats::Pressure::normal, Date());
+        fuzz::expect(stats.usedBytes <= stats.totalBytes);
+        fuzz::expect(stats.usedBytes ==
+                     stats.activeBytes + stats.wiredBytes + stats.compressedBytes);
+        fuzz::expect(stats.freeBytes + stats.inactiveBytes <= available * 1024);
+        fuzz::expect(stats.usedFraction() >= 0.0 && stats.usedFraction() <= 1.0);
+        fuzz::expect(stats.totalBytes - stats.usedBytes >= stats.freeBytes + stats.inactiveBytes);
     }
     return 0;
 }

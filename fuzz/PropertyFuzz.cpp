@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: MIT
 // Values of the registry, of any kind in any place: what drives, the graphics and the battery are
-// said to have done.
+// said to have done, and what the machine is said to be.
 #include <cmath>
 #include <cstring>
 
 #include "Fuzz.h"
+#include "base/ValidUtf8.h"
 #include "platform/simulated/Instruments.h"
 #include "platform/simulated/ManualClock.h"
-#include "platform/simulated/SimulatedIORegistry.h"
+#include "platform/simulated/SimulatedPlatform.h"
 #include "smc/BatteryTemperatureReader.h"
+#include "telemetry/BatteryMonitor.h"
 #include "telemetry/DiskIOMonitor.h"
 #include "telemetry/GPUMonitorEngine.h"
+#include "telemetry/SystemInfoDetection.h"
 
 using namespace vtx;
 
@@ -44,6 +47,10 @@ public:
             default:
                 return std::nullopt;
         }
+    }
+    std::optional<std::int64_t> integer() {
+        const auto value = next();
+        return value ? PropertyView(*value).number() : std::nullopt;
     }
     /// A map with these keys, where the values are there.
     template <class... Keys>
@@ -108,6 +115,10 @@ struct Machine {
     Node accelerator = registry.add(services, "gpu", "IOAccelerator");
     Node battery = registry.add(services, "battery", "AppleSmartBattery");
 
+    /// A whole one, with values of its own.
+    SimulatedPlatform platform{clock, MacShape::laptop()};
+    SimulatedRegistry& devices = platform.mac.registry;
+
     void set(Node node, const char* key, std::optional<Property> value) {
         registry.unset(node, key);
         if (value) registry.set(node, key, *std::move(value));
@@ -150,6 +161,49 @@ void tryBattery(Machine& machine, Values& values) {
     fuzz::expect(!celsius || std::isfinite(*celsius));
 }
 
+void tryCharge(Machine& machine, Values& values) {
+    BatteryFigures source;
+    for (auto* figure : {&source.currentCapacity, &source.maxCapacity, &source.minutesToFull,
+                         &source.minutesToEmpty})
+        *figure = values.integer();
+    machine.platform.mac.setBattery(source);
+    const Property told = values.mapOf("AppleRawCurrentCapacity", "AppleRawMaxCapacity", "Voltage",
+                                       "Amperage", "DesignCapacity", "CycleCount", "MaxCapacity");
+    machine.devices.setWhole(machine.devices.ofClass("AppleSmartBattery").front(), told);
+    BatteryMonitor battery(machine.platform.ports());
+    fuzz::expect(battery.isAvailable());
+    battery.refresh(std::nullopt, false);
+    const BatteryReading& reading = **battery.latest;
+    fuzz::expect(!reading.chargeFraction || std::isfinite(*reading.chargeFraction));
+    for (const auto& minutes : {reading.minutesUntilFull, reading.minutesRemaining})
+        fuzz::expect(!minutes || *minutes >= 0);
+    const PropertyView own(told);
+    fuzz::expect(reading.voltageMV == own["Voltage"].number());
+    // One that lost its sign gets it back, and no other changes.
+    const auto amperage = own["Amperage"].number();
+    fuzz::expect(reading.amperageMA.has_value() == amperage.has_value());
+    if (amperage)
+        fuzz::expect(*amperage - *reading.amperageMA == (*amperage > 0x3fff'ffff ? 1LL << 32 : 0));
+}
+
+void tryMachine(Machine& machine, Values& values) {
+    machine.devices.setWhole(machine.devices.at("IODeviceTree:/memory"),
+                             values.mapOf("dram-type", "dram-speed"));
+    machine.devices.setWhole(machine.devices.at("IODeviceTree:/product"),
+                             values.mapOf("product-name"));
+    machine.devices.setWhole(
+        machine.platform.mac.accelerators().front(),
+        values.mapOf("PerformanceStatistics", "model", "IOClass", "gpu-core-count"));
+    const SystemInfo info = SystemInfoDetection(machine.platform.ports()).detect();
+    fuzz::expect(!info.ramType || (!info.ramType->empty() && isValidUtf8(*info.ramType)));
+    fuzz::expect(!info.ramSpeedMTps || (*info.ramSpeedMTps >= 0 && *info.ramSpeedMTps <= 4294));
+    fuzz::expect(!info.modelFamily.empty() && isValidUtf8(info.modelFamily));
+    fuzz::expect(info.hasGPU || (!info.gpuName && !info.gpuCoreCount));
+    fuzz::expect(!info.gpuName || !info.gpuName->empty());
+    fuzz::expect(info.totalCores == info.pCoreCount + info.eCoreCount && info.totalCores > 0);
+    fuzz::expect(info.fanCount >= 0 && info.fanCount <= 255);
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -158,6 +212,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     tryDrive(machine, values);
     tryGraphics(machine, values);
     tryBattery(machine, values);
+    tryCharge(machine, values);
+    tryMachine(machine, values);
     fuzz::expect(machine.instruments.handles.outstanding() == 0);
+    fuzz::expect(machine.platform.outstanding() == 0);
     return 0;
 }

@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: MIT
-// The block of the SMC and its values: what both sides make of the same bytes.
+// The block of the SMC and its values: what both sides make of the same bytes; and what is believed
+// of the temperatures of a whole field of sensors.
 #include <algorithm>
 #include <bit>
+#include <cmath>
+#include <cstring>
+#include <vector>
 
 #include "Fuzz.h"
 #include "base/Bytes.h"
 #include "platform/shapes/SMCBlock.h"
+#include "smc/HotSpotClassifier.h"
 #include "smc/SMCCode.h"
 #include "smc/SMCNumericDecoder.h"
 #include "smc/SMCParameterBlock.h"
+#include "smc/TemperatureOutlierFilter.h"
 #include "smc/TemperatureValueDecoder.h"
 
 using namespace vtx;
@@ -49,11 +55,49 @@ void tryValue(std::span<const std::byte> input) {
     }
 }
 
+/// The temperatures among the input's numbers, each of eight bytes, and of its bytes, each a
+/// degree.
+std::vector<double> temperaturesOf(std::span<const std::byte> input) {
+    constexpr std::size_t most = 64;
+    std::vector<double> values;
+    const bool isWide = !input.empty() && input.front() == std::byte{0xFF};
+    if (isWide) input = input.subspan(1);
+    const std::size_t step = isWide ? sizeof(double) : 1;
+    for (; input.size() >= step && values.size() < most; input = input.subspan(step)) {
+        double value = std::to_integer<int>(input.front());
+        if (isWide) std::memcpy(&value, input.data(), sizeof value);
+        if (value > 0.0 && value < 150.0) values.push_back(value);
+    }
+    return values;
+}
+
+void tryField(std::span<const std::byte> input) {
+    const auto values = temperaturesOf(input);
+    const auto believed = TemperatureOutlierFilter::maxRejectingOutliers(values);
+    fuzz::expect(believed.has_value() == !values.empty());
+    if (!believed) return;
+    fuzz::expect(std::ranges::find(values, *believed) != values.end());
+    fuzz::expect(std::ranges::count_if(values, [&](double each) { return each > *believed; }) <=
+                 10);
+
+    SensorPeaks peaks;
+    for (std::size_t i = 0; i < values.size(); ++i)
+        peaks.emplace("T" + std::to_string(i), values[i]);
+    const auto verdict = HotSpotClassifier::classifyWithStats(peaks);
+    fuzz::expect(verdict.denylist.size() < peaks.size());
+    for (const auto& key : verdict.denylist)
+        fuzz::expect(peaks.contains(key) && peaks[key] >= verdict.cutoff);
+    for (const auto& [key, peak] : peaks)
+        fuzz::expect(peak <= verdict.baseline || peaks.size() < 4 || verdict.cutoff > peak ||
+                     verdict.denylist.contains(key));
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto input = fuzz::asInputBytes(data, size);
     tryBlock(input);
     tryValue(input);
+    tryField(input);
     return 0;
 }

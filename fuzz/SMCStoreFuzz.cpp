@@ -9,6 +9,7 @@
 #include "platform/simulated/ManualClock.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "smc/SMCBridge.h"
+#include "telemetry/FanCountReader.h"
 
 using namespace vtx;
 
@@ -60,7 +61,7 @@ struct Machine {
     ManualClock clock;
     SimulatedPlatform platform{clock, shape()};
 
-    Machine() { platform.mac.smc.services = {"AppleSMCKeysEndpoint"}; }
+    Machine() { platform.mac.smc.services = {"AppleSMCKeysEndpoint", "AppleSMC"}; }
 
     static MacShape shape() {
         MacShape shape = MacShape::standard();
@@ -93,6 +94,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
             poll(*bridge, fans);
             machine.clock.advanceBy(std::chrono::seconds(25));
         }
+        // Of the first byte, or of the ten that are asked.
+        const auto fanCount = FanCountReader(ports.smc).count();
+        fuzz::expect(fanCount >= 0 && fanCount <= 255);
     }
     machine.forget();
     return 0;

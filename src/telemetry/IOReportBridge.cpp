@@ -2,6 +2,7 @@
 #include "telemetry/IOReportBridge.h"
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 #include <utility>
 
@@ -35,11 +36,16 @@ bool isRunning(const IOReportBridge::Residency& state) {
     return !equalsIgnoringCase(state.name, "IDLE") && !equalsIgnoringCase(state.name, "OFF");
 }
 
-/// The sum as the machine adds, which wraps for absurd values instead of being undefined.
-std::int64_t total(std::span<const IOReportBridge::Residency> states) {
-    std::uint64_t sum = 0;
-    for (const auto& state : states) sum += static_cast<std::uint64_t>(state.value);
-    return static_cast<std::int64_t>(sum);
+/// Absent where a state lost time, or where the sum is more than can be counted: of such a sample
+/// no share means anything.
+std::optional<std::int64_t> total(std::span<const IOReportBridge::Residency> states) {
+    std::int64_t sum = 0;
+    for (const auto& state : states) {
+        if (state.value < 0 || state.value > std::numeric_limits<std::int64_t>::max() - sum)
+            return std::nullopt;
+        sum += state.value;
+    }
+    return sum;
 }
 
 std::optional<double> mean(const std::vector<double>& values) {
@@ -113,11 +119,11 @@ std::optional<double> IOReportBridge::averageFrequency(IOReportChannel channel,
     std::erase_if(states, [](const Residency& state) { return !isRunning(state); });
     // States and steps meet by their order; what is beyond the shorter list does not count at all.
     states.resize(std::min(states.size(), stepsMHz.size()));
-    const std::int64_t sum = total(states);
-    if (sum <= 0) return std::nullopt;
+    const auto sum = total(states);
+    if (!sum || *sum == 0) return std::nullopt;
     double mhz = 0.0;
     for (std::size_t i = 0; i < states.size(); ++i)
-        mhz += static_cast<double>(states[i].value) / static_cast<double>(sum) * stepsMHz[i];
+        mhz += static_cast<double>(states[i].value) / static_cast<double>(*sum) * stepsMHz[i];
     return mhz;
 }
 

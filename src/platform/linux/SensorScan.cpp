@@ -157,11 +157,15 @@ void tellTwinsApart(std::vector<FoundSensor>& sensors) {
     for (const auto& sensor : sensors) ++count[sensor.identity];
     for (auto& sensor : sensors)
         if (count[sensor.identity] > 1) sensor.identity += "|" + sensor.stem;
-    // Chips of one name that stand nowhere have nothing but their order.
-    std::map<std::string, int> seen;
-    for (auto& sensor : sensors)
-        if (const int before = seen[sensor.identity]++)
-            sensor.identity += "#" + std::to_string(before + 1);
+    // Chips of one name that stand nowhere have nothing but their order. A label may say what
+    // another sensor is called by then.
+    std::set<std::string> taken;
+    std::map<std::string, int> orders;
+    for (auto& sensor : sensors) {
+        const std::string said = sensor.identity;
+        for (int& order = orders[said]; !taken.insert(sensor.identity).second;)
+            sensor.identity = said + "#" + std::to_string(++order + 1);
+    }
 }
 
 }  // namespace

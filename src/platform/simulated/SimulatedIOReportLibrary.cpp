@@ -56,6 +56,11 @@ bool isSame(const SimulatedChannel& a, const SimulatedChannel& b) {
     return a.group == b.group && a.subgroup == b.subgroup && a.name == b.name;
 }
 
+/// As the machine subtracts, which wraps for absurd values instead of being undefined.
+std::int64_t minus(std::int64_t a, std::int64_t b) {
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(a) - static_cast<std::uint64_t>(b));
+}
+
 /// What the newer value of a channel adds to the older one; a channel that is new adds all of it.
 SimulatedChannel difference(const SimulatedChannel& newer,
                             const std::vector<SimulatedChannel>& older) {
@@ -63,10 +68,10 @@ SimulatedChannel difference(const SimulatedChannel& newer,
     const auto before =
         std::ranges::find_if(older, [&](const auto& each) { return isSame(each, newer); });
     if (before == older.end()) return added;
-    added.value -= before->value;
+    added.value = minus(added.value, before->value);
     const auto states = std::min(added.states.size(), before->states.size());
     for (std::size_t i = 0; i < states; ++i)
-        added.states[i].residency -= before->states[i].residency;
+        added.states[i].residency = minus(added.states[i].residency, before->states[i].residency);
     return added;
 }
 

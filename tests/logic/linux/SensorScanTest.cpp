@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <set>
 #include <string>
 #include <vector>
@@ -166,6 +167,16 @@ TEST_F(SensorTree, twins_are_told_apart_by_their_channel) {
     EXPECT_EQ(processorsOf(findSensors(root)),
               (Texts{"/sys/devices/platform/coretemp.0|coretemp|Package id 0|temp1",
                      "/sys/devices/platform/coretemp.0|coretemp|Package id 0|temp2"}));
+}
+
+TEST_F(SensorTree, labels_that_say_what_others_are_called_make_no_twins) {
+    const auto chip = addChip(0, coretemp0, "coretemp");
+    const std::array labels{"a\n", "a\n", "a|temp1\n", "a|temp1#2\n"};
+    for (std::size_t i = 0; i < labels.size(); ++i)
+        addSensor(chip, "temp" + std::to_string(i + 1), "50000\n", labels.at(i));
+    std::set<std::string> identities;
+    for (const auto& sensor : findSensors(root)) identities.insert(sensor.identity);
+    EXPECT_EQ(identities.size(), labels.size());
 }
 
 TEST_F(SensorTree, chips_of_one_name_that_stand_nowhere_have_their_order) {

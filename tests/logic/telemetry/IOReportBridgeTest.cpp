@@ -102,6 +102,17 @@ TEST(IOReportBridge, absurd_counts_and_residencies_end_without_harm) {
     EXPECT_EQ(b.average({{"V0", most}, {"V1", most}}, {600, 1000}), std::nullopt);
 }
 
+TEST(IOReportBridge, residencies_of_which_no_share_means_anything_make_no_clock) {
+    Bridged b;
+    EXPECT_EQ(b.average({{"V0", -5}, {"V1", 6}}, {600, 1000}), std::nullopt);
+    EXPECT_EQ(b.average({{"V0", 6}, {"V1", -5}}, {600, 1000}), std::nullopt);
+    // Their sum wraps to a small one.
+    const auto most = std::numeric_limits<std::int64_t>::max();
+    EXPECT_EQ(b.average({{"V0", most}, {"V1", most}, {"V2", 12}}, {600, 1000, 1400}), std::nullopt);
+    EXPECT_THAT(b.average({{"IDLE", -5}, {"V0", most}, {"V1", 0}}, {600, 1000}),
+                Optional(DoubleEq(600.0)));
+}
+
 TEST(IOReportBridge, a_state_without_a_name_takes_a_step) {
     Bridged b;
     SimulatedChannel channel = coreChannel("PCPU", {{"V0", 1}, {"V1", 1}});
