@@ -21,7 +21,6 @@ namespace {
 constexpr Logger logger{"MetricsCoordinator"};
 constexpr double batterySaverFactor = 2.0;
 constexpr Duration bridgeInterval = std::chrono::milliseconds(50);
-// Not in nanoseconds, in which the time since the distant past has no room.
 constexpr std::chrono::seconds processInterval{5};
 /// Whoever closed a surface may open it again.
 constexpr std::chrono::seconds processPatience{15};
@@ -145,12 +144,15 @@ Task<> MetricsCoordinator::refreshAll() {
     for (auto& task : concurrent) co_await task;
 
     const Date now = ports_.clock.now();
-    if (areProcessesDue(now)) {
-        lastProcessRefresh_ = now;
+    const Instant instant = ports_.clock.continuous();
+    const Duration sinceProcesses =
+        lastProcessRefresh_ ? instant - *lastProcessRefresh_ : Duration::max();
+    if (areProcessesDue(sinceProcesses)) {
+        lastProcessRefresh_ = instant;
         co_await processes.refresh();
         energyByPID = appEnergy.compute(*processes.processes);
         hogDetector.observe(*processes.processes);
-    } else if (!needsProcesses() && now - lastProcessRefresh_ >= processPatience) {
+    } else if (!needsProcesses() && sinceProcesses >= processPatience) {
         co_await processes.rest();
     }
     if (keepsHistory) appendHistory(now);
@@ -173,8 +175,8 @@ bool MetricsCoordinator::needsProcesses() const {
     return *pollingMode == PollingMode::active || preferences->hogDetectorEnabled;
 }
 
-bool MetricsCoordinator::areProcessesDue(Date now) const {
-    return needsProcesses() && now - lastProcessRefresh_ >= processInterval;
+bool MetricsCoordinator::areProcessesDue(Duration sinceLast) const {
+    return needsProcesses() && sinceLast >= processInterval;
 }
 
 bool MetricsCoordinator::needsCPU() const {

@@ -131,10 +131,11 @@ private:
     void updateCriticalMetric();
     void evaluateAlerts();
     [[nodiscard]] bool needsProcesses() const;
-    [[nodiscard]] bool areProcessesDue(Date now) const;
+    [[nodiscard]] bool areProcessesDue(Duration sinceLast) const;
 
-    /// When the last sample of processes began.
-    Date lastProcessRefresh_ = distantPast;
+    /// When the last sample of processes began; absent before the first. Not a date, so that a
+    /// clock that was set back for hours does not stop the samples for as long.
+    std::optional<Instant> lastProcessRefresh_;
 
     Subscription preferencesPersistence_;
     Subscriptions nestedMonitorBridges_;

@@ -41,6 +41,20 @@ TEST(ProcessStep, five_seconds_are_enough_and_less_are_not) {
     EXPECT_EQ(b.walks(), 2U);
 }
 
+TEST(ProcessStep, a_clock_that_is_set_changes_nothing_of_the_pace) {
+    Steps b;
+    b.coordinator.setPollingMode(PollingMode::active);
+    b.settle();
+    for (const int hours : {-2, 0, 48, -1000}) {
+        b.clock.setWallClock(b.clock.now() + std::chrono::hours(hours));
+        const std::size_t before = b.walks();
+        b.advance(seconds(4));
+        EXPECT_EQ(b.walks(), before) << hours;
+        b.advance(seconds(1));
+        EXPECT_EQ(b.walks(), before + 1) << hours;
+    }
+}
+
 TEST(ProcessStep, no_idle_pass_samples_processes) {
     for (const auto mode : {PollingMode::background, PollingMode::batterySaver}) {
         Steps b;
