@@ -31,8 +31,8 @@ AppEnergyService::AppEnergyService(const ProcessTable& table, const Clock& clock
     : table_(table), clock_(clock), timebase_(table.machTimebaseInfo()) {}
 
 AppEnergyService::Impacts AppEnergyService::compute(std::span<const ProcessSnapshot> snapshots) {
-    const Date now = clock_.now();
-    const double elapsed = previousSampleAt_ ? toSeconds(now - *previousSampleAt_) : 0.0;
+    const Moment now(clock_);
+    const double elapsed = previousSampleAt_ ? secondsBetween(*previousSampleAt_, now) : 0.0;
     std::unordered_map<std::int32_t, RusageInfo> usages;
     usages.reserve(snapshots.size());
     Impacts impacts;

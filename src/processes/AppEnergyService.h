@@ -6,13 +6,11 @@
 #include <span>
 #include <unordered_map>
 
-#include "base/Date.h"
+#include "base/Moment.h"
 #include "processes/AppEnergyImpact.h"
 #include "processes/ProcessSnapshot.h"
 
 namespace vtx {
-
-class Clock;
 
 /// Scores what each process costs in energy, by what the kernel counted between two calls. Main
 /// executor; made once at start and owned by the coordinator for the life of the process.
@@ -35,7 +33,7 @@ private:
     const Clock& clock_;
     const MachTimebaseInfo timebase_;
     std::unordered_map<std::int32_t, RusageInfo> previousRusage_;
-    std::optional<Date> previousSampleAt_;
+    std::optional<Moment> previousSampleAt_;
 };
 
 }  // namespace vtx

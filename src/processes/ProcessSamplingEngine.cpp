@@ -5,7 +5,6 @@
 #include <system_error>
 #include <utility>
 
-#include "base/Clock.h"
 #include "base/Log.h"
 #include "base/Utf8.h"
 #include "processes/MachTime.h"
@@ -66,7 +65,7 @@ std::optional<std::span<const KinfoProc>> ProcessSamplingEngine::fetchAllProcs()
 }
 
 std::vector<ProcessSnapshot> ProcessSamplingEngine::snapshot() {
-    const Date now = clock_.now();
+    const Moment now(clock_);
     const double shortest =
         static_cast<double>(nanoseconds(leastUnits, timebase_)) / nanosecondsPerSecond;
     const double sincePrevious = previous_.secondsUntil(now);

@@ -6,14 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "base/Date.h"
+#include "base/Moment.h"
 #include "platform/ProcessTable.h"
 #include "processes/CPUTotals.h"
 #include "processes/ProcessSnapshot.h"
 
 namespace vtx {
-
-class Clock;
 
 /// Walks the kernel's process table and measures each process's share of the processor between two
 /// walks. Owned by `ProcessManager`; its state belongs to the executor that runs its steps.
@@ -35,11 +33,11 @@ private:
     /// What the processes had used at one moment, for later samples to be measured from.
     struct Baseline {
         CPUTotals totalCPUNanos;
-        std::optional<Date> sampledAt;
+        std::optional<Moment> sampledAt;
 
         /// 0 where there is none.
-        [[nodiscard]] double secondsUntil(Date date) const {
-            return sampledAt ? toSeconds(date - *sampledAt) : 0.0;
+        [[nodiscard]] double secondsUntil(const Moment& now) const {
+            return sampledAt ? secondsBetween(*sampledAt, now) : 0.0;
         }
     };
 

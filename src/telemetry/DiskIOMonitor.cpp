@@ -5,7 +5,6 @@
 #include <string_view>
 #include <utility>
 
-#include "base/Clock.h"
 #include "platform/IORegistry.h"
 
 namespace vtx {
@@ -40,11 +39,12 @@ std::uint64_t counter(PropertyView value) {
 
 void DiskIOMonitor::refresh() {
     DiskIOReading reading;
-    reading.timestamp = clock_.now();
+    const Moment now(clock_);
+    reading.timestamp = now.date;
     reading.volumes = collectVolumes();
     addUp(reading.volumes, totals_);
     if (previousSampleAt_) {
-        const double interval = toSeconds(reading.timestamp - *previousSampleAt_);
+        const double interval = secondsBetween(*previousSampleAt_, now);
         if (const auto rates = ratesBetween(previousTotals_, totals_, interval)) {
             reading.bytesReadPerSecond = rates->bytesRead;
             reading.bytesWrittenPerSecond = rates->bytesWritten;
@@ -53,7 +53,7 @@ void DiskIOMonitor::refresh() {
         }
     }
     std::swap(previousTotals_, totals_);
-    previousSampleAt_ = reading.timestamp;
+    previousSampleAt_ = now;
     latest = std::move(reading);
 }
 

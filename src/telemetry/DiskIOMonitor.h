@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "base/Moment.h"
 #include "base/Published.h"
 #include "platform/RegistryObject.h"
 #include "telemetry/DiskIOReading.h"
 
 namespace vtx {
 
-class Clock;
 class IORegistry;
 
 /// Publishes what the drives read and write, by the counters that their drivers keep in the
@@ -52,7 +52,7 @@ private:
     const Clock& clock_;
     DiskIOTotals previousTotals_;
     DiskIOTotals totals_;  ///< of this refresh; kept for its memory
-    std::optional<Date> previousSampleAt_;
+    std::optional<Moment> previousSampleAt_;
     /// By registry entry ID, which is never given twice. The walks for names are the costly part.
     std::map<std::uint64_t, Names> nameCache_;
     std::size_t drives_ = 0;  ///< at the last refresh

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/Clock.h"
 #include "base/Log.h"
 
 namespace vtx {
@@ -25,7 +24,8 @@ bool isActive(LinkKind kind, std::uint32_t flags, bool hasAddress) {
 
 void NetworkMonitor::refresh() {
     NetworkReading reading;
-    reading.timestamp = clock_.now();
+    const Moment now(clock_);
+    reading.timestamp = now.date;
     reading.interfaces = readInterfaces();
     for (const auto& each : reading.interfaces) {
         if (!each.isActive) continue;
@@ -33,7 +33,7 @@ void NetworkMonitor::refresh() {
         reading.totalBytesOut += each.bytesOut;
     }
     if (const auto& last = *latest; last && lastReadingAt_) {
-        const double interval = toSeconds(reading.timestamp - *lastReadingAt_);
+        const double interval = secondsBetween(*lastReadingAt_, now);
         if (interval > leastIntervalSeconds) {
             reading.bytesInPerSecond =
                 rateBetween(last->totalBytesIn, reading.totalBytesIn, interval);
@@ -42,7 +42,7 @@ void NetworkMonitor::refresh() {
         }
     }
     reading.primary = pickPrimary(reading.interfaces);
-    lastReadingAt_ = reading.timestamp;
+    lastReadingAt_ = now;
     remember(reading);
     latest = std::move(reading);
 }

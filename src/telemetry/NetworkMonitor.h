@@ -8,12 +8,11 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Moment.h"
 #include "base/Published.h"
 #include "telemetry/NetworkReading.h"
 
 namespace vtx {
-
-class Clock;
 
 /// What the link records of one name said.
 struct LinkInfo {
@@ -76,7 +75,7 @@ private:
     NetworkInterfaces& network_;
     const Clock& clock_;
     Samples previous_;
-    std::optional<Date> lastReadingAt_;
+    std::optional<Moment> lastReadingAt_;
     std::vector<LinkNotes> working_;  ///< empty between two refreshes; kept for its memory
 };
 

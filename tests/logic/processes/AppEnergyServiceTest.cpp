@@ -96,6 +96,15 @@ TEST_F(AppEnergyServices, a_clock_that_was_set_back_gives_no_rates_once) {
     EXPECT_NEAR(impactAfter(5).cpuComponent, 50.0, 0.001);
 }
 
+TEST_F(AppEnergyServices, a_clock_that_is_set_within_an_interval_changes_no_rate) {
+    change([](auto& p) { p.load = 0.5; });
+    for (const auto by : {std::chrono::milliseconds(-4990), std::chrono::milliseconds(7'200'000)}) {
+        (void)service.compute(listed);
+        bench.clock.setWallClock(bench.clock.now() + by);
+        EXPECT_NEAR(impactAfter(5).cpuComponent, 50.0, 0.001) << by.count();
+    }
+}
+
 TEST_F(AppEnergyServices, of_a_counter_that_fell_only_that_difference_is_nothing) {
     change([](auto& p) {
         p.pkgIdleWakeups = 1000;

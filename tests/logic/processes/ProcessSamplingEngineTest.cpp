@@ -85,6 +85,16 @@ TEST(ProcessSamplingEngine, a_clock_that_stepped_back_gives_no_share_in_that_rou
     EXPECT_NEAR(s.onlyAfter(5).cpuPercent, 1.0, 1e-6);
 }
 
+TEST(ProcessSamplingEngine, a_clock_that_is_set_within_an_interval_changes_no_share) {
+    for (const auto by : {std::chrono::milliseconds(-4990), std::chrono::milliseconds(7'200'000)}) {
+        Sampled s;
+        s.start(200, 1.0);
+        (void)s.only();
+        s.bench.clock.setWallClock(s.bench.clock.now() + by);
+        EXPECT_NEAR(s.onlyAfter(5).cpuPercent, 1.0, 1e-6) << by.count();
+    }
+}
+
 /// An engine that counts processor time in hundredths of a second.
 struct CoarselySampled : Sampled {
     CoarselySampled() {

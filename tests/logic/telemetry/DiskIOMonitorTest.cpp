@@ -129,6 +129,17 @@ TEST(DiskIOMonitor, a_clock_that_was_set_back_gives_no_rates_once) {
     EXPECT_EQ(d.refreshAfter(seconds(1)).bytesReadPerSecond, 0.0);
 }
 
+TEST(DiskIOMonitor, a_clock_that_is_set_within_an_interval_makes_no_peak_and_no_dip) {
+    for (const auto by : {std::chrono::milliseconds(-990), std::chrono::milliseconds(7'200'000)}) {
+        Drives d;
+        const Node driver = d.attach("SSD", "disk0");
+        d.refresh();
+        d.set(driver, {1000, 0, 0, 0});
+        d.bench.clock.setWallClock(d.bench.clock.now() + by);
+        EXPECT_EQ(d.refreshAfter(seconds(1)).bytesReadPerSecond, 1000.0) << by.count();
+    }
+}
+
 TEST(DiskIOMonitor, no_drives_are_a_reading_with_rates_of_zero) {
     Drives d;
     EXPECT_TRUE(d.refresh().volumes.empty());

@@ -77,6 +77,26 @@ TEST(NetworkMonitor, the_second_refresh_gives_rates_over_all_active_interfaces) 
     EXPECT_EQ(reading.bytesOutPerSecond, 250.0);
 }
 
+TEST(NetworkMonitor, a_clock_that_was_set_back_gives_no_rates_once) {
+    Network n;
+    n.add("en0", {"192.0.2.1"});
+    n.refresh();
+    n.bench.clock.setWallClock(n.bench.clock.now() - std::chrono::hours(1));
+    EXPECT_EQ(n.refreshAfter(seconds(1)).bytesInPerSecond, std::nullopt);
+    EXPECT_EQ(n.refreshAfter(seconds(1)).bytesInPerSecond, 0.0);
+}
+
+TEST(NetworkMonitor, a_clock_that_is_set_within_an_interval_makes_no_peak_and_no_dip) {
+    for (const auto by : {std::chrono::milliseconds(-990), std::chrono::milliseconds(7'200'000)}) {
+        Network n;
+        n.add("en0", {"192.0.2.1"});
+        n.refresh();
+        n.network.add("en0", 1000, 100);
+        n.bench.clock.setWallClock(n.bench.clock.now() + by);
+        EXPECT_EQ(n.refreshAfter(seconds(1)).bytesInPerSecond, 1000.0) << by.count();
+    }
+}
+
 TEST(NetworkMonitor, interfaces_stand_by_name_whatever_the_kernels_order) {
     Network n;
     for (const auto* name : {"utun1", "en0", "lo0", "awdl0", "en10", "en2"}) n.add(name);
