@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/Clock.h"
 #include "base/Log.h"
 #include "smc/PersistentDenylistStore.h"
 
@@ -50,10 +49,13 @@ HotSpotCalibration::HotSpotCalibration(const Machine& machine, std::span<const s
 }
 
 void HotSpotCalibration::updateCalibration(std::span<const SensorValue> readings) {
-    const Date now = clock_.now();
+    const Moment now(clock_);
     if (!start_) start_ = now;
     notePeaks(readings);
-    if (toSeconds(now - *start_) < windowSeconds) return;
+    // Not by the dates alone: a clock that was set back would hold the window open as far.
+    const double passed =
+        std::max(toSeconds(now.date - start_->date), toSeconds(now.instant - start_->instant));
+    if (passed < windowSeconds) return;
     closeWindow();
 }
 

@@ -8,12 +8,11 @@
 #include <string_view>
 #include <vector>
 
-#include "base/Date.h"
+#include "base/Moment.h"
 #include "smc/HotSpotClassifier.h"
 
 namespace vtx {
 
-class Clock;
 class UserDefaults;
 
 /// The value of one sensor in one poll.
@@ -64,7 +63,7 @@ private:
     const std::string storageKey_;
     SensorKeySet denylist_;
     SensorPeaks peaks_;
-    std::optional<Date> start_;  // of the first poll
+    std::optional<Moment> start_;  // of the first poll
     std::size_t restoredCount_ = 0;
     bool isDone_ = false;
 };

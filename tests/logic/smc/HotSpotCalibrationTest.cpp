@@ -203,6 +203,16 @@ TEST(HotSpotCalibration, the_window_is_measured_by_the_wall_clock) {
     EXPECT_TRUE(c.calibration.isDone());
 }
 
+TEST(HotSpotCalibration, a_clock_that_was_set_back_does_not_hold_the_window_open) {
+    Calibrated c;
+    c.poll(five);
+    c.bench.clock.setWallClock(ManualClock::start - 2h);
+    c.pollAfter(59s, five);
+    EXPECT_FALSE(c.calibration.isDone());
+    c.pollAfter(1s, five);
+    EXPECT_TRUE(c.calibration.isDone());
+}
+
 TEST(HotSpotCalibration, a_store_that_fails_changes_nothing_of_this_run) {
     Calibrated c;
     c.bench.platform.userDefaults.failsToStore = true;
