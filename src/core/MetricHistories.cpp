@@ -13,10 +13,16 @@ namespace {
 constexpr double windowSeconds = 3600.0;
 /// How many points beyond it gather before they are let go.
 constexpr std::size_t slack = 64;
+/// Twice what comes in an hour of the shortest interval. More than that gathers only where the
+/// clock was set back: no point of before is old until its time has come again.
+constexpr auto mostPoints =
+    static_cast<std::size_t>(2.0 * windowSeconds / DisplayPreferences::minRefreshIntervalSeconds);
 
 void append(Published<HistorySeries>& history, Date now, double value) {
-    history.modify(
-        [&](HistorySeries& series) { appendTrimmed(series, {now, value}, windowSeconds, slack); });
+    history.modify([&](HistorySeries& series) {
+        appendTrimmed(series, {now, value}, windowSeconds, slack);
+        if (series.size() > mostPoints) series.erase(series.begin(), series.begin() + slack);
+    });
 }
 
 }  // namespace

@@ -127,6 +127,26 @@ TEST(MetricHistories, nothing_grows_while_all_is_closed_whatever_the_preferences
     }
 }
 
+// For as long as the time to which it was set back has not come again, no point of before is old.
+TEST(MetricHistories, a_clock_that_was_set_back_for_long_does_not_let_them_grow_without_end) {
+    constexpr int pointsOfAnHour = 7200;  // at the shortest interval
+    CoordinatorBench b;
+    b.coordinator.cpu.latest = cpuLoad(0.5);
+    const auto live = [&b](int points) {
+        for (int i = 0; i < points; ++i) {
+            b.clock.advanceBy(seconds(0.5));
+            b.coordinator.appendHistory(b.clock.now());
+        }
+    };
+    live(100);
+    b.clock.setWallClock(b.clock.now() - std::chrono::days(400));
+    live(5 * pointsOfAnHour);
+    const auto& cpu = *b.coordinator.cpuHistory;
+    EXPECT_LE(cpu.size(), 2U * pointsOfAnHour);
+    EXPECT_GE(trimmed(cpu, 3600.0).size(), pointsOfAnHour + 1U) << "the last hour is there";
+    EXPECT_EQ(cpu.back().timestamp, b.clock.now());
+}
+
 TEST(MetricHistories, they_survive_a_pause_and_go_on_with_a_gap) {
     ActiveBench b;
     b.advance(seconds(10));
