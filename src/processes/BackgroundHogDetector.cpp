@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "base/Clock.h"
 #include "platform/Ports.h"
 #include "platform/ProcessTable.h"
 #include "platform/Workspace.h"
@@ -41,7 +40,7 @@ void BackgroundHogDetector::forget() {
 }
 
 std::vector<HogReport> BackgroundHogDetector::look(std::span<const ProcessSnapshot> snapshots) {
-    const Date now = clock_.now();
+    const Moment now(clock_);
     const std::int32_t frontmost = workspace_.frontmostApplication().value_or(noPid);
     const std::uint32_t user = table_.getuid();
     std::vector<HogReport> reports;
@@ -53,7 +52,7 @@ std::vector<HogReport> BackgroundHogDetector::look(std::span<const ProcessSnapsh
         if (pid != frontmost && process->uid == user) {
             if (!isKnown) known = history_.try_emplace(known, pid);
             isKnown = true;
-            known->second.add({now, process->cpuPercent, process->residentMemoryBytes},
+            known->second.add({now.instant, process->cpuPercent, process->residentMemoryBytes},
                               configuration->windowSeconds);
         }
         if (!isKnown) continue;
@@ -76,16 +75,20 @@ BackgroundHogDetector::History::iterator BackgroundHogDetector::drop(History::it
 }
 
 std::optional<HogReport> BackgroundHogDetector::reportOf(const ProcessSnapshot& process,
-                                                         ObservationWindow& observed, Date now) {
+                                                         ObservationWindow& observed,
+                                                         const Moment& now) {
     const double threshold = configuration->cpuThreshold;
     const double activeFor = observed.activeSeconds(threshold);
     if (activeFor < configuration->minDurationSeconds) return std::nullopt;
     const auto shares = observed.shares(threshold);
-    const Date first =
-        firstNoticed_.try_emplace(process.pid, observed.beginning().value_or(now)).first->second;
+    const Instant first =
+        firstNoticed_.try_emplace(process.pid, observed.beginning().value_or(now.instant))
+            .first->second;
+    // By the clock as it is set now, so that it never lies ahead.
+    const Date firstDate = now.date - std::chrono::floor<Date::duration>(now.instant - first);
     return HogReport{process.pid, process.name, process.executablePath,      shares.average,
-                     shares.peak, activeFor,    process.residentMemoryBytes, first,
-                     now};
+                     shares.peak, activeFor,    process.residentMemoryBytes, firstDate,
+                     now.date};
 }
 
 }  // namespace vtx

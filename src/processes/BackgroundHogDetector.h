@@ -7,6 +7,7 @@
 #include <span>
 #include <vector>
 
+#include "base/Moment.h"
 #include "base/Published.h"
 #include "processes/HogReport.h"
 #include "processes/ObservationWindow.h"
@@ -14,7 +15,6 @@
 
 namespace vtx {
 
-class Clock;
 class ProcessTable;
 class Workspace;
 struct Ports;
@@ -59,14 +59,14 @@ private:
     [[nodiscard]] std::vector<HogReport> look(std::span<const ProcessSnapshot> snapshots);
     [[nodiscard]] History::iterator drop(History::iterator gone);
     [[nodiscard]] std::optional<HogReport> reportOf(const ProcessSnapshot& process,
-                                                    ObservationWindow& observed, Date now);
+                                                    ObservationWindow& observed, const Moment& now);
 
     Workspace& workspace_;
     const ProcessTable& table_;
     const Clock& clock_;
     History history_;
     /// When a process was first reported. Kept while the detector is disabled.
-    std::map<std::int32_t, Date> firstNoticed_;
+    std::map<std::int32_t, Instant> firstNoticed_;
 };
 
 }  // namespace vtx

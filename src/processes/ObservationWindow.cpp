@@ -2,7 +2,6 @@
 #include "processes/ObservationWindow.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace vtx {
 namespace {
@@ -10,11 +9,11 @@ namespace {
 using Observation = ObservationWindow::Observation;
 
 /// A gap this long between two active observations is a break: the machine slept, or nobody looked.
-constexpr Date::duration breakLength = std::chrono::seconds(30);
+constexpr Duration breakLength = std::chrono::seconds(30);
 
-Date::duration activeBetween(Date from, Date to) {
-    const auto gap = to - from;
-    return gap < breakLength ? gap : Date::duration::zero();
+Duration activeBetween(Instant from, Instant to) {
+    const Duration gap = to - from;
+    return gap < breakLength ? gap : Duration::zero();
 }
 
 auto isActiveFrom(double threshold) {
@@ -25,18 +24,10 @@ auto isActiveFrom(double threshold) {
 
 void ObservationWindow::add(const Observation& newest, double windowSeconds) {
     const auto isOld = [&newest, windowSeconds](const Observation& one) {
-        return toSeconds(newest.timestamp - one.timestamp) > windowSeconds;
+        return toSeconds(newest.moment - one.moment) > windowSeconds;
     };
-    if (!observations_.empty() && newest.timestamp < observations_.back().timestamp)
-        isAscending_ = false;
     observations_.push_back(newest);
-    if (!isAscending_) {
-        std::erase_if(observations_, isOld);  // wherever they are
-        isAscending_ = std::ranges::is_sorted(observations_, {}, &Observation::timestamp);
-        isCounted_ = false;
-        return;
-    }
-    if (isCounted_ && isActiveFrom(threshold_)(newest)) extendTo(newest.timestamp);
+    if (isCounted_ && isActiveFrom(threshold_)(newest)) extendTo(newest.moment);
     while (!observations_.empty() && isOld(observations_.front())) dropFirst();
 }
 
@@ -49,7 +40,7 @@ void ObservationWindow::dropFirst() {
     if (next == observations_.end())
         lastActive_.reset();
     else
-        activeFor_ -= activeBetween(first.timestamp, next->timestamp);
+        activeFor_ -= activeBetween(first.moment, next->moment);
 }
 
 double ObservationWindow::activeSeconds(double threshold) {
@@ -58,18 +49,15 @@ double ObservationWindow::activeSeconds(double threshold) {
 }
 
 void ObservationWindow::countAnew(double threshold) {
-    std::vector<Date> moments;
-    for (const Observation& one : observations_)
-        if (isActiveFrom(threshold)(one)) moments.push_back(one.timestamp);
-    std::ranges::sort(moments);
     threshold_ = threshold;
-    isCounted_ = isAscending_;
+    isCounted_ = true;
     activeFor_ = {};
     lastActive_.reset();
-    for (const Date moment : moments) extendTo(moment);
+    for (const Observation& one : observations_)
+        if (isActiveFrom(threshold)(one)) extendTo(one.moment);
 }
 
-void ObservationWindow::extendTo(Date active) {
+void ObservationWindow::extendTo(Instant active) {
     if (lastActive_) activeFor_ += activeBetween(*lastActive_, active);
     lastActive_ = active;
 }
@@ -87,9 +75,9 @@ ObservationWindow::Shares ObservationWindow::shares(double threshold) const {
     return shares;
 }
 
-std::optional<Date> ObservationWindow::beginning() const {
+std::optional<Instant> ObservationWindow::beginning() const {
     if (observations_.empty()) return std::nullopt;
-    return observations_.front().timestamp;
+    return observations_.front().moment;
 }
 
 }  // namespace vtx

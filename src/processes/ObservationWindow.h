@@ -11,12 +11,13 @@ namespace vtx {
 
 /// What was observed of one process within the last while, in the order in which it came. How long
 /// the process was active is kept up to date with what comes and goes, so that asking again costs
-/// nothing; only another threshold, or a clock that was set back, has all of it counted anew. Owned
-/// by `BackgroundHogDetector`; one thread at a time.
+/// nothing; only another threshold has all of it counted anew. Its time is the one that never
+/// jumps, so that a clock that is set neither drops nor keeps anything. Owned by
+/// `BackgroundHogDetector`; one thread at a time.
 class ObservationWindow {
 public:
     struct Observation {
-        Date timestamp;
+        Instant moment;
         double cpuPercent = 0.0;  ///< of one core, as a fraction
         std::uint64_t residentBytes = 0;
     };
@@ -34,19 +35,18 @@ public:
     [[nodiscard]] double activeSeconds(double threshold);
     [[nodiscard]] Shares shares(double threshold) const;
     /// When the first one that is left was made; absent where none is.
-    [[nodiscard]] std::optional<Date> beginning() const;
+    [[nodiscard]] std::optional<Instant> beginning() const;
 
 private:
     void countAnew(double threshold);
-    void extendTo(Date active);
+    void extendTo(Instant active);
     void dropFirst();
 
     std::deque<Observation> observations_;
-    bool isAscending_ = true;  ///< in time, as long as the clock is not set back
-    bool isCounted_ = false;   ///< the figures below are those of the observations
-    double threshold_ = 0.0;   ///< with which they were counted
-    Date::duration activeFor_{};
-    std::optional<Date> lastActive_;
+    bool isCounted_ = false;  ///< the figures below are those of the observations
+    double threshold_ = 0.0;  ///< with which they were counted
+    Duration activeFor_{};
+    std::optional<Instant> lastActive_;
 };
 
 }  // namespace vtx

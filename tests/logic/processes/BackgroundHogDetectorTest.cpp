@@ -156,14 +156,18 @@ TEST_F(Detectors, activity_that_left_the_window_no_longer_counts) {
     EXPECT_TRUE(hogs().empty());
 }
 
-TEST_F(Detectors, observations_from_before_the_clock_was_set_back_do_not_pile_up) {
-    reportFrom(0);
-    observe(0.9);
-    bench.clock.setWallClock(bench.clock.now() - std::chrono::hours(48));
-    observe(0.8);
-    after(1801, idle);
-    EXPECT_EQ(hog().peakCPU, 0.9) << "it lies ahead, and goes when its time has come";
-    EXPECT_EQ(hog().averageCPU, 0.9) << "the one behind it has gone";
+TEST_F(Detectors, a_clock_that_is_set_changes_nothing_of_what_was_observed) {
+    for (const int hours : {-48, 2}) {
+        observeFor(300, busy);
+        bench.clock.setWallClock(bench.clock.now() + std::chrono::hours(hours));
+        after(5, busy);
+        EXPECT_EQ(activeSeconds(), 305.0) << hours;
+        EXPECT_EQ(hog().lastObserved, bench.clock.now());
+        EXPECT_EQ(hog().lastObserved - hog().firstObserved, std::chrono::seconds(305));
+        after(1801, idle);
+        EXPECT_TRUE(hogs().empty()) << hours;
+        detector.observe({});  // it ends, and begins anew
+    }
 }
 
 TEST_F(Detectors, the_longest_active_comes_first_and_equals_by_their_numbers) {
