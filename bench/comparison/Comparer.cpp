@@ -161,8 +161,7 @@ void Comparer::measureResident(Crowd crowd) {
 void Comparer::measureEverySensor(Crowd crowd) {
     const LivingSensors sensors;
     Subject bare = start("bench-bare-window");
-    Subject vantrix(resident, sensors.command(programs_ / resident), {},
-                    Subject::Stored::everyTile);
+    Subject vantrix(resident, sensors.command(programs_ / resident));
     SurfaceDriver(vantrix.program.process()).awaitStrip();
     settle();
     keepAboveBare(rowNames::everySensor, crowd, samplesOf({vantrix, bare}));

@@ -38,7 +38,7 @@ private:
     void measureRound(Crowd crowd);
     void measureStarts(Crowd crowd);
     void measureResident(Crowd crowd);
-    /// Closed, with every tile in its strip, on a recorded machine's sensors.
+    /// Closed, on a recorded machine's sensors.
     void measureEverySensor(Crowd crowd);
     void settle() const;
     /// The first sample, with what its memory was above the second's.
