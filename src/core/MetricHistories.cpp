@@ -20,8 +20,8 @@ constexpr auto mostPoints =
 
 void append(Published<HistorySeries>& history, Date now, double value) {
     history.modify([&](HistorySeries& series) {
+        if (series.size() >= mostPoints) series.erase(series.begin(), series.begin() + slack);
         appendTrimmed(series, {now, value}, windowSeconds, slack);
-        if (series.size() > mostPoints) series.erase(series.begin(), series.begin() + slack);
     });
 }
 
