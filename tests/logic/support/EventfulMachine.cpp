@@ -6,6 +6,7 @@
 #include <array>
 #include <numeric>
 
+#include "platform/simulated/Operations.h"
 #include "smc/IOHIDBridge.h"
 
 namespace vtx {
@@ -26,7 +27,8 @@ EventfulMachine::EventfulMachine(std::uint64_t seed)
     : random_(seed), begun_(bench_.clock.continuous()) {
     bench_.mac.live(seed);
     controller_.emplace(bench_.ports(), bench_.executors(), surfaces_);
-    watch_.emplace(coordinator());
+    watch_.emplace(coordinator(), bench_.clock);
+    pace_.emplace(coordinator(), bench_.clock);
     // What stands in for the SMC is opened when that first fails, and stays.
     (void)IOHIDBridge::shared();
     bench_.settle();
@@ -55,6 +57,7 @@ void EventfulMachine::step() {
                                        Event{"a call fails", 6, &E::callFails},
                                        Event{"calls heal", 3, &E::callsHeal},
                                        Event{"the machine sleeps", 3, &E::machineSleeps},
+                                       Event{"the clock is set", 4, &E::clockIsSet},
                                        Event{"the pressure changes", 2, &E::pressureChanges},
                                        Event{"the heat changes", 2, &E::heatChanges},
                                        Event{"the load changes", 4, &E::loadChanges},
@@ -88,6 +91,7 @@ void EventfulMachine::step() {
     ++steps_;
     lastEvent_ = event->name;
     (this->*event->happen)();
+    pace_->begin();
     letTimePass();
     lookAround();
     tidyUp();
@@ -96,8 +100,12 @@ void EventfulMachine::step() {
 void EventfulMachine::lookAround() {
     watch_->lookAtTheRest();
     if (watch_->complaint()) complain(*watch_->complaint());
+    const auto& notifications = bench_.platform.userNotifications;
+    const std::size_t asked = bench_.platform.calls(operations::addNotificationRequest);
+    pace_->look(notifications.posted(), asked != notifications.posted().size());
+    if (pace_->complaint()) complain(*pace_->complaint());
     if (timers() > mostTimers) complain(fmt::format("{} timers run", timers()));
-    for (const auto& posted : bench_.platform.userNotifications.posted()) {
+    for (const auto& posted : notifications.posted()) {
         ++alerts_;
         if (posted.title.empty() || posted.body.empty()) complain("an alert says nothing");
         if (posted.body.find("{") != std::string::npos ||

@@ -13,6 +13,7 @@
 
 #include "support/CoordinatorBench.h"
 #include "support/FakeSurfaces.h"
+#include "support/PaceWatch.h"
 #include "support/ReadingWatch.h"
 #include "ui/controller/MenuBarController.h"
 
@@ -20,14 +21,14 @@ namespace vtx {
 
 /// A portable machine to which everything happens that may, in an order that its seed decides, with
 /// the whole program on it but for the toolkit: devices come, go and fail, counters wrap and begin
-/// anew, it sleeps and wakes, runs hot and short of memory, and its user opens surfaces and changes
-/// settings. The same seed makes the same life.
+/// anew, it sleeps and wakes, its clock is set, it runs hot and short of memory, and its user opens
+/// surfaces and changes settings. The same seed makes the same life.
 class EventfulMachine {
 public:
     explicit EventfulMachine(std::uint64_t seed);
 
     /// In so many steps each event happens, as often as it should beside the others.
-    static constexpr std::size_t round = 80;
+    static constexpr std::size_t round = 84;
 
     /// One event, and the time until the next.
     void step();
@@ -75,6 +76,7 @@ private:
     void callFails();
     void callsHeal();
     void machineSleeps();
+    void clockIsSet();
     void pressureChanges();
     void heatChanges();
     void loadChanges();
@@ -95,6 +97,7 @@ private:
     void notificationsFail();
 
     void change(const std::function<void(DisplayPreferences&)>& edit);
+    void moveWallClock(Duration by);
     void letTimePass();
     void lookAround();
     void tidyUp();
@@ -114,6 +117,7 @@ private:
     FakeSurfaces surfaces_;
     std::optional<MenuBarController> controller_;
     std::optional<ReadingWatch> watch_;
+    std::optional<PaceWatch> pace_;
     const Instant begun_;
 
     std::vector<const Event*> deck_;  ///< what is still to happen in this round

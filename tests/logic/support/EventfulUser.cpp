@@ -30,8 +30,14 @@ void EventfulMachine::refreshIsWanted() { controller_->refreshNow(); }
 void EventfulMachine::historyIsExported() {
     constexpr auto commas = 8;
     const std::string text = coordinator().exportHistoryCSV();
+    std::string_view before;
     for (const auto line : std::views::split(text, '\n')) {
         const std::string_view row(line.begin(), line.end());
+        const std::string_view moment = row.substr(0, row.find(','));
+        if (row.starts_with('1') || row.starts_with('2')) {
+            if (moment <= before) complain("the order of the history");
+            before = moment;
+        }
         if (!row.empty() && std::ranges::count(row, ',') != commas)
             complain("a row of the history");
         if (row.find("nan") != row.npos || row.find("inf") != row.npos)

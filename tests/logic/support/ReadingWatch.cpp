@@ -8,6 +8,9 @@
 #include <cmath>
 #include <memory>
 #include <set>
+#include <span>
+
+#include "base/Clock.h"
 
 namespace vtx {
 namespace {
@@ -15,21 +18,17 @@ namespace {
 constexpr double historyWindowSeconds = 3600.0;
 constexpr std::size_t historySlack = 64;
 constexpr double shortestPass = DisplayPreferences::minRefreshIntervalSeconds;
-/// Of points, were a pass begun whenever one is due; a tenth more for those that are asked for.
-constexpr auto mostPoints =
-    static_cast<std::size_t>(1.1 * historyWindowSeconds / shortestPass) + historySlack;
+/// Of points: twice as many as were there, were a pass begun whenever one is due.
+constexpr auto mostPoints = static_cast<std::size_t>(2.0 * historyWindowSeconds / shortestPass);
 
 bool isNone(const ThermalStats& /*reading*/) { return false; }
 /// The one reading without fans has the time of its first use.
 bool isNone(const FanStats& reading) { return reading.fans.empty(); }
 
-double since(const std::optional<Date>& last, Date now) {
-    return last ? toSeconds(now - *last) : 0.0;
-}
-
 }  // namespace
 
-ReadingWatch::ReadingWatch(MetricsCoordinator& coordinator) : coordinator_(coordinator) {
+ReadingWatch::ReadingWatch(MetricsCoordinator& coordinator, const Clock& clock)
+    : coordinator_(coordinator), clock_(clock) {
     follow("processor", coordinator.cpu.latest);
     follow("graphics", coordinator.gpu.latest);
     follow("memory", coordinator.memory.latest);
@@ -47,27 +46,31 @@ ReadingWatch::ReadingWatch(MetricsCoordinator& coordinator) : coordinator_(coord
     followHistory("history of reading", coordinator.diskReadHistory, HUGE_VAL);
     followHistory("history of writing", coordinator.diskWriteHistory, HUGE_VAL);
     followHistory("history of the Neural Engine", coordinator.aneHistory, 1.0);
+    subscriptions_.push_back(coordinator.memoryPressure.events.subscribe([this](const auto& all) {
+        if (!all.empty()) ofNow("the newest change of the pressure", all.front().timestamp);
+    }));
 }
 
 template <class Reading>
 void ReadingWatch::follow(std::string_view name, const Published<std::optional<Reading>>& latest) {
-    subscriptions_.push_back(latest.subscribe(
-        [this, name, last = distantPast, was = false](const std::optional<Reading>& now) mutable {
+    subscriptions_.push_back(
+        latest.subscribe([this, name, was = false](const std::optional<Reading>& now) mutable {
             demand(now || !was, fmt::format("{}: there was a reading, and there is none", name));
             if (!now) return;
             was = true;
-            inOrder(name, now->timestamp, last);
+            ++readings_;
+            ofNow(name, now->timestamp);
             look(*now);
         }));
 }
 
 template <class Reading>
 void ReadingWatch::follow(std::string_view name, const Published<Reading>& latest) {
-    subscriptions_.push_back(
-        latest.subscribe([this, name, last = distantPast](const Reading& now) mutable {
-            if (!isNone(now)) inOrder(name, now.timestamp, last);
-            look(now);
-        }));
+    subscriptions_.push_back(latest.subscribe([this, name](const Reading& now) {
+        ++readings_;
+        if (!isNone(now)) ofNow(name, now.timestamp);
+        look(now);
+    }));
 }
 
 void ReadingWatch::followHistory(std::string_view name, const Published<HistorySeries>& history,
@@ -78,32 +81,48 @@ void ReadingWatch::followHistory(std::string_view name, const Published<HistoryS
         const auto& [now, value] = series.back();
         demand(value >= 0.0 && value <= most && std::isfinite(value),
                fmt::format("{}: {}", name, value));
+        ofNow(name, now);
         demand(series.size() <= mostPoints, fmt::format("{}: {} points", name, series.size()));
-        if (series.size() > historySlack)
-            demand(toSeconds(now - series[historySlack].timestamp) <= historyWindowSeconds,
-                   fmt::format("{}: keeps what is too old", name));
-        if (series.size() > 1)
-            demand(now >= series[series.size() - 2].timestamp,
-                   fmt::format("{}: time goes back", name));
+        if (series.size() <= historySlack) return;
+        // Those before a moment at which the clock was set back wait for it to come again.
+        const auto oldest = std::span(series).first(historySlack + 1);
+        demand(!std::ranges::is_sorted(oldest, {}, &HistoryPoint::timestamp) ||
+                   toSeconds(now - oldest.back().timestamp) <= historyWindowSeconds,
+               fmt::format("{}: keeps what is too old", name));
     }));
 }
 
-void ReadingWatch::inOrder(std::string_view name, Date now, Date& last) {
-    ++readings_;
-    demand(now >= last, fmt::format("{}: its time goes back", name));
+void ReadingWatch::ofNow(std::string_view name, Date moment) {
+    const auto age = clock_.now() - moment;
+    constexpr std::chrono::seconds longestSample{1};
+    demand(age >= age.zero() && age <= longestSample,
+           fmt::format("{}: it is {} s old", name, toSeconds(age)));
+}
+
+double ReadingWatch::sinceLast(std::optional<Instant>& last) const {
+    const Instant now = clock_.continuous();
+    const double passed = last ? toSeconds(now - *last) : 0.0;
     last = now;
+    return passed;
 }
 
 void ReadingWatch::demand(bool holds, std::string_view what) {
     if (!holds && !complaint_) complaint_ = what;
 }
 
+void ReadingWatch::mean(double value, const std::vector<double>& of, std::string_view what) {
+    constexpr double rounding = 1e-9;
+    if (of.empty()) return demand(value == 0.0, what);
+    const auto [least, most] = std::ranges::minmax(of);
+    demand(value >= least - rounding && value <= most + rounding, what);
+}
+
 void ReadingWatch::rate(std::optional<double> perSecond, double counted, double interval,
                         std::string_view what) {
     if (!perSecond) return;
     demand(std::isfinite(*perSecond) && *perSecond >= 0.0, what);
-    // What came in that time is within what was counted since ever.
-    demand(*perSecond * interval <= counted * 1.000001 + 1.0, what);
+    constexpr double rounding = 1.000001;
+    demand(*perSecond * interval <= counted * rounding + 1.0, what);
 }
 
 void ReadingWatch::look(const CPUStats& reading) {
@@ -114,6 +133,9 @@ void ReadingWatch::look(const CPUStats& reading) {
         for (const double load : *cores) fraction(load, "processor: the load of a core");
     demand(reading.pPerCore.size() + reading.ePerCore.size() == reading.perCoreUsage.size(),
            "processor: cores are missing");
+    mean(reading.totalUsage, reading.perCoreUsage, "processor: the load of all is none of theirs");
+    mean(reading.pCoreUsage, reading.pPerCore, "processor: the performance cores' load");
+    mean(reading.eCoreUsage, reading.ePerCore, "processor: the efficiency cores' load");
     constexpr double fastestMHz = 10'000.0;
     for (const auto& clock : {reading.pCoreCurrentFrequencyMHz, reading.eCoreCurrentFrequencyMHz})
         demand(!clock || (*clock > 0.0 && *clock < fastestMHz), "processor: a clock");
@@ -157,8 +179,14 @@ void ReadingWatch::look(const BatteryReading& reading) {
     for (const auto& figure : {reading.minutesUntilFull, reading.minutesRemaining,
                                reading.currentCapacityMAh, reading.maxCapacityMAh})
         demand(!figure || *figure >= 0, "battery: a figure below 0");
-    demand(!reading.temperatureC || std::isfinite(*reading.temperatureC),
+    constexpr double coldestC = -40.0, meltsC = 150.0;
+    demand(!reading.temperatureC ||
+               (*reading.temperatureC > coldestC && *reading.temperatureC < meltsC),
            "battery: the temperature");
+    constexpr std::int64_t mostMV = 30'000, mostMA = 30'000;
+    demand(!reading.voltageMV || (*reading.voltageMV >= 0 && *reading.voltageMV <= mostMV),
+           "battery: the voltage");
+    demand(!reading.amperageMA || std::abs(*reading.amperageMA) <= mostMA, "battery: the current");
 }
 
 void ReadingWatch::look(const DiskIOReading& reading) {
@@ -169,17 +197,24 @@ void ReadingWatch::look(const DiskIOReading& reading) {
     double read = 0.0, written = 0.0, reads = 0.0, writes = 0.0;
     for (const auto& volume : reading.volumes) {
         demand(!volume.name.empty(), "drives: one has no name");
-        read += static_cast<double>(volume.bytesRead);
-        written += static_cast<double>(volume.bytesWritten);
-        reads += static_cast<double>(volume.readOps);
-        writes += static_cast<double>(volume.writeOps);
+        // Of one that is new, or began anew, all there is: that is no less than what came.
+        const auto before = std::ranges::find_if(lastVolumes_, [&volume](const auto& each) {
+            return each.name == volume.name && each.bsdDevice == volume.bsdDevice &&
+                   each.bytesRead <= volume.bytesRead && each.bytesWritten <= volume.bytesWritten &&
+                   each.readOps <= volume.readOps && each.writeOps <= volume.writeOps;
+        });
+        const DiskIOCounters from = before == lastVolumes_.end() ? DiskIOCounters{} : *before;
+        read += static_cast<double>(volume.bytesRead - from.bytesRead);
+        written += static_cast<double>(volume.bytesWritten - from.bytesWritten);
+        reads += static_cast<double>(volume.readOps - from.readOps);
+        writes += static_cast<double>(volume.writeOps - from.writeOps);
     }
-    const double interval = since(lastDisk_, reading.timestamp);
+    lastVolumes_ = reading.volumes;
+    const double interval = sinceLast(lastDisk_);
     rate(reading.bytesReadPerSecond, read, interval, "drives: what is read");
     rate(reading.bytesWrittenPerSecond, written, interval, "drives: what is written");
     rate(reading.readIOPS, reads, interval, "drives: reads");
     rate(reading.writeIOPS, writes, interval, "drives: writes");
-    lastDisk_ = reading.timestamp;
 }
 
 void ReadingWatch::look(const NetworkReading& reading) {
@@ -200,10 +235,13 @@ void ReadingWatch::look(const NetworkReading& reading) {
             reading.primary->isActive &&
                 std::ranges::find(reading.interfaces, *reading.primary) != reading.interfaces.end(),
             "network: the first interface is none that is used");
-    const double interval = since(lastNetwork_, reading.timestamp);
-    rate(reading.bytesInPerSecond, static_cast<double>(in), interval, "network: what comes in");
-    rate(reading.bytesOutPerSecond, static_cast<double>(out), interval, "network: what goes out");
-    lastNetwork_ = reading.timestamp;
+    const double interval = sinceLast(lastNetwork_);
+    rate(reading.bytesInPerSecond, static_cast<double>(in - std::min(in, lastIn_)), interval,
+         "network: what comes in");
+    rate(reading.bytesOutPerSecond, static_cast<double>(out - std::min(out, lastOut_)), interval,
+         "network: what goes out");
+    lastIn_ = in;
+    lastOut_ = out;
 }
 
 void ReadingWatch::look(const FanStats& reading) {
@@ -225,12 +263,10 @@ void ReadingWatch::lookAtTheRest() {
            "critical metric: no tile");
     demand(c.memoryPressure.events->size() <= MemoryPressureService::eventLimit,
            "pressure: too many changes are kept");
-    demand(std::ranges::is_sorted(*c.memoryPressure.events, std::greater<>(),
-                                  &MemoryPressureService::Event::timestamp),
-           "pressure: the newest change is not first");
     for (const auto& event : *c.memoryPressure.events)
         fraction(event.usedFraction, "pressure: the part in use");
 
+    constexpr std::int32_t leastNice = -20, mostNice = 20;
     std::set<std::int32_t> pids;
     const auto& reading = *c.cpu.latest;
     const double cores = reading ? static_cast<double>(reading->perCoreUsage.size()) : 1e3;
@@ -238,11 +274,17 @@ void ReadingWatch::lookAtTheRest() {
         demand(pids.insert(process.pid).second, "processes: one is there twice");
         demand(process.cpuPercent >= 0.0 && process.cpuPercent <= cores + 1.0,
                fmt::format("processes: {} keeps {} cores busy", process.pid, process.cpuPercent));
+        demand(process.nice >= leastNice && process.nice <= mostNice, "processes: a niceness");
+        demand(process.threadCount >= 0, "processes: a number of threads");
     }
+    constexpr double percent = 100.0;
     for (const auto& [pid, impact] : *c.energyByPID)
-        demand(std::isfinite(impact.score) && impact.score >= 0.0 &&
-                   std::isfinite(impact.wakeupsPerSecond) && impact.wakeupsPerSecond >= 0.0,
-               "energy: a score");
+        demand(std::isfinite(impact.score) && impact.cpuComponent >= 0.0 &&
+                   impact.cpuComponent <= percent * (cores + 1.0) &&
+                   impact.wakeupsPerSecond >= 0.0 && impact.gpuComponent >= 0.0 &&
+                   impact.score >= impact.cpuComponent + impact.gpuComponent,
+               fmt::format("energy: {} costs {}, with {} of the processor", pid, impact.score,
+                           impact.cpuComponent));
     const double window = c.hogDetector.configuration->windowSeconds;
     constexpr double rounding = 1e-6;
     for (const HogReport& hog : *c.hogDetector.hogs)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,12 +12,14 @@
 
 namespace vtx {
 
+class Clock;
+
 /// Looks at every reading that a coordinator publishes, and notes what no reading may be: a part
-/// that is more than the whole, a figure that is none, a time before the one before it. The
-/// coordinator must outlive it.
+/// that is more than the whole, a figure that is none, one of another time than now, wherever the
+/// clock was set. The coordinator and the clock must outlive it.
 class ReadingWatch {
 public:
-    explicit ReadingWatch(MetricsCoordinator& coordinator);
+    ReadingWatch(MetricsCoordinator& coordinator, const Clock& clock);
     ReadingWatch(const ReadingWatch&) = delete;
     ReadingWatch& operator=(const ReadingWatch&) = delete;
 
@@ -32,7 +35,7 @@ private:
     template <class Reading>
     void follow(std::string_view name, const Published<Reading>& latest);
     void followHistory(std::string_view name, const Published<HistorySeries>& history, double most);
-    void inOrder(std::string_view name, Date now, Date& last);
+    void ofNow(std::string_view name, Date moment);
 
     void look(const CPUStats& reading);
     void look(const GPUStats& reading);
@@ -51,14 +54,21 @@ private:
     void fraction(std::optional<double> value, std::string_view what) {
         if (value) fraction(*value, what);
     }
+    /// Of parts that weigh the same; 0 of none.
+    void mean(double value, const std::vector<double>& of, std::string_view what);
     /// Of one counted figure in the time since the reading before.
     void rate(std::optional<double> perSecond, double counted, double interval,
               std::string_view what);
+    /// In seconds, by the time that never jumps; 0 at the first.
+    [[nodiscard]] double sinceLast(std::optional<Instant>& last) const;
 
     MetricsCoordinator& coordinator_;
+    const Clock& clock_;
     std::optional<std::string> complaint_;
     std::size_t readings_ = 0;
-    std::optional<Date> lastDisk_, lastNetwork_;
+    std::optional<Instant> lastDisk_, lastNetwork_;
+    std::vector<DiskIOSnapshot> lastVolumes_;
+    std::uint64_t lastIn_ = 0, lastOut_ = 0;
     Subscriptions subscriptions_;
 };
 
