@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ProcessWindows.h"
 
+#include <sys/socket.h>
 #include <xcb/xtest.h>
 
 #include <algorithm>
@@ -41,6 +42,15 @@ ProcessWindows::ProcessWindows(pid_t process)
       root_(screen_->root) {}
 
 ProcessWindows::~ProcessWindows() { xcb_disconnect(x_); }
+
+std::optional<pid_t> ProcessWindows::server() const {
+    ucred peer{};
+    socklen_t size = sizeof peer;
+    const int socket = xcb_get_file_descriptor(x_);
+    if (getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0 || peer.pid <= 0)
+        return std::nullopt;
+    return peer.pid;
+}
 
 ProcessWindows::Windows ProcessWindows::shown() {
     Windows found;

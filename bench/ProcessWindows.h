@@ -44,6 +44,9 @@ public:
     ProcessWindows(const ProcessWindows&) = delete;
     ProcessWindows& operator=(const ProcessWindows&) = delete;
 
+    /// The process of the X server; absent where that cannot be told, as on another machine.
+    [[nodiscard]] std::optional<pid_t> server() const;
+
     /// The windows of the process that can be seen.
     [[nodiscard]] Windows shown();
     /// The same without tooltips, which come by themselves.

@@ -57,3 +57,17 @@ ensure_packages() {
     obtain_rights "${missing[@]}"
     stage "Installing ${#missing[@]} packages" packages apt_update_and_install "${missing[@]}"
 }
+
+# offer_packages GROUP...: for what can be done without: those that can be had, one by one where not
+# all can.
+offer_packages() {
+    (ensure_packages "$@") && return
+    type dpkg-query apt-get >/dev/null 2>&1 || return 0
+    [[ $EUID == 0 ]] || sudo -n true 2>/dev/null || return 0
+    local missing name
+    mapfile -t missing < <(missing_packages "$@")
+    for name in "${missing[@]}"; do
+        (stage "Installing $name" packages apt_update_and_install "$name") ||
+            say "$name could not be installed and is left out"
+    done
+}

@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "LivingSensors.h"
 #include "ProcessCost.h"
 #include "comparison/Sections.h"
 #include "processes/SleepingProcesses.h"
@@ -60,8 +61,17 @@ Comparer::Comparer(const Options& options)
     for (const auto* name :
          {rowNames::closed, rowNames::overview, rowNames::processes, rowNames::closedAgain})
         (void)found_.row(name);
+    chooseSensors();
     chooseMonitors();
     for (const auto* name : {readsFloor, windowFloor, statsFloor}) (void)found_.row(name);
+}
+
+void Comparer::chooseSensors() {
+    showsSensors_ = LivingSensors().canBeShown();
+    if (showsSensors_)
+        (void)found_.row(rowNames::everySensor);
+    else
+        found_.leftOut.emplace_back("Vantrix with every sensor, as no mount namespace may be made");
 }
 
 void Comparer::chooseMonitors() {
@@ -95,6 +105,7 @@ void Comparer::measureRound(Crowd crowd) {
     if (crowd == Crowd::more) found_.processes.of(crowd).back() = processCount();
     measureStarts(crowd);
     measureResident(crowd);
+    if (showsSensors_) measureEverySensor(crowd);
     for (const OtherMonitor& monitor : monitors_) measureOther(monitor, crowd);
 }
 
@@ -113,10 +124,8 @@ void Comparer::measureResident(Crowd crowd) {
     Subject reads = start("bench-preads");
     Subject bare = start("bench-bare-window");
     Subject vantrix = start(resident);
-    const auto settle = [this] { interruption_.sleepFor(std::chrono::seconds(options_.settle)); };
-    const auto keep = [&](std::string_view name, std::vector<Sample> samples) {
-        samples[0].pssOverBareMiB = samples[0].pssMiB - samples[1].pssMiB;
-        found_.row(name).samples.of(crowd).push_back(samples[0]);
+    const auto keep = [&](std::string_view name, const std::vector<Sample>& samples) {
+        keepAboveBare(name, crowd, samples);
     };
     SurfaceDriver driver(vantrix.program.process());
     driver.awaitStrip();
@@ -149,6 +158,24 @@ void Comparer::measureResident(Crowd crowd) {
     keep(rowNames::closedAgain, samplesOf({vantrix, bare}));
 }
 
+void Comparer::measureEverySensor(Crowd crowd) {
+    const LivingSensors sensors;
+    Subject bare = start("bench-bare-window");
+    Subject vantrix(resident, sensors.command(programs_ / resident));
+    SurfaceDriver(vantrix.program.process()).awaitStrip();
+    settle();
+    keepAboveBare(rowNames::everySensor, crowd, samplesOf({vantrix, bare}));
+}
+
+void Comparer::settle() const { interruption_.sleepFor(std::chrono::seconds(options_.settle)); }
+
+void Comparer::keepAboveBare(std::string_view name, Crowd crowd,
+                             const std::vector<Sample>& samples) {
+    Sample kept = samples.at(0);
+    kept.pssOverBareMiB = kept.pssMiB - samples.at(1).pssMiB;
+    found_.row(name).samples.of(crowd).push_back(kept);
+}
+
 bool Comparer::useEverySurface(SurfaceDriver& driver) {
     try {
         driver.useEverySurface(sections_.inOrderOfUse());
@@ -163,7 +190,7 @@ bool Comparer::useEverySurface(SurfaceDriver& driver) {
 void Comparer::measureOther(const OtherMonitor& monitor, Crowd crowd) {
     Subject subject(monitor.program(), monitor.command, {{"TERM", "xterm-256color"}},
                     Subject::Stored::ofAFirstStart, monitor.output, monitor.settings);
-    interruption_.sleepFor(std::chrono::seconds(options_.settle));
+    settle();
     const auto writtenBefore = subject.terminal ? subject.terminal->written() : 0;
     const auto samples = samplesOf({subject});
     if (subject.terminal && subject.terminal->written() == writtenBefore)

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Interruption.h"
@@ -32,10 +33,16 @@ public:
 private:
     using Subjects = std::vector<std::reference_wrapper<Subject>>;
 
+    void chooseSensors();
     void chooseMonitors();
     void measureRound(Crowd crowd);
     void measureStarts(Crowd crowd);
     void measureResident(Crowd crowd);
+    /// Closed, on a recorded machine's sensors.
+    void measureEverySensor(Crowd crowd);
+    void settle() const;
+    /// The first sample, with what its memory was above the second's.
+    void keepAboveBare(std::string_view name, Crowd crowd, const std::vector<Sample>& samples);
     /// False where a surface did not open or close: the rest of the round goes on without it.
     [[nodiscard]] bool useEverySurface(SurfaceDriver& driver);
     void measureOther(const OtherMonitor& monitor, Crowd crowd);
@@ -48,6 +55,7 @@ private:
     const std::filesystem::path programs_;
     const Sections sections_ = sectionsOfAFirstStart();
     const UnevenLoad load_;
+    bool showsSensors_ = false;
     std::vector<OtherMonitor> monitors_;
     Comparison found_;
 };

@@ -52,6 +52,7 @@ constexpr auto closed = "Vantrix, closed";
 constexpr auto overview = "Vantrix, overview open";
 constexpr auto processes = "Vantrix, process list open, each 2 s";
 constexpr auto closedAgain = "Vantrix, closed after every surface";
+constexpr auto everySensor = "Vantrix, closed, with every sensor";
 }  // namespace rowNames
 
 /// All programs, measured in turn on one machine.

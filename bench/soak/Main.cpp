@@ -19,8 +19,9 @@ namespace {
 constexpr std::string_view usageText = R"(Usage: vantrix-soak [OPTION...]
 
 Starts vantrix on the present display, which it must have for itself, opens, uses
-and closes its surfaces at random, and prints what it held meanwhile. Fails where
-it holds more at the end than after the first sixth.
+and closes its surfaces at random, and prints in sixths of the time what it held.
+Fails where it holds more in the last sixth than in the second, where too many
+steps had to be repeated, where the strip stands still, or where it ends.
 
   --minutes N       for how long, 60 when not said; less than 12 tell nothing of
                     the memory

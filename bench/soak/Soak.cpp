@@ -107,8 +107,10 @@ void Soak::pause(std::chrono::milliseconds span) {
 void Soak::sample() {
     if (!program_.isRunning()) throw ProgramEnded();
     const auto now = Clock::now();
+    const auto server = walk_->server();
     report_.samples.push_back({now - begun_, closedSince_ && now - *closedSince_ >= untilCalm,
-                               readHolding(program_.process())});
+                               readHolding(program_.process()),
+                               server ? std::optional(readHolding(*server)) : std::nullopt});
 }
 
 void Soak::watchStrip() {

@@ -15,6 +15,8 @@ namespace {
 constexpr std::size_t parts = 6;
 constexpr double kibPerMib = 1024;
 constexpr double mostGrowthMib = 1.0;
+/// What every other program on the display draws is in it, and its heap has holes.
+constexpr double mostServerGrowthMib = 4.0;
 /// Of what grows in each part anew: that is no settling.
 constexpr double mostSteadyGrowthMib = 0.3;
 /// Of a surface that does not do what it was asked to there is one now and then on a busy machine.
@@ -24,13 +26,22 @@ constexpr std::chrono::minutes leastLength(12);
 /// Of the strip, in the time for which it is watched under an uneven load.
 constexpr std::size_t leastStripChanges = 5;
 
-using Figure = std::function<double(const Holding&)>;
+using Figure = std::function<std::optional<double>(const SoakSample&)>;
 
-double pss(const Holding& holding) { return static_cast<double>(holding.pssKiB) / kibPerMib; }
-double rss(const Holding& holding) { return static_cast<double>(holding.rssKiB) / kibPerMib; }
-double own(const Holding& holding) { return static_cast<double>(holding.ownKiB) / kibPerMib; }
-double descriptors(const Holding& holding) { return static_cast<double>(holding.descriptors); }
-double threads(const Holding& holding) { return static_cast<double>(holding.threads); }
+double mib(std::uint64_t kib) { return static_cast<double>(kib) / kibPerMib; }
+std::optional<double> pss(const SoakSample& sample) { return mib(sample.holding.pssKiB); }
+std::optional<double> rss(const SoakSample& sample) { return mib(sample.holding.rssKiB); }
+std::optional<double> own(const SoakSample& sample) { return mib(sample.holding.ownKiB); }
+std::optional<double> descriptors(const SoakSample& sample) {
+    return static_cast<double>(sample.holding.descriptors);
+}
+std::optional<double> threads(const SoakSample& sample) {
+    return static_cast<double>(sample.holding.threads);
+}
+std::optional<double> server(const SoakSample& sample) {
+    if (!sample.server) return std::nullopt;
+    return mib(sample.server->ownKiB);
+}
 
 std::size_t partOf(const SoakSample& sample, const SoakReport& report) {
     const double passed = sample.at / report.length;
@@ -43,7 +54,7 @@ std::vector<double> sorted(const SoakReport& report, std::size_t part, bool calm
     std::vector<double> values;
     for (const auto& sample : report.samples) {
         if (partOf(sample, report) != part || (calmAlone && !sample.isCalm)) continue;
-        values.push_back(figure(sample.holding));
+        if (const auto value = figure(sample)) values.push_back(*value);
     }
     std::ranges::sort(values);
     return values;
@@ -99,23 +110,23 @@ std::string table(const SoakReport& report) {
     std::string text = fmt::format("{:.0f} min, seed {}: {} steps ({}), {} repetitions\n\n",
                                    report.length.count() / 60, report.seed, report.steps,
                                    namesAndCounts(report), report.repeats);
-    text += fmt::format("{:<14}{:>8}{:>10}{:>10}{:>10}{:>8}{:>9}{:>14}{:>9}{:>11}\n", "", "samples",
-                        "PSS MiB", "RSS MiB", "own MiB", "fds", "threads", "most PSS MiB",
-                        "most fds", "most thr.");
+    text += fmt::format("{:<14}{:>8}{:>10}{:>10}{:>10}{:>8}{:>9}{:>8}{:>14}{:>9}{:>11}\n", "",
+                        "samples", "PSS MiB", "RSS MiB", "own MiB", "fds", "threads", "X MiB",
+                        "most PSS MiB", "most fds", "most thr.");
     for (std::size_t part = 0; part < parts; ++part) {
         const auto from = report.length.count() * static_cast<double>(part) / parts / 60;
         text += fmt::format(
-            "from {:>5.1f} min{:>8}{:>10}{:>10}{:>10}{:>8}{:>9}{:>14}{:>9}{:>11}\n", from,
+            "from {:>5.1f} min{:>8}{:>10}{:>10}{:>10}{:>8}{:>9}{:>8}{:>14}{:>9}{:>11}\n", from,
             sorted(report, part, false, pss).size(), cell(median(report, part, pss), 2),
             cell(median(report, part, rss), 2), cell(median(report, part, own), 2),
             cell(median(report, part, descriptors), 0), cell(median(report, part, threads), 0),
-            cell(most(report, part, pss), 2), cell(most(report, part, descriptors), 0),
-            cell(most(report, part, threads), 0));
+            cell(median(report, part, server), 2), cell(most(report, part, pss), 2),
+            cell(most(report, part, descriptors), 0), cell(most(report, part, threads), 0));
     }
-    text += fmt::format("{:<22}{:>10}{:>10}{:>10}{:>8}{:>9}\n", "last less second",
+    text += fmt::format("{:<22}{:>10}{:>10}{:>10}{:>8}{:>9}{:>8}\n", "last less second",
                         cell(growth(report, pss), 2), cell(growth(report, rss), 2),
                         cell(growth(report, own), 2), cell(growth(report, descriptors), 0),
-                        cell(growth(report, threads), 0));
+                        cell(growth(report, threads), 0), cell(growth(report, server), 2));
     text += fmt::format(
         "\nMedians are those with every surface closed. The strip showed something else {} times "
         "in {:.0f} s.\n",
@@ -132,7 +143,7 @@ std::vector<std::string> complaints(const SoakReport& report) {
             found.push_back(fmt::format("{}: too short to tell", what));
         } else if (*grown > mostGrowth) {
             found.push_back(
-                fmt::format("{}: {:.2f} more than after the first sixth", what, *grown));
+                fmt::format("{}: {:.2f} more in the last sixth than in the second", what, *grown));
         }
     };
     const auto judgeMemory = [&](const char* what, const Figure& figure) {
@@ -146,8 +157,11 @@ std::vector<std::string> complaints(const SoakReport& report) {
         judgeMemory("memory that no file holds in MiB", own);
         judge("descriptors", descriptors, 0);
         judge("threads", threads, 0);
+        if (!report.samples.empty() && report.samples.front().server)
+            judge("memory of the X server in MiB", server, mostServerGrowthMib);
     }
-    if (static_cast<double>(report.repeats) > mostRepeatsAStep * static_cast<double>(report.steps))
+    const double mostRepeats = std::max(1.0, mostRepeatsAStep * static_cast<double>(report.steps));
+    if (static_cast<double>(report.repeats) > mostRepeats)
         found.push_back(
             fmt::format("{} of {} steps had to be repeated", report.repeats, report.steps));
     if (report.stripChanges < leastStripChanges) found.emplace_back("the strip stands still");
@@ -157,11 +171,11 @@ std::vector<std::string> complaints(const SoakReport& report) {
 
 void saveCsv(const SoakReport& report, const std::filesystem::path& file) {
     std::ofstream out(file);
-    out << "seconds,calm,pssKiB,ussKiB,rssKiB,ownKiB,descriptors,threads\n";
-    for (const auto& [at, isCalm, holding] : report.samples) {
-        out << fmt::format("{:.1f},{:d},{},{},{},{},{},{}\n", at.count(), isCalm, holding.pssKiB,
+    out << "seconds,calm,pssKiB,ussKiB,rssKiB,ownKiB,descriptors,threads,serverOwnKiB\n";
+    for (const auto& [at, isCalm, holding, server] : report.samples) {
+        out << fmt::format("{:.1f},{:d},{},{},{},{},{},{},{}\n", at.count(), isCalm, holding.pssKiB,
                            holding.ussKiB, holding.rssKiB, holding.ownKiB, holding.descriptors,
-                           holding.threads);
+                           holding.threads, server ? std::to_string(server->ownKiB) : "");
     }
     if (!out.flush()) throw std::runtime_error(fmt::format("{} cannot be written", file.string()));
 }

@@ -19,6 +19,8 @@ struct SoakSample {
     /// No surface was open, nor had been for long enough that what it used was given back.
     bool isCalm = false;
     Holding holding;
+    /// What the X server held for all its programs; absent where it cannot be told.
+    std::optional<Holding> server;
 };
 
 struct SoakReport {
@@ -42,7 +44,7 @@ struct SoakReport {
 /// to rest. The calm samples of the last sixth are held against those of the second: the medians of
 /// the resident memory and of what no file holds may be a MiB greater, those of descriptors and of
 /// threads not at all. Shared pages count whole in that, since the proportional size changes with
-/// every other program that has the same libraries.
+/// every other program that has the same libraries. What the X server holds may be four MiB more.
 [[nodiscard]] std::vector<std::string> complaints(const SoakReport& report);
 
 /// A line for each sample. Throws `std::runtime_error` where the file cannot be written.

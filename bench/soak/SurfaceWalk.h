@@ -38,6 +38,8 @@ public:
     /// Whether nothing but the strip is shown.
     [[nodiscard]] bool isAllClosed();
 
+    [[nodiscard]] std::optional<pid_t> server() const { return display_.server(); }
+
     [[nodiscard]] std::size_t steps() const { return steps_; }
     /// How often something had to be done again.
     [[nodiscard]] std::size_t repeats() const { return repeats_; }

@@ -93,6 +93,19 @@ TEST_F(MenuE2E, with_the_dashboard_on_another_desktop_everything_opens_where_the
     EXPECT_TRUE(eventually([this] { return display().isShown(dashboard()); }));
 }
 
+TEST_F(MenuE2E, a_dashboard_that_the_user_put_on_every_desktop_stays_there) {
+    startVantrix();
+    choose("Open Dashboard");
+    ASSERT_TRUE(eventually([this] { return dashboard() != 0; }));
+    display().putOnEveryDesktop(dashboard());
+    ASSERT_TRUE(eventually([this] { return display().isOnEveryDesktop(dashboard()); }));
+    choose("Open Dashboard");
+    constexpr Span aftermath{600};
+    bool stayed = true;
+    watchFor(aftermath, [&] { stayed = stayed && display().isOnEveryDesktop(dashboard()); });
+    EXPECT_TRUE(stayed);
+}
+
 TEST_F(MenuE2E, the_simulated_program_says_so_in_its_title) {
     start(VANTRIX_SIMULATED_PROGRAM, "vantrix-simulated");
     // Its machine is a new one with each start, so that it asks for the language first.

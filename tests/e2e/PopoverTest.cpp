@@ -13,6 +13,9 @@ class PopoverE2E : public DesktopTest {
 protected:
     void open() {
         startVantrix();
+        click();
+    }
+    void click() {
         user().click(stripPlace());
         ASSERT_TRUE(eventually([this] { return isPopoverOpen(); })) << "it did not open";
     }
@@ -84,6 +87,25 @@ TEST_F(PopoverE2E, a_keyboard_that_goes_to_no_window_comes_back_to_it) {
     ASSERT_TRUE(hasKeyboard());
     user().press(key::escape);
     EXPECT_TRUE(closes());
+}
+
+TEST_F(PopoverE2E, behind_a_wayland_compositor_a_keyboard_that_no_window_has_closes_it) {
+    // What such a session sets; nothing listens there, and nothing asks.
+    start({"env", "WAYLAND_DISPLAY=none", "QT_QPA_PLATFORM=xcb", VANTRIX_PROGRAM}, "vantrix");
+    click();
+    ASSERT_TRUE(hasKeyboard());
+    display().giveKeyboardTo(XCB_INPUT_FOCUS_NONE);
+    EXPECT_TRUE(closes());
+}
+
+TEST_F(PopoverE2E, another_desktop_closes_it_and_an_empty_one_too) {
+    open();
+    ASSERT_TRUE(hasKeyboard());
+    display().goToDesktop(1);
+    EXPECT_TRUE(closes());
+    bool opened = false;
+    watchFor(aftermath, [&] { opened = opened || isPopoverOpen(); });
+    EXPECT_FALSE(opened);
 }
 
 TEST_F(PopoverE2E, a_click_inside_keeps_it) {

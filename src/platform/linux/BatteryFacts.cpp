@@ -133,12 +133,28 @@ Number sum(std::span<const Battery> batteries, Number Battery::* member) {
 
 Number inThousandths(Number value) { return value ? Number(*value / 1000) : std::nullopt; }
 
+/// What is told of it, what there is room for, and how fast it changes, all in one unit.
+struct Unit {
+    Number Battery::* left;
+    Number Battery::* room;
+    Number Battery::* rate;
+};
+constexpr std::array allUnits{Unit{&Battery::energy, &Battery::energyFull, &Battery::watts},
+                              Unit{&Battery::charge, &Battery::chargeFull, &Battery::amperes}};
+
+/// The better one first. Charge is no common measure of several, whose voltages may differ.
+std::span<const Unit> unitsFor(std::span<const Battery> batteries) {
+    return std::span(allUnits).first(batteries.size() == 1 ? 2 : 1);
+}
+
 Number percentOf(std::span<const BatteryFacts> facts, std::span<const Battery> batteries) {
     if (facts.size() == 1 && facts[0].capacity) return facts[0].capacity;
-    const auto now = sum(batteries, &Battery::energy);
-    const auto full = sum(batteries, &Battery::energyFull);
-    if (now && full && *full > 0)
-        return std::min((*now * 100 + *full / 2) / *full, std::int64_t{100});
+    for (const auto& unit : unitsFor(batteries)) {
+        const auto now = sum(batteries, unit.left);
+        const auto full = sum(batteries, unit.room);
+        if (now && full && *full > 0)
+            return std::min((*now * 100 + *full / 2) / *full, std::int64_t{100});
+    }
     std::int64_t total = 0;
     for (const auto& each : facts) {
         if (!each.capacity) return std::nullopt;
@@ -169,14 +185,34 @@ Number minutes(Number seconds) {
     return seconds && *seconds <= longest ? Number(*seconds / 60) : std::nullopt;
 }
 
-/// How long `energy` lasts at the power of the batteries in that state.
-Number minutesAt(Number energy, std::span<const Battery> batteries, Status status) {
-    std::int64_t power = 0;
+/// How long `amount` lasts at the rate of the batteries in that state.
+Number minutesAt(Number amount, Number Battery::* rate, std::span<const Battery> batteries,
+                 Status status) {
+    std::int64_t total = 0;
     for (const Battery& each : batteries)
-        if (each.status == status) power += each.watts.value_or(0);
-    if (!energy || *energy < 0 || power == 0) return std::nullopt;
-    return minutes(static_cast<std::int64_t>(static_cast<double>(*energy) * 3600.0 /
-                                             static_cast<double>(power)));
+        if (each.status == status) total += (each.*rate).value_or(0);
+    if (!amount || *amount < 0 || total == 0) return std::nullopt;
+    return minutes(static_cast<std::int64_t>(static_cast<double>(*amount) * 3600.0 /
+                                             static_cast<double>(total)));
+}
+
+Number minutesToFull(std::span<const Battery> batteries) {
+    for (const auto& [left, room, rate] : unitsFor(batteries)) {
+        const auto now = sum(batteries, left);
+        const auto full = sum(batteries, room);
+        if (!now || !full) continue;
+        if (const auto time = minutesAt(*full - *now, rate, batteries, Status::charging))
+            return time;
+    }
+    return std::nullopt;
+}
+
+Number minutesToEmpty(std::span<const Battery> batteries) {
+    for (const auto& [left, room, rate] : unitsFor(batteries)) {
+        const auto time = minutesAt(sum(batteries, left), rate, batteries, Status::discharging);
+        if (time) return time;
+    }
+    return std::nullopt;
 }
 
 void addTimes(BatteryState& state, std::span<const BatteryFacts> facts,
@@ -184,14 +220,11 @@ void addTimes(BatteryState& state, std::span<const BatteryFacts> facts,
     if (state.isCharging == true) {
         if (facts.size() == 1) state.minutesToFull = minutes(facts[0].secondsToFull);
         if (state.minutesToFull) return;
-        const auto now = sum(batteries, &Battery::energy);
-        const auto full = sum(batteries, &Battery::energyFull);
-        if (now && full) state.minutesToFull = minutesAt(*full - *now, batteries, Status::charging);
+        state.minutesToFull = minutesToFull(batteries);
     } else if (state.powersMachine) {
         if (facts.size() == 1) state.minutesToEmpty = minutes(facts[0].secondsToEmpty);
         if (state.minutesToEmpty) return;
-        state.minutesToEmpty =
-            minutesAt(sum(batteries, &Battery::energy), batteries, Status::discharging);
+        state.minutesToEmpty = minutesToEmpty(batteries);
     }
 }
 

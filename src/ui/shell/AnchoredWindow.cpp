@@ -122,7 +122,7 @@ void AnchoredWindow::focusMoved(const QWindow* window) {
 }
 
 void AnchoredWindow::giveUp() {
-    if (patience_.isActive() || anchorHeld_ || isActiveWindow()) return;
+    if (!shown_ || patience_.isActive() || anchorHeld_ || isActiveWindow()) return;
     // A window manager that is at a loss takes the keyboard away and gives it to nobody.
     if (!system_.worksElsewhere(*this) && !std::exchange(hasAskedBack_, true)) {
         activateWindow();

@@ -81,8 +81,13 @@ std::unique_ptr<PopoverSurface> QtSurfaceFactory::makePopover(
     auto& ours = static_cast<StatusItemController&>(item);
     auto made = std::make_unique<PopoverController>(system_, coordinator, ours.item(), title_,
                                                     std::move(onDetachRequested));
-    made->didClose = [&ours] { ours.popoverClosed(); };
-    made->didLetGo = [this] { letGo(); };
+    made->didClose = [this, &ours] {
+        ours.popoverClosed();
+        rest_.start();
+    };
+    made->didLetGo = [this] {
+        if (!rest_.isActive()) letGo();
+    };
     popover_ = made.get();
     return made;
 }

@@ -18,6 +18,8 @@ struct Free {
 template <class T>
 using Reply = std::unique_ptr<T, Free>;
 
+constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
+
 }  // namespace
 
 XDisplay::XDisplay(const std::string& display)
@@ -114,12 +116,25 @@ bool XDisplay::isShown(xcb_window_t window) const {
 }
 
 void XDisplay::goToDesktop(std::uint32_t desktop) const {
+    askManager(root_, "_NET_CURRENT_DESKTOP", desktop);
+}
+
+void XDisplay::putOnEveryDesktop(xcb_window_t window) const {
+    askManager(window, "_NET_WM_DESKTOP", everyDesktop);
+}
+
+bool XDisplay::isOnEveryDesktop(xcb_window_t window) const {
+    return numbers(window, "_NET_WM_DESKTOP") == std::vector{everyDesktop};
+}
+
+void XDisplay::askManager(xcb_window_t window, const std::string& property,
+                          std::uint32_t value) const {
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
-    message.window = root_;
-    message.type = atom("_NET_CURRENT_DESKTOP");
-    message.data.data32[0] = desktop;
+    message.window = window;
+    message.type = atom(property);
+    message.data.data32[0] = value;
     xcb_send_event(connection_, 0, root_,
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&message));

@@ -54,6 +54,9 @@ public:
     [[nodiscard]] bool isShown(xcb_window_t window) const;
     /// As a panel does at the user's word; the first one is 0.
     void goToDesktop(std::uint32_t desktop) const;
+    /// As the entry of the window manager's menu that shows a window on all of them.
+    void putOnEveryDesktop(xcb_window_t window) const;
+    [[nodiscard]] bool isOnEveryDesktop(xcb_window_t window) const;
     /// What any program may do, without asking the window manager. None, or whatever the pointer is
     /// over, are no window.
     void giveKeyboardTo(xcb_window_t window) const;
@@ -63,6 +66,7 @@ public:
     bool savePicture(const std::filesystem::path& file) const;
 
 private:
+    void askManager(xcb_window_t window, const std::string& property, std::uint32_t value) const;
     [[nodiscard]] bool showsUnmanaged(xcb_window_t window) const;
     [[nodiscard]] std::vector<std::uint8_t> property(xcb_window_t window,
                                                      const std::string& name) const;

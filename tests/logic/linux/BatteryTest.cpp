@@ -147,6 +147,18 @@ TEST(BatteryFacts, without_a_usable_voltage_energy_is_no_charge_and_gives_a_frac
     }
 }
 
+TEST(BatteryFacts, charge_says_the_fraction_and_the_times_where_no_voltage_is_told) {
+    auto facts = inCharge();
+    facts.voltageNow = std::nullopt;
+    EXPECT_EQ(merged(facts).percent, 50);
+    EXPECT_EQ(merged(facts).minutesToEmpty, 120);
+    facts.status = Status::charging;
+    EXPECT_EQ(merged(facts).minutesToFull, 120);
+    facts.chargeFull = std::nullopt;
+    EXPECT_EQ(merged(facts).percent, std::nullopt);
+    EXPECT_EQ(merged(facts).minutesToFull, std::nullopt);
+}
+
 TEST(BatteryFacts, what_is_left_says_no_fraction_without_what_there_is_room_for) {
     auto facts = inEnergy();
     facts.energyFull = std::nullopt;

@@ -121,6 +121,23 @@ TEST_F(BlockStorage, a_hidden_disk_is_left_out) {
     EXPECT_EQ(Machine(tree.path()).found(), "sdb:sdb ");
 }
 
+TEST_F(BlockStorage, a_way_to_a_disk_that_is_not_there_is_none) {
+    add("nvme0c1n1");
+    add("sda");
+    EXPECT_EQ(Machine(tree.path()).found(), "sda:sda ");
+}
+
+TEST_F(BlockStorage, a_way_that_tells_nothing_sensible_is_left_out_of_the_sum) {
+    add("nvme0n1", "0 0 0 0 0 0 0 0 0 0 0\n");
+    add("nvme0c1n1", "10 0 20 0 30 0 40 0 0 0 0\n");
+    add("nvme0c2n1", "junk\n");
+    Machine machine(tree.path());
+    const auto volumes = machine.refresh().volumes;
+    ASSERT_EQ(volumes.size(), 1U);
+    EXPECT_EQ(volumes[0].readOps, 10U);
+    EXPECT_EQ(volumes[0].writeOps, 30U);
+}
+
 TEST_F(BlockStorage, are_not_looked_for_again_until_devices_changed) {
     Machine machine(tree.path());
     EXPECT_EQ(machine.found(), "");

@@ -54,6 +54,15 @@ TEST(CpuFreq, a_cluster_has_the_clocks_that_its_driver_lists) {
     EXPECT_EQ(board.cpuFreq.policies()[1].places, (Places{4, 5}));
 }
 
+TEST(CpuFreq, what_else_its_folder_has_is_no_policy) {
+    const Machine machine;
+    machine.tree.write("/sys/devices/system/cpu/cpufreq/boost", "1\n");
+    machine.tree.write("/sys/devices/system/cpu/cpufreq/conservative/down_threshold", "20\n");
+    const Found found(machine.tree.path());
+    ASSERT_EQ(found.cpuFreq.policies().size(), 1U);
+    EXPECT_EQ(found.cpuFreq.policies()[0].places, (Places{0, 1}));
+}
+
 TEST(CpuFreq, a_level_of_two_clusters_has_the_clocks_of_both) {
     const Found board(fixture("arm-three-tier-6.10"));
     EXPECT_EQ(board.steps(0), (Steps{499200, 600000, 844800, 1132800, 1190400, 1670400, 1785600,

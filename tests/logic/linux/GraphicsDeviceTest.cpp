@@ -202,6 +202,8 @@ TEST_F(GraphicsDeviceLoad, of_a_device_that_never_suspends_itself_is_asked_every
 }
 
 TEST_F(GraphicsDeviceLoad, of_a_device_that_drives_a_display_is_asked_every_time) {
+    set("drm/renderD128/dev", "226:128\n");
+    set("drm/card0/power/control", "auto\n");
     set("drm/card0/card0-DP-1/enabled", "disabled\n");
     set("drm/card0/card0-DP-1/dpms", "Off\n");
     set("drm/card0/card0-eDP-1/enabled", "enabled\n");

@@ -139,6 +139,22 @@ TEST_F(Graphics, of_one_address_are_one_device_and_connectors_are_none) {
     EXPECT_EQ(Machine(tree.path()).found(), "0000:03:00.0 ");
 }
 
+TEST_F(Graphics, with_memory_or_a_link_of_their_own_come_behind_those_that_have_none) {
+    addAmd("card0", "0000:01:00.0");
+    addAmd("card1", "0000:02:00.0");
+    addAmd("card2", address);
+    tree.write(folderOf("0000:01:00.0") + "/mem_busy_percent", "0\n");
+    tree.write(folderOf("0000:02:00.0") + "/pcie_bw", "1 1 256\n");
+    EXPECT_EQ(Machine(tree.path()).found(), "0000:03:00.0 0000:01:00.0 0000:02:00.0 ");
+}
+
+TEST_F(Graphics, without_a_driver_or_a_device_are_left_out) {
+    addAmd("card0", address);
+    tree.remove(folderOf(address) + "/driver");
+    tree.write("/sys/class/drm/card1/dev", "226:1\n");
+    EXPECT_EQ(Machine(tree.path()).found(), "");
+}
+
 TEST_F(Graphics, of_other_drivers_are_left_out) {
     addAmd("card0", address);
     add("card0", address, "nouveau");

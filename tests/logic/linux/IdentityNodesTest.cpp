@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "linux/TemporaryTree.h"
+#include "platform/linux/MachineIdentity.h"
 
 namespace vtx::test {
 namespace {
@@ -89,6 +91,25 @@ TEST(IdentityNodes, a_speed_beyond_what_the_form_holds_is_left_out) {
     const auto laptop = makeMemoryNode(LinuxRoot(fixture("intel-hybrid-laptop-6.12")));
     EXPECT_EQ(bytesOf(laptop, "dram-type"), "LPDDR5");
     EXPECT_EQ(bytesOf(laptop, "dram-speed"), "");
+}
+
+TEST(MachineIdentity, takes_no_empty_name_for_one) {
+    const TemporaryTree tree;
+    tree.write("/proc/cpuinfo", "vendor_id\t: \nmodel name\t: \n");
+    tree.write("/proc/device-tree/compatible",
+               std::string_view("\0maker,board\0\0maker,chip\0", 25));
+    const MachineIdentity identity{LinuxRoot(tree.path())};
+    EXPECT_EQ(identity.processorVendor, std::nullopt);
+    EXPECT_EQ(identity.chip, "maker,chip");
+    EXPECT_EQ(identity.compatible, (std::vector<std::string>{"maker,board", "maker,chip"}));
+}
+
+TEST(MachineIdentity, knows_a_maker_by_the_whole_of_its_name) {
+    const TemporaryTree tree;
+    tree.write("/proc/device-tree/compatible", std::string_view("makerboard\0makers,chip\0", 23));
+    const MachineIdentity identity{LinuxRoot(tree.path())};
+    EXPECT_FALSE(identity.isMadeBy("maker"));
+    EXPECT_TRUE(identity.isMadeBy("makers"));
 }
 
 TEST(IdentityNodes, the_product_is_the_family_or_the_machine_and_never_a_guess) {

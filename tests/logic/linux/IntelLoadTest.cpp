@@ -153,6 +153,7 @@ TEST(IntelGraphicsCounters, of_parts_that_are_kept_from_idling_count_nothing) {
     const LinuxRoot root(tree.path());
     EXPECT_EQ(IntelLoad::countersOf(root, "/card", "/device"), Names{});
     tree.write("/card/gt/gt1/rc6_enable", "1\n");
+    tree.write("/card/gt/other/rc6_residency_ms", "0\n");
     EXPECT_EQ(IntelLoad::countersOf(root, "/card", "/device"),
               Names{"/card/gt/gt1/rc6_residency_ms"});
 }

@@ -133,7 +133,7 @@ std::size_t heaps() {
     return found;
 }
 
-TEST(LinuxHeapRelief, threads_share_one_heap_besides_that_of_the_first) {
+TEST(LinuxHeapRelief, all_threads_share_two_heaps) {
     if (isAnothersHeap()) GTEST_SKIP() << "another heap than the C library's is in use";
     LinuxHeapRelief::shareHeaps();
     const std::size_t before = heaps();

@@ -228,6 +228,36 @@ TEST_F(CoreClocks, that_are_current_are_averaged_and_booked_on_the_nearest_step)
     EXPECT_EQ(machine.p(), 2000.0);
 }
 
+TEST_F(CoreClocks, above_the_highest_step_are_booked_on_it) {
+    setCurrent(0, 3'400'000);
+    Machine machine(tree.path());
+    machine.start();
+    run({0});
+    EXPECT_EQ(machine.p(), 3000.0);
+}
+
+TEST_F(CoreClocks, of_a_cluster_without_steps_are_left_out) {
+    setCurrent(0, 2'000'000);
+    setCurrent(2, 2'000'000);
+    removeFile(2, "scaling_available_frequencies");
+    removeFile(2, "cpuinfo_max_freq");
+    Machine machine(tree.path());
+    machine.start();
+    run({0, 2});
+    const auto sample = machine.take();
+    EXPECT_EQ(sample.pCoreMHz, 2000.0);
+    EXPECT_EQ(sample.eCoreMHz, std::nullopt);
+}
+
+TEST_F(CoreClocks, of_damaged_times_at_the_start_come_from_the_current_clock) {
+    set(0, "stats/time_in_state", "junk\n");
+    setCurrent(0, 2'000'000);
+    Machine machine(tree.path());
+    machine.start();
+    run({0});
+    EXPECT_EQ(machine.p(), 2000.0);
+}
+
 TEST_F(CoreClocks, before_an_idle_interval_are_not_averaged_into_the_next) {
     setCurrent(0, 3'000'000);
     Machine machine(tree.path());

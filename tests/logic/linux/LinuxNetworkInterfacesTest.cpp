@@ -147,6 +147,9 @@ TEST(LinkKinds, facts_come_from_the_interfaces_folder) {
     EXPECT_TRUE(readLinkFacts(root, "wlan0").isWireless);
     EXPECT_FALSE(readLinkFacts(root, "wlan0").hasDevice);
     EXPECT_TRUE(readLinkFacts(root, "eth0").hasDevice);
+    EXPECT_FALSE(readLinkFacts(root, "eth0").isWireless);
+    tree.write("/sys/class/net/wlan1/wireless/status", "0x0\n");
+    EXPECT_TRUE(readLinkFacts(root, "wlan1").isWireless) << "an older driver's";
     EXPECT_EQ(readLinkFacts(root, "none").deviceType, "");
 }
 

@@ -103,6 +103,7 @@ TEST(MemInfo, a_line_that_is_not_understood_is_passed_over) {
 
 TEST(MemInfo, of_a_line_that_comes_twice_the_first_counts) {
     EXPECT_EQ(parseMemInfo(std::string(usual) + "MemTotal: 7 kB\n"), usualInfo());
+    EXPECT_EQ(parseMemInfo("MemTotal: 7 kB\n" + std::string(usual))->total, 7U);
 }
 
 TEST(MemInfo, a_text_cut_anywhere_gives_whole_numbers_or_none) {
@@ -148,6 +149,15 @@ TEST(MemInfoText, whatever_one_character_becomes_it_says_what_a_first_look_says)
             ASSERT_EQ(reader.parse(before), usualInfo()) << at << other;
         }
     }
+}
+
+TEST(MemInfoText, a_name_within_a_line_is_no_field) {
+    MemInfoText reader;
+    const std::string before = "Other: 1 kB\n";
+    ASSERT_TRUE(reader.parse(before + usual));
+    std::string text = before + usual;
+    text[before.size() - 1] = ' ';
+    EXPECT_EQ(reader.parse(text), parseMemInfo(text));
 }
 
 TEST(MemInfoText, lines_that_moved_came_or_went_are_found_again) {

@@ -200,10 +200,11 @@ TEST_F(AnchoredWindowTest, parts_of_it_are_drawn_as_the_whole_is) {
         system.blends = blends;
         open();
         std::vector<QRect> parts;
-        for (int y = 0; y < window.height(); y += 37)
-            for (int x = 0; x < window.width(); x += 41)
-                parts.push_back(QRect(x, y, 41, 37) & window.rect());
-        for (const double scale : {1.0, 2.0})
+        // Each begins at a whole pixel of the screen at every scale.
+        for (int y = 0; y < window.height(); y += 36)
+            for (int x = 0; x < window.width(); x += 44)
+                parts.push_back(QRect(x, y, 44, 36) & window.rect());
+        for (const double scale : {1.0, 1.25, 1.5, 2.0})
             EXPECT_EQ(drawn(parts, scale), drawn({window.rect()}, scale)) << blends << scale;
         window.dismiss();
         QApplication::processEvents();

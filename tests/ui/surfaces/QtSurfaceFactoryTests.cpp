@@ -57,6 +57,20 @@ TEST_F(QtSurfaceFactoryTest, memory_is_given_back_once_the_popover_let_its_pages
     EXPECT_FALSE(isKept());
 }
 
+TEST_F(QtSurfaceFactoryTest,
+       what_a_popover_was_drawn_with_stays_as_long_as_what_is_closed_before_it) {
+    const auto item = factory.makeStatusItem(bench.coordinator);
+    item->setLength(150);
+    const auto popover = factory.makePopover(bench.coordinator, *item, {});
+    factory.keepFor(1h);
+    factory.popover()->keepPagesFor(0ms);
+    popover->show();
+    popover->close();
+    test::settle();
+    EXPECT_EQ(letGo, 0);
+    EXPECT_TRUE(isKept());
+}
+
 TEST_F(QtSurfaceFactoryTest, memory_is_given_back_after_the_dashboard_closed) {
     const auto dashboard = factory.makeDashboard(bench.coordinator);
     dashboard->show(PopoverSection::overview);

@@ -9,6 +9,7 @@
 #include <QtMath>
 #include <algorithm>
 #include <limits>
+#include <string_view>
 
 #include "ui/kit/Paint.h"
 #include "ui/shell/NativeWindowSystem.h"
@@ -17,6 +18,9 @@
 namespace vtx {
 
 namespace {
+
+/// What `_NET_WM_DESKTOP` says of a window that is on all of them.
+constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
 
 xcb_window_t handle(const QWidget& window) {
     return static_cast<xcb_window_t>(window.internalWinId());
@@ -49,7 +53,6 @@ bool X11WindowSystem::blendsWindows() const {
 
 void X11WindowSystem::makeStrip(QWidget& window) {
     const xcb_window_t id = handle(window);
-    constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
     x11_->setAtoms(id, "_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DOCK"});
     x11_->setNumbers(id, "_NET_WM_DESKTOP", {&everyDesktop, 1});
     x11_->setAtoms(id, "_NET_WM_STATE",
@@ -86,8 +89,23 @@ void X11WindowSystem::bringHere(QWidget& window) {
     if (desktop.empty() || id == XCB_WINDOW_NONE) return;
     if (!window.isVisible())
         x11_->setNumbers(id, "_NET_WM_DESKTOP", std::span(desktop).first(1));
-    else if (x11_->numbers(id, "_NET_WM_DESKTOP") != desktop)
+    else if (isElsewhere(id))
         x11_->askManager(id, "_NET_WM_DESKTOP", desktop.front());
+}
+
+bool X11WindowSystem::isElsewhere(xcb_window_t window) const {
+    const auto current = x11_->numbers(x11_->root(), "_NET_CURRENT_DESKTOP");
+    const auto its = x11_->numbers(window, "_NET_WM_DESKTOP");
+    return !current.empty() && !its.empty() && its.front() != everyDesktop &&
+           its.front() != current.front();
+}
+
+bool X11WindowSystem::knowsAllWindows() const {
+    constexpr std::string_view compositor = "XWAYLAND";
+    const XcbReply<xcb_query_extension_reply_t> behind(xcb_query_extension_reply(
+        x11_->get(), xcb_query_extension(x11_->get(), compositor.size(), compositor.data()),
+        nullptr));
+    return !(behind && behind->present) && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
 }
 
 void X11WindowSystem::makeFloating(QWidget& window) {
@@ -142,7 +160,10 @@ std::vector<Strut> X11WindowSystem::reservations(const QWidget& except) const {
 
 bool X11WindowSystem::worksElsewhere(const QWidget& ours) const {
     const auto active = x11_->numbers(x11_->root(), "_NET_ACTIVE_WINDOW");
-    return active.empty() || (active.front() != XCB_WINDOW_NONE && active.front() != handle(ours));
+    if (active.empty()) return true;
+    if (active.front() != XCB_WINDOW_NONE) return active.front() != handle(ours);
+    // An empty desktop, too, is a place to turn to.
+    return isElsewhere(handle(ours)) || !knowsAllWindows();
 }
 
 Subscription X11WindowSystem::watchPresses(std::function<void(QPoint)> pressed) {

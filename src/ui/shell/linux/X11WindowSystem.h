@@ -31,6 +31,11 @@ public:
     [[nodiscard]] Subscription watchPresses(std::function<void(QPoint)> pressed) override;
 
 private:
+    /// Whether the window manager has the window on another desktop than the one that is shown.
+    [[nodiscard]] bool isElsewhere(xcb_window_t window) const;
+    /// Behind a compositor's server there may be windows of which it is not told.
+    [[nodiscard]] bool knowsAllWindows() const;
+
     std::unique_ptr<X11Connection> x11_;
     std::unique_ptr<X11PressWatcher> presses_;
 };
