@@ -206,43 +206,75 @@ struct Reading {
     std::string_view part;
     MakeReaders make;
 };
-constexpr std::array readings{
-    Reading{"/proc/stat", make<Processors>},  Reading{"/proc/cpuinfo", make<Processors>},
-    Reading{"/cpu", make<Processors>},        Reading{"/coretemp", make<Sensors>},
-    Reading{"/thermal", make<Sensors>},       Reading{"/power_supply/", make<Sensors>},
-    Reading{"/proc/cpuinfo", make<Identity>}, Reading{"/device-tree/", make<Identity>},
-    Reading{"dmi", make<Identity>},           Reading{"dimm_mem_type", make<Identity>},
-    Reading{"/block/", make<Devices>},        Reading{"/net/", make<Devices>},
-    Reading{"/power_supply/", make<Battery>}, Reading{"/proc/meminfo", make<Memory>},
-    Reading{"/pressure/", make<Memory>},      Reading{"osrelease", make<Memory>},
-    Reading{"/zram", make<Memory>},           Reading{"/card/", make<Graphics>}};
+constexpr std::array readings{Reading{"/proc/stat", make<Processors>},
+                              Reading{"/proc/cpuinfo", make<Processors>},
+                              Reading{"/cpu", make<Processors>},
+                              Reading{"/coretemp", make<Sensors>},
+                              Reading{"/coretemp.0/power/", make<Power>},
+                              Reading{"/thermal_zone0/mode", make<Zones>},
+                              Reading{"/thermal_zone0/t", make<Zones>},
+                              Reading{"/thermal_zone1/", make<Zones>},
+                              Reading{"/cdev0", make<Zones>},
+                              Reading{"/hwmon1/", make<Sensors>},
+                              Reading{"/thermal_zone0/type", make<Sensors>},
+                              Reading{"/thermal_zone0/temp", make<Sensors>},
+                              Reading{"/thermal_zone1/", make<Sensors>},
+                              Reading{"/trip_point_0_type", make<Sensors>},
+                              Reading{"/trip_point_1_type", make<Sensors>},
+                              Reading{"/cdev0", make<Sensors>},
+                              Reading{"/BAT0/type", make<Sensors>},
+                              Reading{"/BAT0/scope", make<Sensors>},
+                              Reading{"/BAT0/temp", make<Sensors>},
+                              Reading{"/AC/type", make<Sensors>},
+                              Reading{"/AC/scope", make<Sensors>},
+                              Reading{"/proc/cpuinfo", make<Identity>},
+                              Reading{"/device-tree/", make<Identity>},
+                              Reading{"dmi", make<Identity>},
+                              Reading{"dimm_mem_type", make<Identity>},
+                              Reading{"/block/", make<Devices>},
+                              Reading{"/net/", make<Devices>},
+                              Reading{"/power_supply/", make<Battery>},
+                              Reading{"/proc/meminfo", make<Memory>},
+                              Reading{"/pressure/", make<Memory>},
+                              Reading{"osrelease", make<Memory>},
+                              Reading{"/zram", make<Memory>},
+                              Reading{"/card/", make<Graphics>}};
+
+using Kinds = std::set<MakeReaders>;
+
+std::array<Kinds, files.size()> kindsByFile() {
+    std::array<Kinds, files.size()> kinds;
+    for (std::size_t i = 0; i < files.size(); ++i)
+        for (const auto& [part, make] : readings)
+            if (std::string_view(files.at(i).path).find(part) != std::string_view::npos)
+                kinds.at(i).insert(make);
+    for (const auto& readers : kinds) expect(!readers.empty());
+    return kinds;
+}
 
 /// Those whose files say something else than usual; the others say nothing new, and take their
 /// time.
-std::vector<std::unique_ptr<Readers>> readersOf(const Moments& moments, Machine& machine) {
-    std::set<MakeReaders> wanted;
-    for (std::size_t i = 0; i < files.size(); ++i) {
-        const auto& [path, usual] = files.at(i);
-        if (moments.first.at(i) == usual && moments.second.at(i) == usual) continue;
-        for (const auto& [part, make] : readings)
-            if (std::string_view(path).find(part) != std::string_view::npos) wanted.insert(make);
-    }
-    std::vector<std::unique_ptr<Readers>> readers;
-    for (const auto& make : wanted) readers.push_back(make(machine));
-    return readers;
+Kinds kindsOf(const Moments& moments) {
+    static const auto byFile = kindsByFile();
+    Kinds kinds;
+    for (std::size_t i = 0; i < files.size(); ++i)
+        if (moments.told[i]) kinds.insert(byFile.at(i).begin(), byFile.at(i).end());
+    return kinds;
 }
 
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static FolderTree tree;
-    Machine machine{.root = LinuxRoot(tree.path()), .clock = {}};
     const auto moments = momentsOf(asInputText(data, size));
+    Machine machine{.root = LinuxRoot(tree.path()), .told = moments.told, .clock = {}};
     tree.say(moments.first);
+    const auto kinds = kindsOf(moments);
     // Each processor is looked for in files of its own: thousands say nothing new, and take their
     // time.
-    if (LinuxProcessors(machine.root).count() > 64) return 0;
-    const auto readers = readersOf(moments, machine);
+    if (kinds.contains(make<Processors>) && LinuxProcessors(machine.root).count() > 64) return 0;
+    std::vector<std::unique_ptr<Readers>> readers;
+    for (const auto& make : kinds) readers.push_back(make(machine));
     for (const auto& each : readers) {
         each->look();
         each->read();

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/ProcessListing.h"
 
-#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <limits>
 
 #include "base/Clock.h"
+#include "platform/linux/FolderEntries.h"
 #include "platform/linux/Parse.h"
 
 namespace vtx {
@@ -22,45 +21,11 @@ constexpr Duration longestPause = std::chrono::seconds(10);
 constexpr std::int32_t mostNumbers = 4096;
 constexpr int somePerAll = 16;
 
-/// One entry of a folder, as the kernel writes it: inode, position of the next one, length, type,
-/// name.
-struct Entry {
-    std::int64_t next = 0;
-    std::optional<std::int32_t> pid;
-};
-
 std::optional<std::int32_t> pidOf(std::string_view name) {
     const auto number = parseUnsigned(name);
     if (!number || *number == 0 || *number > std::numeric_limits<std::int32_t>::max())
         return std::nullopt;
     return static_cast<std::int32_t>(*number);
-}
-
-Entry takeEntry(std::string_view& bytes) {
-    constexpr std::size_t lengthAt = 16;
-    constexpr std::size_t nameAt = 19;
-    Entry entry;
-    std::uint16_t length = 0;
-    std::memcpy(&entry.next, bytes.data() + 8, sizeof entry.next);
-    std::memcpy(&length, bytes.data() + lengthAt, sizeof length);
-    const auto name = bytes.substr(nameAt, length - nameAt);
-    entry.pid = pidOf(name.substr(0, name.find('\0')));
-    bytes.remove_prefix(length);
-    return entry;
-}
-
-/// Calls `take` for every entry from the folder's present position, until that says false. The
-/// errno value.
-template <class Take>
-int forEachEntry(int folder, std::span<char> buffer, Take take) {
-    for (;;) {
-        const long got = ::syscall(SYS_getdents64, folder, buffer.data(), buffer.size());
-        if (got < 0) return errno;
-        if (got == 0) return 0;
-        std::string_view bytes(buffer.data(), static_cast<std::size_t>(got));
-        while (!bytes.empty())
-            if (!take(takeEntry(bytes))) return 0;
-    }
 }
 
 }  // namespace
@@ -102,15 +67,16 @@ int ProcessListing::walkAll(const ProcFolder& folder) {
     if (::lseek(folder.descriptor(), 0, SEEK_SET) < 0) return errno;
     bool isNumbered = folder.isKernels();
     std::optional<std::int64_t> next;
-    const int error = forEachEntry(folder.descriptor(), entries_, [&](const Entry& entry) {
-        if (!entry.pid) return true;
+    const int error = forEachEntry(folder.descriptor(), entries_, [&](const FolderEntry& entry) {
+        const auto pid = pidOf(entry.name);
+        if (!pid) return true;
         if (next) {
-            const std::int64_t zero = *next - *entry.pid;
+            const std::int64_t zero = *next - *pid;
             isNumbered = isNumbered && zero > 0 && zero == zeroAt_.value_or(zero);
             zeroAt_ = zero;
         }
         next = entry.next;
-        pids_.push_back(*entry.pid);
+        pids_.push_back(*pid);
         return true;
     });
     if (!isNumbered) zeroAt_.reset();
@@ -120,10 +86,11 @@ int ProcessListing::walkAll(const ProcFolder& folder) {
 int ProcessListing::walkFrom(const ProcFolder& folder, std::int32_t first, std::int32_t last) {
     if (first > last) return 0;
     if (::lseek(folder.descriptor(), *zeroAt_ + first, SEEK_SET) < 0) return errno;
-    return forEachEntry(folder.descriptor(), entries_, [&](const Entry& entry) {
-        if (!entry.pid) return true;
-        if (*entry.pid > last) return false;
-        if (*entry.pid >= first) pids_.push_back(*entry.pid);
+    return forEachEntry(folder.descriptor(), entries_, [&](const FolderEntry& entry) {
+        const auto pid = pidOf(entry.name);
+        if (!pid) return true;
+        if (*pid > last) return false;
+        if (*pid >= first) pids_.push_back(*pid);
         return true;
     });
 }

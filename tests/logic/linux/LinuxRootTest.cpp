@@ -52,6 +52,19 @@ TEST_F(LinuxRootTest, a_link_is_called_by_the_last_part_of_where_it_leads) {
     EXPECT_EQ(root.linkName("/file"), std::nullopt);
 }
 
+TEST_F(LinuxRootTest, a_folder_is_listed_whole_and_in_order_however_many_names_it_has) {
+    std::vector<std::string> names;
+    for (int i = 100; i < 700; ++i) names.push_back("a-name-of-some-length-" + std::to_string(i));
+    for (const auto& name : names) tree.write("/folder/" + name, "");
+    link("folder/link", "nowhere");
+    names.emplace_back("link");
+    EXPECT_EQ(root.list("/folder"), names);
+    EXPECT_TRUE(root.list("/folder/link").empty());
+    EXPECT_TRUE(root.list("/folder/" + names.front()).empty()) << "a file";
+    fs::create_directory(tree / "empty");
+    EXPECT_TRUE(root.list("/empty").empty());
+}
+
 TEST_F(LinuxRootTest, what_leads_out_of_the_folder_resolves_to_nothing) {
     tree.write("/devices/one/name", "x");
     link("class/one", "../devices/one");
@@ -64,9 +77,12 @@ TEST_F(LinuxRootTest, what_leads_out_of_the_folder_resolves_to_nothing) {
     EXPECT_EQ(root.resolve("/class/out"), std::nullopt);
     EXPECT_EQ(root.resolve("/class/beside"), std::nullopt);
     EXPECT_EQ(root.resolve("/class/none"), std::nullopt);
+    EXPECT_EQ(root.resolve("/class/one/name"), "/devices/one/name");
+    EXPECT_EQ(root.resolve("/"), "/");
     fs::remove(tree.path() + "-beside");
     EXPECT_EQ(LinuxRoot(tree.path() + "/none").resolve("/class/one"), std::nullopt);
     EXPECT_EQ(LinuxRoot().resolve("/"), "/");
+    EXPECT_EQ(LinuxRoot().resolve("/none-such"), std::nullopt);
     EXPECT_EQ(LinuxRoot().resolve("/proc/../proc"), "/proc");
 }
 

@@ -285,6 +285,23 @@ TEST_F(UpdaterTest, switched_off_it_waits_for_nothing) {
     EXPECT_TRUE(around.clock.pending().empty());
 }
 
+TEST_F(UpdaterTest, switched_on_again_it_keeps_to_its_time) {
+    startBoth();
+    updater->setAutomaticallyChecksForUpdates(true);
+    around.clock.advanceBy(minute / 2);
+    updater->setAutomaticallyChecksForUpdates(true);
+    EXPECT_EQ(nextLook(), minute / 2);
+}
+
+TEST_F(UpdaterTest, a_switch_meanwhile_plans_no_second_look) {
+    startBoth();
+    std::optional<UpdateAnswer> answer;
+    updater->checkForUpdates([&](const UpdateAnswer& found) { answer = found; });
+    updater->setAutomaticallyChecksForUpdates(true);
+    ASSERT_TRUE(until([&] { return answer.has_value(); }));
+    EXPECT_EQ(nextLook(), day);
+}
+
 TEST_F(UpdaterTest, the_switch_and_the_last_look_outlive_the_program) {
     startBoth();
     updater->setAutomaticallyChecksForUpdates(true);

@@ -63,6 +63,8 @@ TEST_F(SystemMonitors, an_entry_whose_program_is_gone_does_not_count) {
     EXPECT_EQ(monitor.command(), std::nullopt);
     addEntry("/usr/share", "xfce4-taskmanager", "/opt/task manager");
     EXPECT_EQ(monitor.command(), std::nullopt);
+    tree.write("/usr/share/applications/lxtask.desktop", "[Other]\nExec=lxtask\n");
+    EXPECT_EQ(monitor.command(), std::nullopt) << "it names no program";
 }
 
 TEST_F(SystemMonitors, one_that_needs_a_terminal_or_is_hidden_does_not_count) {
