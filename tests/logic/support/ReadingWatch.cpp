@@ -25,6 +25,13 @@ bool isNone(const ThermalStats& /*reading*/) { return false; }
 /// The one reading without fans has the time of its first use.
 bool isNone(const FanStats& reading) { return reading.fans.empty(); }
 
+bool haveOwnNames(const std::vector<DiskIOSnapshot>& volumes) {
+    std::set<std::string> names;
+    return std::ranges::all_of(volumes, [&names](const auto& each) {
+        return names.insert(each.bsdDevice.value_or(each.name)).second;
+    });
+}
+
 }  // namespace
 
 ReadingWatch::ReadingWatch(MetricsCoordinator& coordinator, const Clock& clock)
@@ -194,16 +201,21 @@ void ReadingWatch::look(const DiskIOReading& reading) {
                       reading.bytesWrittenPerSecond.has_value() + reading.readIOPS.has_value() +
                       reading.writeIOPS.has_value();
     demand(rates == 0 || rates == 4, "drives: some of the rates are missing");
+    const bool isPlain = haveOwnNames(lastVolumes_) && haveOwnNames(reading.volumes);
     double read = 0.0, written = 0.0, reads = 0.0, writes = 0.0;
     for (const auto& volume : reading.volumes) {
         demand(!volume.name.empty(), "drives: one has no name");
-        // Of one that is new, or began anew, all there is: that is no less than what came.
-        const auto before = std::ranges::find_if(lastVolumes_, [&volume](const auto& each) {
-            return each.name == volume.name && each.bsdDevice == volume.bsdDevice &&
-                   each.bytesRead <= volume.bytesRead && each.bytesWritten <= volume.bytesWritten &&
-                   each.readOps <= volume.readOps && each.writeOps <= volume.writeOps;
-        });
-        const DiskIOCounters from = before == lastVolumes_.end() ? DiskIOCounters{} : *before;
+        // Of one that is new, began anew, or has a name that another has too, all there is: that is
+        // no less than what came.
+        const auto isIt = [&volume](const auto& each) {
+            return each.name == volume.name && each.bsdDevice == volume.bsdDevice;
+        };
+        const auto before = std::ranges::find_if(lastVolumes_, isIt);
+        const bool goesOn =
+            isPlain && before != lastVolumes_.end() && before->bytesRead <= volume.bytesRead &&
+            before->bytesWritten <= volume.bytesWritten && before->readOps <= volume.readOps &&
+            before->writeOps <= volume.writeOps;
+        const DiskIOCounters from = goesOn ? *before : DiskIOCounters{};
         read += static_cast<double>(volume.bytesRead - from.bytesRead);
         written += static_cast<double>(volume.bytesWritten - from.bytesWritten);
         reads += static_cast<double>(volume.readOps - from.readOps);
