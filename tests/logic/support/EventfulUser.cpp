@@ -35,7 +35,7 @@ void EventfulMachine::historyIsExported() {
         const std::string_view row(line.begin(), line.end());
         const std::string_view moment = row.substr(0, row.find(','));
         if (row.starts_with('1') || row.starts_with('2')) {
-            if (moment <= before) complain("the order of the history");
+            if (moment < before) complain("the order of the history");
             before = moment;
         }
         if (!row.empty() && std::ranges::count(row, ',') != commas)
