@@ -60,6 +60,7 @@ TEST(Soak, an_eventful_life_leaves_every_reading_within_its_bounds_and_nothing_b
     const std::size_t bytes = bytesInUse();
     const auto handles = machine.handles();
     const std::size_t timers = machine.timers();
+    const std::string timersBefore = machine.timersInWords();
     const std::size_t drives = machine.drivesEver();
 
     life.liveUntil(whole, 3);
@@ -68,7 +69,8 @@ TEST(Soak, an_eventful_life_leaves_every_reading_within_its_bounds_and_nothing_b
     const std::size_t kept = (machine.drivesEver() - drives) * bytesOfADrive;
     EXPECT_LE(bytesInUse(), bytes + slackBytes + kept) << life.where();
     EXPECT_EQ(machine.handles(), handles) << life.where();
-    EXPECT_LE(machine.timers(), timers) << life.where();
+    EXPECT_LE(machine.timers(), timers)
+        << life.where() << "; " << timersBefore << "then " << machine.timersInWords();
     EXPECT_TRUE(machine.isReadAnew()) << life.where();
     EXPECT_GT(machine.readings(), machine.steps());
     RecordProperty("steps", std::to_string(machine.steps()));

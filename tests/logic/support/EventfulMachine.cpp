@@ -116,6 +116,15 @@ void EventfulMachine::lookAround() {
         if (!(length >= 24.0 && length < 10'000.0)) complain("the width of the strip");
 }
 
+std::string EventfulMachine::timersInWords() const {
+    std::string words;
+    for (const auto& timer : bench_.clock.pending())
+        words +=
+            fmt::format("in {} s, ± {} s; ", toSeconds(timer.deadline - bench_.clock.continuous()),
+                        toSeconds(timer.tolerance));
+    return words;
+}
+
 /// What the doubles have noted, and nobody will ask for.
 void EventfulMachine::tidyUp() {
     bench_.log.clear();
@@ -161,7 +170,8 @@ void EventfulMachine::comeToRest() {
     if (!surfaces_.popover->isShown()) popoverToggles();
     bench_.advance(seconds(30));
     popoverToggles();
-    bench_.advance(seconds(120));
+    // Not at a pass, after which the strip may wait for a moment.
+    bench_.advance(seconds(120.5));
     auto& c = coordinator();
     for (auto* history : {&c.cpuHistory, &c.pCoreHistory, &c.eCoreHistory, &c.gpuHistory,
                           &c.memoryHistory, &c.diskReadHistory, &c.diskWriteHistory, &c.aneHistory})

@@ -49,6 +49,8 @@ public:
         return bench_.platform.instruments.handles.all();
     }
     [[nodiscard]] std::size_t timers() const { return bench_.clock.pending().size(); }
+    /// How far off each is and its tolerance, in seconds.
+    [[nodiscard]] std::string timersInWords() const;
     /// Of which the names are kept for good.
     [[nodiscard]] std::size_t drivesEver() const { return drivesEver_; }
     /// Whether every reading is from within the last seconds.
