@@ -21,8 +21,8 @@ public:
     /// The relief alone, without the count, which takes a walk over all that is mapped. Any thread.
     static void trim();
 
-    /// Has all threads share two heaps: each of their own would keep up to 132 kB that a relief does
-    /// not give back. Before the first thread.
+    /// Has all threads share two heaps: each of their own would keep up to 132 kB that a relief
+    /// does not give back. Before the first thread.
     static void shareHeaps();
 
     [[nodiscard]] std::int64_t mallocZonePressureRelief() override;
