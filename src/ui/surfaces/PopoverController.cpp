@@ -35,6 +35,7 @@ PopoverController::PopoverController(WindowSystem& system, MetricsCoordinator& c
     window_.setContentSize({metrics::popoverWidth, metrics::popoverHeight});
     window_.onShow = [this] {
         item_.setHighlighted(true);
+        if (didShow) didShow();
         if (onShow) onShow();
     };
     window_.onClose = [this] {

@@ -33,7 +33,8 @@ public:
     /// was, a filter or a place on the page with it.
     void keepPagesFor(std::chrono::milliseconds time) { grace_.setInterval(time); }
 
-    /// As `onClose`, for the item that it belongs to.
+    /// As `onShow` and `onClose`, for those that it belongs to.
+    std::function<void()> didShow;
     std::function<void()> didClose;
     /// The pages are gone: what they were made of can be given back.
     std::function<void()> didLetGo;

@@ -81,6 +81,7 @@ std::unique_ptr<PopoverSurface> QtSurfaceFactory::makePopover(
     auto& ours = static_cast<StatusItemController&>(item);
     auto made = std::make_unique<PopoverController>(system_, coordinator, ours.item(), title_,
                                                     std::move(onDetachRequested));
+    made->didShow = [this] { rest_.stop(); };
     made->didClose = [this, &ours] {
         ours.popoverClosed();
         rest_.start();

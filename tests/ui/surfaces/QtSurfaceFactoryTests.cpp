@@ -71,6 +71,17 @@ TEST_F(QtSurfaceFactoryTest,
     EXPECT_TRUE(isKept());
 }
 
+TEST_F(QtSurfaceFactoryTest, nothing_is_given_back_while_a_popover_is_open_again) {
+    const auto item = factory.makeStatusItem(bench.coordinator);
+    item->setLength(150);
+    const auto popover = factory.makePopover(bench.coordinator, *item, {});
+    popover->show();
+    popover->close();
+    popover->show();
+    test::settle();
+    EXPECT_EQ(letGo, 0);
+}
+
 TEST_F(QtSurfaceFactoryTest, memory_is_given_back_after_the_dashboard_closed) {
     const auto dashboard = factory.makeDashboard(bench.coordinator);
     dashboard->show(PopoverSection::overview);
