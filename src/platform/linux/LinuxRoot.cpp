@@ -30,7 +30,9 @@ std::optional<std::string> endOf(const std::string& path) {
     const ssize_t size = ::readlink(link.c_str(), target.data(), target.size());
     if (size <= 0 || static_cast<std::size_t>(size) == target.size() || target[0] != '/')
         return std::nullopt;
-    return std::string(target.data(), static_cast<std::size_t>(size));
+    const std::string_view whole(target.data(), static_cast<std::size_t>(size));
+    // What went meanwhile is told so.
+    return whole.ends_with(" (deleted)") ? std::nullopt : std::optional(std::string(whole));
 }
 
 }  // namespace
