@@ -73,7 +73,7 @@ std::optional<xcb_window_t> ProcessWindows::strip() {
 
 bool ProcessWindows::isOfType(xcb_window_t window, std::string_view type) {
     const auto types = words(window, "_NET_WM_WINDOW_TYPE");
-    return std::ranges::find(types, atom(type)) != types.end();
+    return std::ranges::find(types, atom(std::string(type))) != types.end();
 }
 
 int ProcessWindows::width(xcb_window_t window) {
@@ -139,7 +139,7 @@ void ProcessWindows::requestClose(xcb_window_t window) {
     xcb_flush(x_);
 }
 
-xcb_atom_t ProcessWindows::atom(std::string_view name) {
+xcb_atom_t ProcessWindows::atom(const std::string& name) {
     const auto length = static_cast<std::uint16_t>(name.size());
     const auto reply =
         owned(xcb_intern_atom_reply(x_, xcb_intern_atom(x_, 0, length, name.data()), nullptr));
@@ -149,7 +149,7 @@ xcb_atom_t ProcessWindows::atom(std::string_view name) {
 std::vector<std::uint32_t> ProcessWindows::words(xcb_window_t window, std::string_view property) {
     const auto reply = owned(
         xcb_get_property_reply(x_,
-                               xcb_get_property(x_, 0, window, atom(property),
+                               xcb_get_property(x_, 0, window, atom(std::string(property)),
                                                 XCB_GET_PROPERTY_TYPE_ANY, 0, longestProperty),
                                nullptr));
     if (!reply || reply->format != 32) return {};

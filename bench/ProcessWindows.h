@@ -9,6 +9,7 @@
 #include <limits>
 #include <optional>
 #include <set>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -72,7 +73,7 @@ public:
     void requestClose(xcb_window_t window);
 
 private:
-    [[nodiscard]] xcb_atom_t atom(std::string_view name);
+    [[nodiscard]] xcb_atom_t atom(const std::string& name);
     [[nodiscard]] bool isOfType(xcb_window_t window, std::string_view type);
     [[nodiscard]] std::vector<std::uint32_t> words(xcb_window_t window, std::string_view property);
     [[nodiscard]] bool isSeen(xcb_window_t window);

@@ -51,8 +51,8 @@ double processCount() {
 
 }  // namespace
 
-Comparer::Comparer(const Options& options)
-    : options_(options), programs_(fs::canonical("/proc/self/exe").parent_path()) {
+Comparer::Comparer(Options options)
+    : options_(std::move(options)), programs_(fs::canonical("/proc/self/exe").parent_path()) {
     found_.machine = machineFacts();
     found_.moment = fmt::format("{:%F %R} UTC", fmt::gmtime(std::time(nullptr)));
     found_.rounds = *options_.rounds;
@@ -162,7 +162,13 @@ void Comparer::measureEverySensor(Crowd crowd) {
     const LivingSensors sensors;
     Subject bare = start("bench-bare-window");
     Subject vantrix(resident, sensors.command(programs_ / resident));
-    SurfaceDriver(vantrix.program.process()).awaitStrip();
+    try {
+        SurfaceDriver(vantrix.program.process()).awaitStrip();
+    } catch (const std::runtime_error& error) {
+        found_.leftOut.push_back(
+            fmt::format("Vantrix with every sensor, in one round: {}", error.what()));
+        return;
+    }
     settle();
     keepAboveBare(rowNames::everySensor, crowd, samplesOf({vantrix, bare}));
 }
@@ -214,6 +220,7 @@ std::vector<Sample> Comparer::samplesOf(const Subjects& subjects) {
     const auto end = read();
     const auto length = Clock::now() - begun;
     std::vector<Sample> samples;
+    samples.reserve(subjects.size());
     for (std::size_t i = 0; i < subjects.size(); ++i)
         samples.push_back(sampleOf(between(begin[i], end[i]),
                                    readHolding(subjects[i].get().program.process()), length));

@@ -24,7 +24,7 @@ namespace vtx::bench {
 class Comparer {
 public:
     /// To be made before any thread.
-    explicit Comparer(const Options& options);
+    explicit Comparer(Options options);
 
     /// Throws `std::runtime_error` when a program of ours ends by itself, or when a signal asks for
     /// an end. Once only.

@@ -107,10 +107,18 @@ void Soak::pause(std::chrono::milliseconds span) {
 void Soak::sample() {
     if (!program_.isRunning()) throw ProgramEnded();
     const auto now = Clock::now();
-    const auto server = walk_->server();
     report_.samples.push_back({now - begun_, closedSince_ && now - *closedSince_ >= untilCalm,
-                               readHolding(program_.process()),
-                               server ? std::optional(readHolding(*server)) : std::nullopt});
+                               readHolding(program_.process()), serverHolding()});
+}
+
+std::optional<Holding> Soak::serverHolding() const {
+    const auto server = walk_->server();
+    if (!server) return std::nullopt;
+    try {
+        return readHolding(*server);
+    } catch (const std::runtime_error&) {
+        return std::nullopt;  // another user's, who does not tell
+    }
 }
 
 void Soak::watchStrip() {

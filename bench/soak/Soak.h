@@ -56,6 +56,8 @@ private:
     /// Lets that time pass, with a sample whenever one is due.
     void pause(std::chrono::milliseconds span);
     void sample();
+    /// Absent where it cannot be told.
+    [[nodiscard]] std::optional<Holding> serverHolding() const;
 
     const SoakOptions options_;
     TemporaryFolder home_;  // before the program, which writes in it until it ends

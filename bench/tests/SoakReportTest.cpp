@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-constexpr int samplesOfASixth = 10;
+constexpr std::size_t samplesOfASixth = 10;
 constexpr std::uint64_t mib = 1024;
 
 /// An hour in which nothing changes: each second sample is a calm one, the others hold more.
@@ -23,7 +23,7 @@ SoakReport anHour() {
     report.steps = 100;
     report.stripChanges = 20;
     report.hasEndedInOrder = true;
-    for (int i = 0; i < 6 * samplesOfASixth; ++i) {
+    for (std::size_t i = 0; i < 6 * samplesOfASixth; ++i) {
         const bool isCalm = i % 2 == 0;
         const Holding held{.pssKiB = 15 * mib,
                            .ussKiB = 5 * mib,
@@ -39,9 +39,8 @@ SoakReport anHour() {
 }
 
 /// Changes what was held from the sixth of that number on, counted from 0.
-void change(SoakReport& report, int sixth, std::size_t Holding::* field, std::size_t by) {
-    for (std::size_t i = static_cast<std::size_t>(sixth) * samplesOfASixth;
-         i < report.samples.size(); ++i)
+void change(SoakReport& report, std::size_t sixth, std::size_t Holding::* field, std::size_t by) {
+    for (std::size_t i = sixth * samplesOfASixth; i < report.samples.size(); ++i)
         report.samples[i].holding.*field += by;
 }
 
