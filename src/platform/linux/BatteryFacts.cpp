@@ -18,7 +18,7 @@ constexpr std::string_view prefix = "POWER_SUPPLY_";
 constexpr std::int64_t million = 1'000'000;
 /// A thousand Ah, ten thousand Wh: below 2^54 when multiplied by a million.
 constexpr std::int64_t largest = 10'000 * million;
-constexpr std::int64_t longest = 100 * 3600;
+constexpr std::int64_t longest = 360'000;
 /// More in a battery than this part of its capacity is no measurement.
 constexpr std::int64_t mostPercentOfFull = 125;
 
@@ -61,7 +61,7 @@ void take(BatteryFacts& facts, std::string_view key, std::string_view value) {
     const auto field = std::ranges::find(fields, key, &Field::key);
     if (field == fields.end()) return;
     const auto number = parseSigned(value);
-    if (number && *number >= field->least && *number <= field->most) facts.*field->member = *number;
+    if (number && *number >= field->least && *number <= field->most) facts.*field->member = number;
 }
 
 Number magnitude(Number value) { return value ? Number(std::abs(*value)) : std::nullopt; }

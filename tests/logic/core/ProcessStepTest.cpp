@@ -127,8 +127,10 @@ TEST(ProcessStep, nothing_goes_while_the_detector_needs_it_or_before_it_was_ther
 TEST(ProcessStep, comes_after_the_samplers_that_run_side_by_side) {
     Steps b;
     std::vector<std::string> told;
-    const auto cpu = b.coordinator.cpu.objectWillChange.subscribe([&] { told.push_back("cpu"); });
-    const auto gpu = b.coordinator.gpu.objectWillChange.subscribe([&] { told.push_back("gpu"); });
+    const auto cpu =
+        b.coordinator.cpu.objectWillChange.subscribe([&] { told.emplace_back("cpu"); });
+    const auto gpu =
+        b.coordinator.gpu.objectWillChange.subscribe([&] { told.emplace_back("gpu"); });
     b.coordinator.setPollingMode(PollingMode::active);
     b.settle();  // the processor has a baseline now
     b.advance(seconds(4));
@@ -146,7 +148,7 @@ TEST(ProcessStep, passes_that_overlap_sample_once) {
     Steps b;
     b.coordinator.setPollingMode(PollingMode::active);
     TaskScope tasks(b.main);
-    tasks.spawn([&b](std::stop_token) { return b.coordinator.refreshAll(); });
+    tasks.spawn([&b](const std::stop_token&) { return b.coordinator.refreshAll(); });
     b.settle();
     EXPECT_EQ(b.walks(), 1U);
 }
@@ -219,7 +221,7 @@ TEST(ProcessStep, a_change_of_the_list_is_a_change_of_the_coordinator) {
     int told = 0;
     const auto token = b.coordinator.objectWillChange.subscribe([&told] { ++told; });
     TaskScope tasks(b.main);
-    tasks.spawn([&b](std::stop_token) { return b.coordinator.processes.refresh(); });
+    tasks.spawn([&b](const std::stop_token&) { return b.coordinator.processes.refresh(); });
     b.settle();
     EXPECT_EQ(told, 1);  // at once for the first, within the throttle for the rest
     b.advance(seconds(0.05));

@@ -140,6 +140,7 @@ TEST(LinuxHeapRelief, all_threads_share_two_heaps) {
     constexpr int count = 6;
     std::barrier<> together(count);
     std::vector<std::jthread> threads;
+    threads.reserve(count);
     for (int i = 0; i < count; ++i) {
         threads.emplace_back([&together] {
             const std::vector<char> block(5000, 'x');

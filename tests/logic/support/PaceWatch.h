@@ -17,7 +17,8 @@ struct NotificationRequest;
 
 /// Looks at when a coordinator does what it does, by the time that never jumps: passes come as
 /// often as its mode asks, no more and no less, so do walks through the processes, and an alert
-/// comes once when its load has lasted. The coordinator and the clock must outlive it.
+/// comes when its load has lasted, and no oftener than it can last anew. The coordinator and the
+/// clock must outlive it.
 class PaceWatch {
 public:
     PaceWatch(MetricsCoordinator& coordinator, const Clock& clock);
