@@ -217,7 +217,10 @@ TEST(ProcessSamplingEngine, texts_end_at_a_zero_byte_and_are_repaired) {
     Sampled s;
     s.start(200);
     s.processes.change(200, [](auto& p) {
-        p.name = std::string("a\xFF") + "b\0c";
+        p.name = std::string(
+            "a\xFF"
+            "b\0c",
+            5);
         p.path = std::string("/x\xC3\0y", 5);
     });
     const auto process = s.only();

@@ -16,7 +16,7 @@ constexpr auto category = "SMCBridge";
 
 // A calibration that is handed its polls by the test.
 struct Calibrated {
-    explicit Calibrated(std::vector<std::string> keys = {}, SensorKeySet preset = {},
+    explicit Calibrated(const std::vector<std::string>& keys = {}, const SensorKeySet& preset = {},
                         SimulatedUserDefaults::Values settings = {})
         : bench(MacShape::standard(), std::move(settings)),
           calibration({"Apple M9", "Mac99,1", "30A1"}, keys, preset, bench.platform.userDefaults,

@@ -66,7 +66,7 @@ void EventfulMachine::graphicsChange() {
         case 2:
             if (there.empty()) break;
             registry.set(there.front(), "PerformanceStatistics",
-                         PropertyMap{{"Device Utilization %", std::int64_t{250} - 500 * oneIn(2)},
+                         PropertyMap{{"Device Utilization %", std::int64_t{oneIn(2) ? -250 : 250}},
                                      {"Tiler Utilization %", std::nan("")},
                                      {"Renderer Utilization %", std::string("much")}});
             break;

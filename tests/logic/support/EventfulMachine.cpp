@@ -108,7 +108,7 @@ void EventfulMachine::lookAround() {
     for (const auto& posted : notifications.posted()) {
         ++alerts_;
         if (posted.title.empty() || posted.body.empty()) complain("an alert says nothing");
-        if (posted.body.find("{") != std::string::npos ||
+        if (posted.body.find('{') != std::string::npos ||
             posted.body.find("nan") != std::string::npos)
             complain(fmt::format("an alert says \"{}\"", posted.body));
     }
